@@ -1,0 +1,29 @@
+# Native targets: the logic's tests, benchmarks and fuzzers over the POSIX edges.
+find_package(GTest REQUIRED)
+
+add_library(marlune_edges STATIC ${EDGES_POSIX})
+target_link_libraries(marlune_edges PUBLIC marlune_logic)
+
+add_executable(marlune_tests ${TESTS})
+target_link_libraries(marlune_tests PRIVATE marlune_edges GTest::gtest_main)
+include(GoogleTest)
+gtest_discover_tests(marlune_tests DISCOVERY_TIMEOUT 60)
+
+find_package(benchmark)
+if(benchmark_FOUND)
+  file(GLOB BENCHMARKS CONFIGURE_DEPENDS bench/*_bench.cpp)
+  if(BENCHMARKS)
+    add_executable(marlune_bench ${BENCHMARKS})
+    target_link_libraries(marlune_bench PRIVATE marlune_edges benchmark::benchmark_main)
+  endif()
+endif()
+
+if(MARLUNE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  file(GLOB FUZZERS CONFIGURE_DEPENDS src/*/*_fuzz.cpp)
+  foreach(source ${FUZZERS})
+    get_filename_component(name ${source} NAME_WE)
+    add_executable(${name} ${source})
+    target_link_libraries(${name} PRIVATE marlune_edges -fsanitize=fuzzer)
+  endforeach()
+endif()

@@ -1,0 +1,44 @@
+# Windows targets, cross-compiled with mingw-w64: the program, its tests and the stand-in.
+add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0A00
+                        WINVER=0x0A00)
+add_link_options(-static)
+
+add_library(marlune_edges STATIC ${EDGES_WIN})
+target_link_libraries(
+  marlune_edges PUBLIC marlune_logic ole32 oleaut32 uuid user32 gdi32 shell32 comctl32 d2d1 dwrite
+                       shlwapi)
+
+if(EXISTS ${CMAKE_SOURCE_DIR}/src/main_win.cpp)
+  enable_language(RC)
+  add_executable(marlune WIN32 src/main_win.cpp src/resources/marlune.rc)
+  target_link_options(marlune PRIVATE -municode)
+  target_link_libraries(marlune PRIVATE marlune_edges)
+endif()
+
+# GoogleTest has no package for Windows; the distribution ships its source.
+set(gtest_force_shared_crt ON CACHE BOOL "" FORCE)
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
+add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
+
+add_executable(marlune_tests ${TESTS_WIN})
+target_link_libraries(marlune_tests PRIVATE marlune_edges gtest_main)
+
+file(GLOB STANDIN CONFIGURE_DEPENDS tests/standin/*.cpp)
+list(FILTER STANDIN EXCLUDE REGEX "_test\\.cpp$")
+if(STANDIN)
+  # A window's program is told by the name of its image, so the one stand-in is built under two.
+  foreach(image powerpnt wpp)
+    add_executable(${image} WIN32 ${STANDIN})
+    target_include_directories(${image} PRIVATE tests)
+    target_link_options(${image} PRIVATE -municode)
+    target_link_libraries(${image} PRIVATE ole32 oleaut32 uuid user32 gdi32 shell32)
+  endforeach()
+endif()
+
+file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
+if(SYSTEM_TESTS)
+  add_executable(marlune_system_tests ${SYSTEM_TESTS})
+  target_include_directories(marlune_system_tests PRIVATE tests)
+  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest_main)
+endif()

@@ -1,0 +1,16 @@
+// A clock that moves only when a test says so.
+#pragma once
+
+#include "core/clock.h"
+
+namespace mrl {
+
+class ClockFake : public Clock {
+ public:
+  uint64_t nowMs() const override { return time; }
+  void advance(uint64_t byMs) { time += byMs; }
+
+  uint64_t time = 1'000'000;
+};
+
+}  // namespace mrl
