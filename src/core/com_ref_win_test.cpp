@@ -1,3 +1,4 @@
+// Ownership of counted objects.
 #include "core/com_ref_win.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Ownership, counted.
 #include "core/unique_handle.h"
 
 #include <gtest/gtest.h>

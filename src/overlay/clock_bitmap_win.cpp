@@ -1,3 +1,4 @@
+// The bitmap behind the clock: see clock_bitmap_win.h.
 #include "overlay/clock_bitmap_win.h"
 
 namespace mrl {

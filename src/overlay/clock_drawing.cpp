@@ -1,3 +1,4 @@
+// The looks of the clock: see clock_drawing.h.
 #include "overlay/clock_drawing.h"
 
 #include <algorithm>

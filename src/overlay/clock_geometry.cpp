@@ -1,3 +1,4 @@
+// Sizes and places of the clock: see clock_geometry.h.
 #include "overlay/clock_geometry.h"
 
 #include <algorithm>

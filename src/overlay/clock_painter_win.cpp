@@ -1,3 +1,4 @@
+// Painting on windows: see clock_painter_win.h.
 #include "overlay/clock_painter_win.h"
 
 #include "overlay/clock_renderer_win.h"

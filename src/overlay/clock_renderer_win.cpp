@@ -1,3 +1,4 @@
+// Direct2D and DirectWrite: see clock_renderer_win.h.
 #include "overlay/clock_renderer_win.h"
 
 #include "core/com_ref_win.h"

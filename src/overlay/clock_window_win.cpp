@@ -1,3 +1,4 @@
+// The clock's window: see clock_window_win.h.
 #include "overlay/clock_window_win.h"
 
 #include <utility>

@@ -1,3 +1,4 @@
+// The toolbar of resize mode: see resize_toolbar_win.h.
 #include "overlay/resize_toolbar_win.h"
 
 #include "core/wide_win.h"
