@@ -158,5 +158,8 @@ own_processes=()
 end_own_processes() {
   [[ ! -e ${WINEPREFIX:-}/ready ]] || wineserver -k || true
   local id
-  for id in "${own_processes[@]}"; do kill "$id" 2>/dev/null || true; done
+  for id in "${own_processes[@]}"; do
+    kill "$id" 2>/dev/null || true
+    wait "$id" || true
+  done
 }
