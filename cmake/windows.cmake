@@ -42,3 +42,6 @@ if(SYSTEM_TESTS)
   target_include_directories(marlune_system_tests PRIVATE tests)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest_main)
 endif()
+
+add_executable(watch_clock tests/watch/watch_clock.cpp)
+target_link_options(watch_clock PRIVATE -municode)

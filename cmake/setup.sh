@@ -1,0 +1,165 @@
+# shellcheck shell=bash
+# What both commands share: getting a bare Debian 12 ready, building, Wine prefixes and displays.
+# Sourced from the project's root with `set -euo pipefail`. Everything made lies below build/.
+
+readonly kBuild="$PWD/build"
+# shellcheck disable=SC2034  # each command takes the lists that it needs
+readonly kWindowsPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
+# shellcheck disable=SC2034
+readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool libgl1-mesa-dri
+  libglx-mesa0 fonts-liberation fonts-noto-cjk)
+# shellcheck disable=SC2034
+readonly kNativePackages=(g++ libgtest-dev clang libclang-rt-14-dev clang-format clang-tidy
+  shellcheck)
+
+say() { printf '%s\n' "$*" >&2; }
+
+# fail MESSAGE ADVICE: says what is missing and what to do about it.
+fail() {
+  say "error: $1"
+  say "       $2"
+  exit 1
+}
+
+# logged NAME ADVICE COMMAND...: keeps the output out of sight unless the command fails.
+logged() {
+  local log="$kBuild/log/$1.log" advice="$2"
+  shift 2
+  mkdir -p "$kBuild/log"
+  if ! "$@" >"$log" 2>&1 </dev/null; then
+    tail -n 40 "$log" >&2
+    fail "failed: $* (all of its output: $log)" "$advice"
+  fi
+}
+
+ensure_packages() {
+  local missing=() package
+  for package in "$@"; do
+    [[ $(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null) == installed ]] ||
+      missing+=("$package")
+  done
+  ((${#missing[@]})) || return 0
+
+  local by_hand="install by hand: apt-get install --no-install-recommends ${missing[*]}"
+  local as_root=()
+  if ((EUID != 0)); then
+    command -v sudo >/dev/null || fail "missing packages, and neither root nor sudo" "$by_hand"
+    as_root=(sudo)
+  fi
+  say "Installing ${missing[*]}"
+  local apt=("${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q -o DPkg::Lock::Timeout=300)
+  logged apt-update "check the network and /etc/apt/sources.list*, then run this again" \
+    "${apt[@]}" update
+  logged apt-install "$by_hand" "${apt[@]}" install -y --no-install-recommends "${missing[@]}"
+}
+
+# The QR code library has no package for Windows. Its source comes through apt, from the mirror
+# that this machine uses, in a state directory of its own: the machine's lists stay as they are.
+ensure_qrcodegen() {
+  local archive=qr-code-generator_1.8.0.orig.tar.gz
+  local sha256=2ec0a4d33d6f521c942eeaf473d42d5fe139abcfa57d2beffe10c5cf7d34ae60
+  local target="$kBuild/third_party/qrcodegen" state="$kBuild/apt"
+  [[ -e $target/cpp/qrcodegen.cpp ]] && return
+
+  local codename mirror
+  # shellcheck source=/dev/null
+  codename=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
+  mirror=$(apt-get indextargets --format "\$(REPO_URI)" 'Created-By: Packages' \
+    "Release: $codename" 'Component: main' | head -n 1)
+  [[ $mirror ]] || fail "no Debian archive for $codename in /etc/apt/sources.list*" \
+    "add the line for $codename main of your Debian mirror"
+  say "Fetching the source of qr-code-generator"
+  rm -rf "$state" "$target"
+  mkdir -p "$state/lists/partial" "$state/cache/archives/partial" "$target"
+  printf 'deb-src %s %s main\n' "$mirror" "$codename" >"$state/sources.list"
+  local apt=(apt-get -q -o "Dir::State::Lists=$state/lists" -o "Dir::Cache=$state/cache"
+    -o "Dir::Etc::sourcelist=$state/sources.list" -o Dir::Etc::sourceparts=-
+    -o "APT::Sandbox::User=$(id -un)")
+  logged apt-source-update "check the network, then run this again" "${apt[@]}" update
+  logged apt-source "check that $mirror carries sources" env -C "$state" \
+    "${apt[@]}" source --tar-only --download-only qr-code-generator
+  printf '%s  %s\n' "$sha256" "$state/$archive" | sha256sum --check --status ||
+    fail "$archive is not the file that was expected" "try again with another Debian mirror"
+  tar -xzf "$state/$archive" -C "$target" --strip-components=1
+  rm -rf "$state"
+}
+
+configure() {
+  logged "configure-$1" "remove build/$1 and run this again" cmake --preset "$1"
+}
+
+# build PRESET [TARGET...]: all targets where none is named.
+build() {
+  local preset="$1"
+  shift
+  say "Building $preset"
+  configure "$preset"
+  logged "build-$preset" "the first error above tells where to look" \
+    cmake --build --preset "$preset" ${1:+--target "$@"}
+}
+
+# use_prefix NAME DPI: makes the Wine prefix once, and turns this shell to it.
+use_prefix() {
+  export WINEPREFIX="$kBuild/wine/$1" WINEARCH=win64 WINEDEBUG=-all
+  export WINEDLLOVERRIDES='mscoree=;mshtml='  # neither is used, and each would ask to be fetched
+  [[ -e $WINEPREFIX/ready ]] && return
+  say "Making the Wine prefix $1"
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX"
+  logged "wine-$1" "remove build/wine and run this again" wineboot -i
+  # A family that does not exist makes DirectWrite fail where Windows always has these three.
+  cat >"$WINEPREFIX/setup.reg" <<REG
+REGEDIT4
+
+[HKEY_CURRENT_USER\\Software\\Wine\\Fonts\\Replacements]
+"Arial"="Liberation Sans"
+"Segoe UI"="Noto Sans CJK SC"
+"Consolas"="Liberation Mono"
+
+[HKEY_CURRENT_USER\\Control Panel\\Desktop]
+"LogPixels"=dword:$(printf '%08x' "$2")
+REG
+  logged "wine-$1-registry" "remove build/wine and run this again" \
+    wine regedit /S "$(windows_path "$WINEPREFIX/setup.reg")"
+  wineserver -k || true  # the fonts and the resolution are read when the server starts
+  wineserver -w
+  touch "$WINEPREFIX/ready"
+}
+
+windows_path() { printf 'Z:%s' "${1//\//\\}"; }
+
+# A screen of our own, with a window manager: windows have no frame without one.
+start_display() {
+  local number="$kBuild/display-$$"
+  mkdir -p "$kBuild/log"
+  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$number" >"$kBuild/log/xvfb.log" 2>&1 &
+  own_processes+=($!)
+  wait_until 20 test -s "$number" ||
+    fail "the virtual display did not start" "see build/log/xvfb.log"
+  DISPLAY=":$(<"$number")"
+  export DISPLAY
+  rm -f "$number"
+  openbox >"$kBuild/log/openbox.log" 2>&1 &
+  own_processes+=($!)
+}
+
+# wait_until SECONDS COMMAND...
+wait_until() {
+  local end=$((SECONDS + $1))
+  shift
+  until "$@"; do
+    ((SECONDS < end)) || return 1
+    sleep 0.1
+  done
+}
+
+# Ends what this shell started and nothing else; both commands set it as their EXIT trap.
+own_processes=()
+end_own_processes() {
+  [[ ! -e ${WINEPREFIX:-}/ready ]] || wineserver -k || true
+  local id
+  for id in "${own_processes[@]}"; do
+    kill "$id" 2>/dev/null || true
+    wait "$id" || true
+  done
+}
