@@ -1,6 +1,7 @@
 #include "core/tick.h"
 
 #include "core/expiry.h"
+#include "core/show_identity.h"
 #include "overlay/clock_behaviour.h"
 #include "overlay/clock_drawing.h"
 #include "presentation/show_poll.h"

@@ -40,6 +40,8 @@ class ClockWindow {
 
   /// Asks for a new paint of the whole window.
   virtual void invalidate() = 0;
+  /// Carries out a paint that was asked for, now instead of when the loop is idle.
+  virtual void paintNow() = 0;
   /// Takes away any region that clips the window: its shape comes from its picture alone.
   virtual void dropRegion() = 0;
   /// Publishes what the clock shows. It is painted as pixels only, so this is how other programs

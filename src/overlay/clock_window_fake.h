@@ -61,6 +61,7 @@ class ClockWindowFake : public ClockWindow {
     calls.emplace_back("invalidate");
     ++invalidations;
   }
+  void paintNow() override { calls.emplace_back("paintNow"); }
   void dropRegion() override { calls.emplace_back("dropRegion"); }
   void setText(const std::u16string& shown) override {
     calls.emplace_back("setText");

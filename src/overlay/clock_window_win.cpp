@@ -96,6 +96,8 @@ void ClockWindowWin::invalidate() {
   if (hwnd) InvalidateRect(hwnd, nullptr, FALSE);
 }
 
+void ClockWindowWin::paintNow() { UpdateWindow(hwnd); }
+
 void ClockWindowWin::dropRegion() {
   SetWindowRgn(hwnd, nullptr, TRUE);
   invalidate();

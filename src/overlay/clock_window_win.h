@@ -36,6 +36,7 @@ class ClockWindowWin : public ClockWindow {
   void setRect(const Rect& rect) override;
 
   void invalidate() override;
+  void paintNow() override;
   void dropRegion() override;
   /// As the window property "Marlune.Text", an atom of the global table.
   void setText(const std::u16string& text) override;
