@@ -8,7 +8,6 @@
 #include "core/expiry.h"
 #include "core/text.h"
 #include "overlay/clock_behaviour.h"
-#include "settings/path_rules.h"
 #include "settings/settings_file.h"
 
 namespace mrl {
@@ -28,6 +27,12 @@ void readArguments(App& app, const std::vector<std::u16string>& arguments) {
   }
 }
 
+std::u16string inTestRoot(const App& app, const std::u16string& name) {
+  const char16_t separator = app.platform.files.separator();
+  const bool needsSeparator = !app.testRoot.empty() && app.testRoot.back() != separator;
+  return app.testRoot + (needsSeparator ? std::u16string(1, separator) : u"") + name;
+}
+
 bool fileExists(App& app) {
   FileKind kind = FileKind::Missing;
   std::u16string error;
@@ -40,8 +45,8 @@ bool fileExists(App& app) {
 
 void placeFirstTime(App& app) {
   const Point place =
-      firstRunPlace(app.platform.screens.primaryWorkArea(), app.platform.screens.systemDpi(),
-                    static_cast<int>(app.settings.windowWidth));
+      firstRunPlace(app.platform.screens.primaryWorkArea(),
+                    static_cast<int>(app.settings.windowWidth), app.platform.screens.systemDpi());
   app.settings.windowX = place.x;
   app.settings.windowY = place.y;
   if (!app.settingsWritable) return;
@@ -63,8 +68,8 @@ bool createClock(App& app) {
   const Settings& settings = app.settings;
   const int width = toPixels(static_cast<int>(settings.windowWidth), dpi);
   const int height = toPixels(static_cast<int>(settings.windowHeight), dpi);
-  return app.platform.clockWindow.create({settings.windowX, settings.windowY,
-                                          settings.windowX + width, settings.windowY + height});
+  return app.platform.clockWindow.create(
+      {settings.windowX, settings.windowY, settings.windowX + width, settings.windowY + height});
 }
 
 /// Tells the tests that the program is up. The process id reaches the disk last, so whoever sees it
@@ -77,8 +82,7 @@ void announceReady(App& app) {
                                             std::filesystem::path(app.testRoot),
                                             std::make_error_code(std::errc::io_error));
   }
-  const std::unique_ptr<FileWriter> ready =
-      files.create(joinPath(files, app.testRoot, u"ready.txt"));
+  const std::unique_ptr<FileWriter> ready = files.create(inTestRoot(app, u"ready.txt"));
   if (ready) (void)ready->write(std::to_string(app.platform.loop.processId()));
 }
 
@@ -87,8 +91,7 @@ void announceReady(App& app) {
 std::optional<int> startApp(App& app, const std::vector<std::u16string>& arguments,
                             const std::u16string& defaultSettingsPath) {
   readArguments(app, arguments);
-  app.settingsPath = app.testMode ? joinPath(app.platform.files, app.testRoot, kSettingsFileName)
-                                  : defaultSettingsPath;
+  app.settingsPath = app.testMode ? inTestRoot(app, kSettingsFileName) : defaultSettingsPath;
   loadOrDefault(app);
   if (!app.platform.loop.prepareDrawing()) return kExitNoDrawing;
   app.platform.loop.registerWindowClasses();

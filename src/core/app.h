@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "core/black_screen.h"
 #include "core/clock.h"
 #include "core/main_loop.h"
-#include "core/black_screen.h"
 #include "core/screens.h"
 #include "core/show_follower.h"
 #include "core/timer.h"
@@ -109,7 +109,8 @@ void finishApp(App& app);
 /// The one way of telling the user something outside a dialog. Never blocks.
 void setStatus(App& app, const std::u16string& text);
 
-/// Saves `changed` and adopts it only if that worked; otherwise the user is told and false returned.
+/// Saves `changed` and adopts it only if that worked; otherwise the user is told and false
+/// returned.
 bool adoptSettings(App& app, const Settings& changed);
 
 }  // namespace mrl

@@ -36,8 +36,7 @@ bool isClass(HWND window, std::wstring_view name) {
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-    SetWindowLongPtrW(window, GWLP_USERDATA,
-                      reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
   }
   auto* program = reinterpret_cast<AppWin*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   if (program == nullptr) return DefWindowProcW(window, message, wParam, lParam);
@@ -145,9 +144,7 @@ LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPA
   return DefWindowProcW(window, message, wParam, lParam);
 }
 
-void AppWin::paint(HWND window) {
-  painter.paintClock(window, clockPicture(app));
-}
+void AppWin::paint(HWND window) { painter.paintClock(window, clockPicture(app)); }
 
 bool AppWin::prepareDrawing() { return painter.createFactories(); }
 

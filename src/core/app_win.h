@@ -1,5 +1,5 @@
-// The program on Windows: makes the real doors, owns the App, runs the message loop and routes every
-// message of every window. UI thread.
+// The program on Windows: makes the real doors, owns the App, runs the message loop and routes
+// every message of every window. UI thread.
 #pragma once
 
 #include <windows.h>

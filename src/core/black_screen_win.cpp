@@ -28,10 +28,10 @@ BlackScreenWin::~BlackScreenWin() { uncover(); }
 
 void BlackScreenWin::cover() {
   for (const RECT& rect : monitorRects()) {
-    const HWND window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kBlackClass,
-                                        L"Marlune 黑屏", WS_POPUP, rect.left, rect.top,
-                                        rect.right - rect.left, rect.bottom - rect.top, nullptr,
-                                        nullptr, instance, creationParameter);
+    const HWND window =
+        CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kBlackClass, L"Marlune 黑屏", WS_POPUP,
+                        rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+                        nullptr, nullptr, instance, creationParameter);
     if (window == nullptr) continue;
     windows.push_back(window);
     ShowWindow(window, SW_SHOW);

@@ -42,9 +42,7 @@ void setMode(App& app, bool automatic) {
 void dispatch(App& app, int command) {
   switch (command) {
     case kCommandToggleTimer: return toggleTimer(app);
-    case kCommandReset:
-      resetTimer(app.timer);
-      return clearRuntime(app);
+    case kCommandReset: resetTimer(app.timer); return clearRuntime(app);
     case kCommandToggleResizeMode: return toggleResizeMode(app);
     case kCommandDefaultSize: return restoreDefaultSize(app);
     case kCommandToggleVisibility:

@@ -1,0 +1,89 @@
+// A whole App over fakes, and the few words that its tests speak in.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "core/app.h"
+#include "core/black_screen_fake.h"
+#include "core/clock_fake.h"
+#include "core/main_loop_fake.h"
+#include "core/screens_fake.h"
+#include "core/tick.h"
+#include "overlay/clock_window_fake.h"
+#include "overlay/resize_toolbar_fake.h"
+#include "presentation/presentation_fake.h"
+#include "settings/settings_file.h"
+
+namespace mrl {
+
+class AppFixture : public ::testing::Test {
+ protected:
+  static constexpr char16_t kDeck[] = u"C:\\talks\\demo.pptx";
+  static constexpr char16_t kOtherDeck[] = u"C:\\talks\\other.pptx";
+  static constexpr char16_t kSettingsPath[] = u"C:\\data\\settings.dat";
+  static constexpr uint64_t kTickMs = 100;
+
+  ClockFake clock;
+  PresentationFake outside;
+  ScreensFake screens;
+  MainLoopFake loop;
+  ClockWindowFake clockWindow;
+  ResizeToolbarFake toolbar;
+  BlackScreenFake blackScreen;
+  App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
+           toolbar, blackScreen}};
+  std::shared_ptr<FakeApplication> program = outside.automation.add(u"PowerPoint.Application");
+
+  FilesFake& files() { return outside.files; }
+
+  /// Start-up with a settings file that holds `settings`.
+  void startWith(const Settings& settings) {
+    std::u16string error;
+    ASSERT_TRUE(saveSettings(files(), kSettingsPath, settings, error));
+    start();
+  }
+  void start() { ASSERT_EQ(startApp(app, {}, kSettingsPath), std::nullopt); }
+
+  /// Ticks as the window timer does, for `ms`.
+  void runFor(uint64_t ms) {
+    for (uint64_t passed = 0; passed < ms; passed += kTickMs) {
+      clock.advance(kTickMs);
+      tick(app);
+    }
+  }
+  /// Until a poll has seen the present state of things, and not a tick longer.
+  void waitForPoll() {
+    const uint64_t before = app.lastPollMs;
+    for (int ticks = 0; app.lastPollMs == before; ++ticks) {
+      ASSERT_LT(ticks, 20);
+      runFor(kTickMs);
+    }
+  }
+
+  void startShow(const std::u16string& path, int32_t slide = 1) {
+    const auto deck = program->addDeck(path);
+    outside.addShowWindow(500);
+    program->addShow(deck, 500, slide);
+  }
+  void turnTo(int32_t slide) { program->shows.front()->slide = slide; }
+  /// The show ends; its deck stays open.
+  void endShow() {
+    program->shows.clear();
+    outside.windows.windows.clear();
+  }
+  void closeDecks() { program->decks.clear(); }
+
+  int64_t elapsedMs() const { return elapsedAt(app.timer, clock.nowMs()); }
+  TimerPhase phase() const { return app.timer.phase; }
+  Settings saved() {
+    Settings record;
+    std::u16string error;
+    EXPECT_TRUE(loadSettings(files(), kSettingsPath, record, error));
+    return record;
+  }
+};
+
+}  // namespace mrl

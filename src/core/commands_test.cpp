@@ -1,0 +1,156 @@
+#include "core/commands.h"
+
+#include <algorithm>
+
+#include "core/app_fixture.h"
+#include "core/expiry.h"
+
+namespace mrl {
+namespace {
+
+class CommandsTest : public AppFixture {
+ protected:
+  void SetUp() override { startWith(Settings{}); }
+
+  void failSaves() { files().failing = {FilesFake::Operation::Create}; }
+};
+
+TEST_F(CommandsTest, ToggleStartsPausesAndResumes) {
+  runCommand(app, kCommandToggleTimer);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+  clock.advance(5000);
+  runCommand(app, kCommandToggleTimer);
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  EXPECT_EQ(elapsedMs(), 5000);
+  clock.advance(60'000);
+  runCommand(app, kCommandToggleTimer);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+  EXPECT_EQ(elapsedMs(), 5000);
+}
+
+TEST_F(CommandsTest, ResetStopsTheTimerAndWhatIsInFlight) {
+  runCommand(app, kCommandToggleTimer);
+  startBlink(app, 0);
+  clock.advance(5000);
+  runCommand(app, kCommandReset);
+  EXPECT_EQ(app.timer, TimerState{});
+  EXPECT_FALSE(app.blinkActive);
+}
+
+TEST_F(CommandsTest, PauseOrResumeDoesNothingOnAnIdleTimer) {
+  runCommand(app, kCommandPauseOrResume);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+  runCommand(app, kCommandToggleTimer);
+  runCommand(app, kCommandPauseOrResume);
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  runCommand(app, kCommandPauseOrResume);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(CommandsTest, TheClockIsHiddenAndShownByTheUsersWish) {
+  app.hiddenByRule = true;
+  runCommand(app, kCommandHideClock);
+  EXPECT_FALSE(clockWindow.visible);
+  EXPECT_FALSE(app.hiddenByRule);
+  app.hiddenByRule = true;
+  runCommand(app, kCommandShowClock);
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_FALSE(app.hiddenByRule);
+}
+
+TEST_F(CommandsTest, ToggleVisibilityGoesByWhatIsSeen) {
+  runCommand(app, kCommandToggleVisibility);
+  EXPECT_FALSE(clockWindow.visible);
+  runCommand(app, kCommandToggleVisibility);
+  EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(CommandsTest, ExitDestroysTheClockWindow) {
+  runCommand(app, kCommandExit);
+  EXPECT_FALSE(clockWindow.exists);
+}
+
+TEST_F(CommandsTest, EveryCommandRepaintsTheClockWhateverHappened) {
+  for (const int command : {0, 99, 100, 101, 103, 104, 108, 112, 113, 114, 115, 4711}) {
+    clockWindow.invalidations = 0;
+    runCommand(app, command);
+    EXPECT_GE(clockWindow.invalidations, 1) << command;
+  }
+}
+
+TEST_F(CommandsTest, ANumberThatIsNoCommandChangesNothing) {
+  const Settings before = app.settings;
+  runCommand(app, 115);
+  EXPECT_EQ(app.settings, before);
+  EXPECT_EQ(app.timer, TimerState{});
+  EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(CommandsTest, ManualModeIsSavedAndAdopted) {
+  runCommand(app, kCommandManualMode);
+  EXPECT_FALSE(app.settings.autoMode);
+  EXPECT_FALSE(saved().autoMode);
+}
+
+TEST_F(CommandsTest, AModeThatCannotBeSavedStaysAsItWasAndTheUserIsTold) {
+  failSaves();
+  runCommand(app, kCommandManualMode);
+  EXPECT_TRUE(app.settings.autoMode);
+  EXPECT_EQ(app.lastError, u"Cannot create temporary configuration");
+}
+
+TEST_F(CommandsTest, AutomaticModeDuringAShowStartsTheTimerWithoutWaitingForAPoll) {
+  runCommand(app, kCommandManualMode);
+  startShow(kDeck);
+  waitForPoll();
+  ASSERT_EQ(phase(), TimerPhase::Idle);
+  runCommand(app, kCommandAutoMode);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(CommandsTest, AutomaticModeDuringAnExcludedShowStartsNothing) {
+  runCommand(app, kCommandManualMode);
+  app.settings.skipList = {kDeck};
+  startShow(kDeck);
+  waitForPoll();
+  runCommand(app, kCommandAutoMode);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(CommandsTest, TheBlackScreenIsToggledDuringAShow) {
+  startShow(kDeck);
+  waitForPoll();
+  runCommand(app, kCommandToggleBlack);
+  EXPECT_TRUE(blackScreen.covering);
+  runCommand(app, kCommandToggleBlack);
+  EXPECT_FALSE(blackScreen.covering);
+}
+
+TEST_F(CommandsTest, F2TogglesTheTimerAndF4ResetsIt) {
+  EXPECT_TRUE(onClockKey(app, 0x71));
+  EXPECT_EQ(phase(), TimerPhase::Running);
+  EXPECT_TRUE(onClockKey(app, 0x73));
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(CommandsTest, EscapeMeansNothingOnTheClockWithoutABlackScreen) {
+  EXPECT_FALSE(onClockKey(app, 0x1B));
+  EXPECT_FALSE(onClockKey(app, 0x72));
+}
+
+TEST_F(CommandsTest, EscapeEndsTheShowWhileTheScreenIsBlack) {
+  startShow(kDeck);
+  waitForPoll();
+  runCommand(app, kCommandToggleBlack);
+  EXPECT_TRUE(onClockKey(app, 0x1B));
+  EXPECT_TRUE(program->shows.empty());
+  EXPECT_FALSE(onBlackKey(app, 0x20));
+}
+
+TEST_F(CommandsTest, EscapeThatEndsNoShowIsTold) {
+  EXPECT_TRUE(onBlackKey(app, 0x1B));
+  EXPECT_FALSE(app.lastError.empty());
+}
+
+}  // namespace
+}  // namespace mrl

@@ -1,0 +1,187 @@
+#include "core/expiry.h"
+
+#include <algorithm>
+
+#include "core/app_fixture.h"
+#include "core/commands.h"
+
+namespace mrl {
+namespace {
+
+class ExpiryActionsTest : public AppFixture {
+ protected:
+  void SetUp() override {
+    Settings settings;
+    settings.duration = 10;
+    settings.blink = false;
+    settings.prompt2.enabled = false;
+    startWith(settings);
+  }
+
+  void runOut() {
+    runCommand(app, kCommandToggleTimer);
+    runFor(10'000);
+  }
+  bool wasTold(const std::string& call) const {
+    return std::find(outside.log.begin(), outside.log.end(), call) != outside.log.end();
+  }
+};
+
+TEST_F(ExpiryActionsTest, WithNoActionChosenTheTimerJustGoesOnIntoOvertime) {
+  runOut();
+  EXPECT_TRUE(app.timer.expiredFired);
+  EXPECT_FALSE(app.blinkActive);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(ExpiryActionsTest, ABlinkWithoutALimitGoesOnThroughTheOvertimeUntilReset) {
+  app.settings.blink = true;
+  runOut();
+  EXPECT_TRUE(app.blinkActive);
+  EXPECT_EQ(app.blinkEndMs, 0u);
+  runFor(600'000);
+  EXPECT_TRUE(app.blinkActive);
+  runCommand(app, kCommandReset);
+  EXPECT_FALSE(app.blinkActive);
+}
+
+TEST_F(ExpiryActionsTest, ABlinkWithALimitEndsByItself) {
+  app.settings.blink = true;
+  app.settings.blinkSeconds = 3;
+  runOut();
+  runFor(2900);
+  EXPECT_TRUE(app.blinkActive);
+  runFor(100);
+  EXPECT_FALSE(app.blinkActive);
+  EXPECT_EQ(app.blinkEndMs, 0u);
+}
+
+TEST_F(ExpiryActionsTest, ASecondBlinkReplacesTheFirstAndItsEnd) {
+  startBlink(app, 0);
+  clock.advance(250);
+  startBlink(app, 2);
+  EXPECT_EQ(app.blinkStartMs, clock.nowMs());
+  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 2000);
+  startBlink(app, 0);
+  EXPECT_EQ(app.blinkEndMs, 0u);
+}
+
+TEST_F(ExpiryActionsTest, APauseDoesNotStopTheBlink) {
+  app.settings.blink = true;
+  runOut();
+  runCommand(app, kCommandToggleTimer);
+  runFor(5000);
+  EXPECT_TRUE(app.blinkActive);
+}
+
+TEST_F(ExpiryActionsTest, EitherStageSwitchStartsTheSameBlink) {
+  app.settings.prompt1 = {.blinkWindow = true, .blinkBackground = false, .blinkSeconds = 4};
+  fireStage(app, 0);
+  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 4000);
+  app.blinkActive = false;
+  app.settings.prompt2 = {.blinkWindow = false, .blinkBackground = true, .blinkSeconds = 5};
+  fireStage(app, 1);
+  EXPECT_TRUE(app.blinkActive);
+  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 5000);
+}
+
+TEST_F(ExpiryActionsTest, AStageWithBothSwitchesOffDoesNotBlink) {
+  app.settings.prompt1 = {.blinkWindow = false, .blinkBackground = false};
+  fireStage(app, 0);
+  EXPECT_FALSE(app.blinkActive);
+}
+
+TEST_F(ExpiryActionsTest, ABlackScreenAtTheEndBlinksTheClockOnIt) {
+  app.settings.black = true;
+  startShow(kDeck);
+  waitForPoll();
+  runFor(10'000);
+  EXPECT_TRUE(blackScreen.covering);
+  EXPECT_TRUE(app.blinkActive);
+}
+
+TEST_F(ExpiryActionsTest, WithoutAShowTheBlackScreenIsRefusedAndTheBlinkStartsAllTheSame) {
+  app.settings.black = true;
+  app.settings.autoMode = false;
+  runOut();
+  EXPECT_FALSE(blackScreen.covering);
+  EXPECT_FALSE(app.blackActive);
+  EXPECT_EQ(app.lastError, u"当前没有可控制的放映，黑屏不适用于已排除的文稿。");
+  EXPECT_TRUE(app.blinkActive);
+}
+
+TEST_F(ExpiryActionsTest, AnExcludedShowIsNotBlackedOut) {
+  app.settings.skipList = {kDeck};
+  startShow(kDeck);
+  waitForPoll();
+  setBlack(app, true);
+  EXPECT_FALSE(blackScreen.covering);
+}
+
+TEST_F(ExpiryActionsTest, ASecondBlackScreenChangesNothingAndSaysNothingEvenWhenTheShowHasGone) {
+  startShow(kDeck);
+  waitForPoll();
+  setBlack(app, true);
+  app.lastStatus.running = false;
+  setBlack(app, true);
+  EXPECT_TRUE(blackScreen.covering);
+  EXPECT_EQ(app.lastError, u"");
+}
+
+TEST_F(ExpiryActionsTest, TheClockIsLiftedAboveTheBlackScreenOnlyIfItIsVisible) {
+  startShow(kDeck);
+  waitForPoll();
+  clockWindow.calls.clear();
+  setBlack(app, true);
+  EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"show"});
+  setBlack(app, false);
+  clockWindow.hide();
+  clockWindow.calls.clear();
+  setBlack(app, true);
+  EXPECT_TRUE(clockWindow.calls.empty());
+}
+
+TEST_F(ExpiryActionsTest, ExitingTheShowPausesTheTimerAtTheNextPoll) {
+  app.settings.exitShow = true;
+  startShow(kDeck);
+  waitForPoll();
+  runFor(10'000);
+  EXPECT_TRUE(wasTold("method view.Exit"));
+  outside.windows.windows.clear();
+  waitForPoll();
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  const int64_t stopped = elapsedMs();
+  runFor(5000);
+  EXPECT_EQ(elapsedMs(), stopped);
+}
+
+TEST_F(ExpiryActionsTest, AnExitThatFailsIsToldAndTheRestStillHappens) {
+  app.settings.exitShow = true;
+  app.settings.blink = true;
+  runOut();
+  EXPECT_EQ(app.lastError, u"放映操作失败（COM HRESULT=2147500037）");
+  EXPECT_TRUE(app.blinkActive);
+}
+
+TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenAndTheTimerAlone) {
+  startShow(kDeck);
+  waitForPoll();
+  setBlack(app, true);
+  startBlink(app, 5);
+  app.follower.switchPending = app.follower.switchSeen = true;
+  app.switchTarget = kOtherDeck;
+  app.switchHold = app.switchHoldSeen = true;
+  app.switchAtMs = app.switchPulseNextMs = app.switchPulseUntilMs = 1;
+  const TimerState timer = app.timer;
+  clearRuntime(app);
+  EXPECT_FALSE(app.follower.switchPending || app.follower.switchSeen);
+  EXPECT_EQ(app.switchTarget, u"");
+  EXPECT_FALSE(app.switchHold || app.switchHoldSeen);
+  EXPECT_EQ(app.switchAtMs + app.switchPulseNextMs + app.switchPulseUntilMs + app.blinkEndMs, 0u);
+  EXPECT_FALSE(app.blinkActive);
+  EXPECT_TRUE(blackScreen.covering);
+  EXPECT_EQ(app.timer, timer);
+}
+
+}  // namespace
+}  // namespace mrl
