@@ -3,8 +3,9 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <iterator>
+#include <string_view>
 #include <system_error>
-#include <type_traits>
 #include <utility>
 
 #include "core/wide_win.h"

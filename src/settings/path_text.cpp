@@ -76,8 +76,7 @@ std::u16string lexicallyNormal(std::u16string_view path, char16_t separator) {
     first = false;
   }
   if (endsAsFolder) out += separator;
-  if (out.empty() && !path.empty()) out = u".";
-  return out;
+  return out.empty() && !path.empty() ? u"." : out;
 }
 
 std::u16string_view parentFolder(std::u16string_view path) {

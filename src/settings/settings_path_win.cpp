@@ -1,8 +1,5 @@
 #include "settings/settings_path_win.h"
 
-#include <knownfolders.h>
-#include <objbase.h>
-#include <shlobj.h>
 #include <windows.h>
 
 #include <objbase.h>
