@@ -99,7 +99,7 @@ class FilesFake : public Files {
     const std::u16string full = resolve(path);
     const Node* folder = find(parentOf(full));
     const Node* old = find(path);
-    if (!folder || folder->kind != FileKind::Directory) return nullptr;
+    if (path.empty() || !folder || folder->kind != FileKind::Directory) return nullptr;
     if (old && old->kind != FileKind::Regular) return nullptr;
     nodes[key(full)] = {spelled(full), FileKind::Regular, "", ""};
     held.insert(key(full));
@@ -227,8 +227,8 @@ class FilesFake : public Files {
     return true;
   }
 
-  const char16_t mark;
-  const std::u16string root;
+  char16_t mark;
+  std::u16string root;
   std::map<std::u16string, Node> nodes;
   std::map<std::u16string, std::u16string> links;
   std::set<std::u16string> held;
