@@ -18,13 +18,15 @@ TEST(CharRulesTest, LowerCopyTakesEachUnitByItself) {
 }
 
 TEST(CharRulesTest, LettersAndDigitsOfAnyScriptAreAlphanumeric) {
-  for (const char16_t unit : u"09azAZéßıſµªºÀÿΩωЖяאع中文一龥あア한０９Ａｚ٣०²³¹Ⅳ") {
-    if (unit != 0) EXPECT_TRUE(isAlphanumeric(unit)) << std::hex << +unit;
+  for (const char16_t unit :
+       std::u16string_view(u"09azAZéßıſµªºÀÿΩωЖяאع中文一龥あア한０９Ａｚ٣०²³¹Ⅳ")) {
+    EXPECT_TRUE(isAlphanumeric(unit)) << std::hex << +unit;
   }
 }
 
 TEST(CharRulesTest, SignsBlanksAndHalvesOfPairsAreNotAlphanumeric) {
-  for (const char16_t unit : u" _-.,()[]|/\\:@`{~【】（）—，。、·×÷€½①\u00A0\u3000\uFEFF\uFFFF") {
+  for (const char16_t unit :
+       std::u16string_view(u" _-.,()[]|/\\:@`{~【】（）—，。、·×÷€½①\u00A0\u3000\uFEFF\uFFFF")) {
     EXPECT_FALSE(isAlphanumeric(unit)) << std::hex << +unit;
   }
   EXPECT_FALSE(isAlphanumeric(0xD83D));

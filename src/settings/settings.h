@@ -16,7 +16,7 @@ struct PromptStage {
   uint32_t advance = 0;       // seconds before the end
   uint32_t blinkSeconds = 0;  // 0: until something stops it
   uint32_t soundSeconds = 0;  // 0: the whole sound
-  std::u16string soundFile;
+  std::u16string soundFile = {};
 
   bool operator==(const PromptStage&) const = default;
 };

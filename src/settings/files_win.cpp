@@ -1,0 +1,155 @@
+#include "settings/files_win.h"
+
+#include <windows.h>
+
+#include <filesystem>
+#include <iterator>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "core/wide_win.h"
+
+namespace mrl {
+namespace {
+
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+struct HandleCloser {
+  using pointer = HANDLE;
+  void operator()(HANDLE handle) const { CloseHandle(handle); }
+};
+using FileHandle = std::unique_ptr<void, HandleCloser>;
+
+/// Null on failure; the last error then tells why.
+FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD disposition,
+                    DWORD flags) {
+  const HANDLE handle =
+      CreateFileW(wideFrom(path).c_str(), access, share, nullptr, disposition, flags, nullptr);
+  const DWORD code = GetLastError();
+  FileHandle file(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+  SetLastError(code);  // freeing the text may have changed it
+  return file;
+}
+
+/// Opens what exists, a folder too, to look at it and no more.
+FileHandle openToLook(const std::u16string& path) {
+  return openFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
+}
+
+bool isMissing(DWORD code) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_BAD_NETPATH:
+    case ERROR_NETNAME_DELETED:
+    case ERROR_INVALID_NAME:
+    case ERROR_DIRECTORY: return true;
+    default: return false;
+  }
+}
+
+std::u16string systemText(DWORD code) {
+  wchar_t text[512];
+  const DWORD length = FormatMessageW(
+      FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK,
+      nullptr, code, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
+  std::wstring_view words(text, length);
+  while (words.ends_with(L' ')) words.remove_suffix(1);
+  return words.empty() ? u16From(L"error " + std::to_wstring(code)) : u16From(words);
+}
+
+/// "\\?\C:\x" is C:\x, and "\\?\UNC\server\x" is \\server\x.
+std::wstring withoutPrefix(const std::wstring& path) {
+  constexpr std::wstring_view kServer = L"\\\\?\\UNC\\";
+  constexpr std::wstring_view kLocal = L"\\\\?\\";
+  if (path.starts_with(kServer)) return L"\\\\" + path.substr(kServer.size());
+  return path.starts_with(kLocal) ? path.substr(kLocal.size()) : path;
+}
+
+class Writer : public FileWriter {
+ public:
+  explicit Writer(FileHandle opened) : file(std::move(opened)) {}
+  bool write(std::string_view bytes) override {
+    DWORD written = 0;
+    return WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
+                     nullptr) != 0 &&
+           written == bytes.size();
+  }
+  bool flush() override { return FlushFileBuffers(file.get()) != 0; }
+
+ private:
+  FileHandle file;
+};
+
+}  // namespace
+
+bool FilesWin::status(const std::u16string& path, FileKind& kind, std::u16string& error) {
+  const FileHandle file = openToLook(path);
+  BY_HANDLE_FILE_INFORMATION info = {};
+  if (file && GetFileType(file.get()) != FILE_TYPE_DISK) {
+    kind = FileKind::Other;
+    return true;
+  }
+  if (!file || GetFileInformationByHandle(file.get(), &info) == 0) {
+    const DWORD code = GetLastError();
+    if (isMissing(code)) {
+      kind = FileKind::Missing;
+      return true;
+    }
+    error = systemText(code);
+    return false;
+  }
+  const bool folder = (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  kind = folder ? FileKind::Directory : FileKind::Regular;
+  return true;
+}
+
+bool FilesWin::read(const std::u16string& path, std::string& bytes) {
+  const FileHandle file =
+      openFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
+  if (!file) return false;
+  std::string all;
+  char chunk[65536];
+  DWORD count = 0;
+  do {
+    if (ReadFile(file.get(), chunk, sizeof chunk, &count, nullptr) == 0) return false;
+    all.append(chunk, count);
+  } while (count > 0);
+  bytes = std::move(all);
+  return true;
+}
+
+std::unique_ptr<FileWriter> FilesWin::create(const std::u16string& path) {
+  FileHandle file = openFile(path, GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
+  return file ? std::make_unique<Writer>(std::move(file)) : nullptr;
+}
+
+bool FilesWin::replace(const std::u16string& from, const std::u16string& to) {
+  return MoveFileExW(wideFrom(from).c_str(), wideFrom(to).c_str(),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+}
+
+void FilesWin::remove(const std::u16string& path) { DeleteFileW(wideFrom(path).c_str()); }
+
+bool FilesWin::createFolders(const std::u16string& path, std::u16string& error) {
+  std::error_code code;
+  std::filesystem::create_directories(wideFrom(path), code);
+  if (code) error = systemText(static_cast<DWORD>(code.value()));
+  return !code;
+}
+
+CanonicalResult FilesWin::canonical(const std::u16string& path, std::u16string& result) {
+  const FileHandle file = openToLook(path);
+  // The first call tells the size with the closing zero, the second the length without it.
+  const DWORD size = file ? GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0) : 0;
+  if (size == 0) {
+    return isMissing(GetLastError()) ? CanonicalResult::Missing : CanonicalResult::Failed;
+  }
+  std::wstring found(size, L'\0');
+  found.resize(GetFinalPathNameByHandleW(file.get(), found.data(), size, 0));
+  result = u16From(withoutPrefix(found));
+  return CanonicalResult::Found;
+}
+
+}  // namespace mrl

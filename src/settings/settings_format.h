@@ -1,0 +1,17 @@
+// The bytes of settings.dat: the record as text and back, without a file.
+#pragma once
+
+#include <string>
+
+#include "settings/settings.h"
+
+namespace mrl {
+
+/// The whole file, in the current version.
+std::string composeSettings(const Settings& settings);
+
+/// Reads the current version and the one before it, whose missing fields take their defaults. On
+/// false `error` holds the message for the user and `record` is untouched.
+[[nodiscard]] bool parseSettings(const std::string& bytes, Settings& record, std::u16string& error);
+
+}  // namespace mrl
