@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -33,14 +34,21 @@ class Automation {
  public:
   virtual ~Automation() = default;
   /// The running application of a ProgID, null when none is registered or none runs.
-  [[nodiscard]] virtual AutomationRef running(const std::u16string& progId) = 0;
+  [[nodiscard]] virtual AutomationRef running(std::u16string_view progId) = 0;
   /// Starts the application of a ProgID; null when that fails.
-  [[nodiscard]] virtual AutomationRef start(const std::u16string& progId) = 0;
-  /// One call by name. `arguments` stand in natural order. `result` may be null when nobody wants
-  /// it. REQUIRES: `object` is not null.
-  virtual AutomationResult call(const AutomationRef& object, const std::u16string& name,
+  [[nodiscard]] virtual AutomationRef start(std::u16string_view progId) = 0;
+
+  /// One call by name. `arguments` are integers and texts in natural order. `result` may be null
+  /// when nobody wants it; it is filled on success only, and stays empty when neither a text nor an
+  /// object came back. REQUIRES: `object` is not null and `result` is empty.
+  virtual AutomationResult call(const AutomationRef& object, std::u16string_view name,
                                 DispatchKind kind, AutomationValue* result,
                                 const std::vector<AutomationValue>& arguments) = 0;
+  /// Gets a property as an integer. Whatever the system can turn into one counts: a fraction, a
+  /// text of digits, nothing at all (0). On failure returns false and leaves `value` as it was.
+  /// REQUIRES: `object` is not null.
+  [[nodiscard]] virtual bool readInteger(const AutomationRef& object, std::u16string_view name,
+                                         int32_t& value) = 0;
 };
 
 }  // namespace mrl

@@ -21,14 +21,15 @@ class WindowSystem {
   [[nodiscard]] virtual bool isIconic(WindowHandle window) = 0;
   /// Full path of the owning program's image; empty when it can't be told.
   [[nodiscard]] virtual std::u16string imageName(WindowHandle window) = 0;
+  /// Not more than 2047 characters of it.
   [[nodiscard]] virtual std::u16string title(WindowHandle window) = 0;
+  /// Not more than 255 characters of it.
   [[nodiscard]] virtual std::u16string className(WindowHandle window) = 0;
   [[nodiscard]] virtual Rect rect(WindowHandle window) = 0;
   /// The full rectangle of the monitor nearest to the window.
   [[nodiscard]] virtual Rect monitorRect(WindowHandle window) = 0;
 
   [[nodiscard]] virtual bool isWindow(WindowHandle window) = 0;
-  [[nodiscard]] virtual uint32_t processId(WindowHandle window) = 0;
   [[nodiscard]] virtual WindowHandle foreground() = 0;
   virtual void setForeground(WindowHandle window) = 0;
   virtual void restore(WindowHandle window) = 0;

@@ -1,0 +1,92 @@
+// The vocabulary by which presentation programs and their windows are known, and the scan.
+#include "presentation/window_scan.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/char_rules.h"
+#include "settings/path_rules.h"
+
+namespace mrl {
+namespace {
+
+constexpr std::u16string_view kImages[] = {
+    u"powerpnt.exe", u"wpp.exe", u"wps.exe", u"wpsppt.exe", u"wpsoffice.exe",
+};
+
+enum class WindowKind { Other, Presentation, Show };
+enum class TextOf { ClassName, Title };
+
+struct KindRow {
+  TextOf text;
+  std::u16string_view contains;
+  WindowKind kind;
+};
+
+// The first row that holds decides. Class names come lower-cased, titles as they are.
+constexpr KindRow kKinds[] = {
+    {TextOf::ClassName, u"screenclass", WindowKind::Show},
+    {TextOf::ClassName, u"pptview", WindowKind::Show},
+    {TextOf::ClassName, u"wppview", WindowKind::Show},
+    {TextOf::Title, u"幻灯片放映", WindowKind::Show},
+    {TextOf::Title, u"Slide Show", WindowKind::Show},
+    {TextOf::Title, u".ppt", WindowKind::Presentation},
+    {TextOf::Title, u".dps", WindowKind::Presentation},
+    {TextOf::ClassName, u"ppt", WindowKind::Presentation},
+    {TextOf::ClassName, u"wpp", WindowKind::Presentation},
+};
+
+// A show may fall short of its monitor by this many pixels on each side.
+constexpr int kEdgeTolerance = 16;
+
+bool isPresentationProgram(const std::u16string& imagePath) {
+  // Without a separator, npos + 1 is the start: the whole text is the name.
+  const std::u16string name = lowerCopy(imagePath.substr(imagePath.find_last_of(u"\\/") + 1));
+  return std::find(std::begin(kImages), std::end(kImages), name) != std::end(kImages);
+}
+
+WindowKind kindOf(const std::u16string& title, const std::u16string& className) {
+  for (const KindRow& row : kKinds) {
+    const std::u16string& text = row.text == TextOf::Title ? title : className;
+    if (text.find(row.contains) != std::u16string::npos) return row.kind;
+  }
+  return WindowKind::Other;
+}
+
+bool covers(const Rect& window, const Rect& monitor) {
+  // Both are empty when the window has just gone; without this it would count as covering.
+  if (monitor == Rect{}) return false;
+  return window.left <= monitor.left + kEdgeTolerance &&
+         window.top <= monitor.top + kEdgeTolerance &&
+         window.right >= monitor.right - kEdgeTolerance &&
+         window.bottom >= monitor.bottom - kEdgeTolerance;
+}
+
+}  // namespace
+
+WindowScan scanPresentationWindows(WindowSystem& windows, const std::u16string& documentFilter) {
+  WindowScan scan;
+  scan.documentFilter = documentFilter;
+  for (const WindowHandle window : windows.topLevelWindows()) {
+    if (!windows.isVisible(window) || windows.isIconic(window)) continue;
+    if (!isPresentationProgram(windows.imageName(window))) continue;
+    const std::u16string title = windows.title(window);
+    const WindowKind kind = kindOf(title, lowerCopy(windows.className(window)));
+    if (kind == WindowKind::Other) continue;
+
+    scan.found = true;
+    scan.titles.push_back(title);
+    if (!scan.firstWindow) scan.firstWindow = window;
+
+    if (kind != WindowKind::Show) continue;
+    if (!documentFilter.empty() && !titleNamesDocument(title, documentFilter)) continue;
+    // No early end: of several shows the last one counts.
+    if (covers(windows.rect(window), windows.monitorRect(window))) {
+      scan.fullScreenWindow = window;
+      scan.fullScreenTitle = title;
+    }
+  }
+  return scan;
+}
+
+}  // namespace mrl

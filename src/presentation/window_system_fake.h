@@ -1,0 +1,89 @@
+// A desktop in a list, which writes down what is done to its windows.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "presentation/window_system.h"
+
+namespace mrl {
+
+struct FakeWindow {
+  WindowHandle handle = {};
+  std::u16string image = u"C:\\Office\\POWERPNT.EXE";  // empty: the process can't be looked at
+  std::u16string title = {};
+  std::u16string className = {};
+  Rect rect = {0, 0, 1920, 1080};
+  Rect monitor = {0, 0, 1920, 1080};
+  bool visible = true;
+  bool iconic = false;
+  int queriesLeft = -1;  // how often it can still be looked at before it is gone; -1: for ever
+};
+
+class WindowSystemFake : public WindowSystem {
+ public:
+  using Log = std::vector<std::string>;
+  /// The log may be shared with other fakes, to show the order among them.
+  explicit WindowSystemFake(Log& sharedLog) : log(sharedLog) {}
+
+  std::vector<FakeWindow> windows;  // from the top down
+  WindowHandle foregroundWindow;
+  bool foregroundRefused = false;
+  size_t keysTaken = SIZE_MAX;  // at most so many events of a call go in
+  int scans = 0;
+  Log& log;  // "restore 5", "keys +16 +116 -116 -16"
+
+  std::vector<WindowHandle> topLevelWindows() override {
+    ++scans;
+    std::vector<WindowHandle> handles;
+    for (const FakeWindow& window : windows) handles.push_back(window.handle);
+    return handles;
+  }
+  bool isVisible(WindowHandle window) override { return look(window).visible; }
+  bool isIconic(WindowHandle window) override { return look(window).iconic; }
+  std::u16string imageName(WindowHandle window) override { return look(window).image; }
+  std::u16string title(WindowHandle window) override { return look(window).title.substr(0, 2047); }
+  std::u16string className(WindowHandle window) override {
+    return look(window).className.substr(0, 255);
+  }
+  Rect rect(WindowHandle window) override { return look(window).rect; }
+  Rect monitorRect(WindowHandle window) override { return look(window).monitor; }
+  bool isWindow(WindowHandle window) override { return static_cast<bool>(look(window).handle); }
+
+  WindowHandle foreground() override { return foregroundWindow; }
+  void setForeground(WindowHandle window) override {
+    note("foreground", window);
+    if (!foregroundRefused) foregroundWindow = window;
+  }
+  void restore(WindowHandle window) override { note("restore", window); }
+  void show(WindowHandle window) override { note("show", window); }
+  void setTopmost(WindowHandle window, bool topmost) override {
+    note(topmost ? "topmost" : "not topmost", window);
+  }
+  void bringToTop(WindowHandle window) override { note("top", window); }
+  size_t sendKeys(const std::vector<KeyEvent>& events) override {
+    std::string entry = "keys";
+    for (const KeyEvent& event : events) {
+      entry += (event.up ? " -" : " +") + std::to_string(event.virtualKey);
+    }
+    log.push_back(entry);
+    return std::min(events.size(), keysTaken);
+  }
+
+ private:
+  // What a look at the window gives now; nothing at all when it is gone.
+  FakeWindow look(WindowHandle handle) {
+    for (FakeWindow& window : windows) {
+      if (window.handle != handle || window.queriesLeft == 0) continue;
+      if (window.queriesLeft > 0) --window.queriesLeft;
+      return window;
+    }
+    return {.image = {}, .title = {}, .className = {}, .rect = {}, .monitor = {}, .visible = false};
+  }
+  void note(const std::string& what, WindowHandle window) {
+    log.push_back(what + " " + std::to_string(window.value));
+  }
+};
+
+}  // namespace mrl
