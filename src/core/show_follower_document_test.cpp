@@ -76,6 +76,22 @@ TEST_F(DocumentTest, AShowAfterANamelessOneIsNoOtherDocument) {
   EXPECT_FALSE(differs(namelessShow(), namelessShow()));
 }
 
+TEST_F(DocumentTest, ADocumentThatLosesAndRegainsItsPathIsStillTheSame) {
+  see(showOf(kTalk));
+  waitSeconds(60);
+  see(showTitled(kTalkTitle));
+  see(showOf(kTalk));
+  EXPECT_EQ(elapsedMs(), 60'000);
+}
+
+TEST_F(DocumentTest, ADocumentThatComesBackAfterAnotherStartsFromZero) {
+  see(showOf(kTalk));
+  see(showTitled(kOtherTitle));
+  waitSeconds(60);
+  see(showOf(kTalk));
+  EXPECT_EQ(elapsedMs(), 0);
+}
+
 // What is remembered.
 
 TEST_F(DocumentTest, PathAndTitleOfTheShowAreRemembered) {

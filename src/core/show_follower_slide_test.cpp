@@ -121,6 +121,21 @@ TEST_F(PerSlideTest, WithoutItNoSlideRestartsTheClock) {
   EXPECT_EQ(elapsedMs(), 60'000);
 }
 
+TEST_F(PerSlideTest, TurnedOffDuringAShowItHoldsNoMore) {
+  spendAMinuteOnSlideOne();
+  settings.perSlide = false;
+  see(showOf(kTalk, u'2'));
+  EXPECT_EQ(elapsedMs(), 60'000);
+  EXPECT_TRUE(allFired());
+}
+
+TEST_F(PerSlideTest, AShowWhoseSlidesAreUnknownNeverRestarts) {
+  see(showTitled(kTalkTitle));
+  waitSeconds(60);
+  see(showTitled(kTalkTitle));
+  EXPECT_EQ(elapsedMs(), 60'000);
+}
+
 TEST_F(PerSlideTest, TurnedOnDuringAShowItStartsWithTheNextChange) {
   settings.perSlide = false;
   spendAMinuteOnSlideOne();

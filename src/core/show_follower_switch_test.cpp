@@ -59,6 +59,16 @@ TEST_F(SwitchTest, AnExcludedTargetIsNotedAsWell) {
   EXPECT_EQ(timer, atExpiry);
 }
 
+TEST_F(SwitchTest, UnderTheTargetATimerStartedByHandRunsOn) {
+  beginSwitch();
+  seeTarget();
+  startTimer(timer, nowMs);
+  waitSeconds(10);
+  seeTarget();
+  EXPECT_EQ(timer.phase, TimerPhase::Running);
+  EXPECT_EQ(elapsedMs(), 70'000);
+}
+
 // Before the target has come.
 
 TEST_F(SwitchTest, UntilTheTargetHasComeNothingElseCounts) {
@@ -230,6 +240,32 @@ TEST_F(SwitchTest, TheClosingOfTheTargetResetsAfterTheDelay) {
   EXPECT_FALSE(follower.switchSeen);
   EXPECT_FALSE(follower.followedShow);
   EXPECT_EQ(follower.resetAtMs, nowMs + 30'000);
+}
+
+TEST_F(SwitchTest, TheDelayAfterTheTargetEndsInAReset) {
+  settings.resetDelay = 30;
+  beginSwitch();
+  seeTarget();
+  see(noShow(DocumentState::Closed));
+  waitSeconds(29);
+  tick();
+  EXPECT_EQ(timer, atExpiry);
+  waitSeconds(1);
+  tick();
+  EXPECT_EQ(timer, TimerState{});
+}
+
+TEST_F(SwitchTest, TheFirstTalkWithinTheDelayAfterTheTargetGoesOn) {
+  settings.resetDelay = 30;
+  beginSwitch();
+  seeTarget();
+  see(noShow(DocumentState::Closed));
+  waitSeconds(10);
+  see(showOf(kTalk));
+  waitSeconds(30);
+  tick();
+  EXPECT_EQ(timer.phase, TimerPhase::Running);
+  EXPECT_EQ(elapsedMs(), 90'000);
 }
 
 TEST_F(SwitchTest, TheClosingOfTheTargetIsHeededInManualModeToo) {

@@ -91,6 +91,15 @@ TEST_F(ShowFollowerTest, TurningAutomaticAsTheShowEndsPausesTheTimerButForgetsTh
   EXPECT_EQ(timer.phase, TimerPhase::Paused);  // and not reset
 }
 
+TEST_F(ShowFollowerTest, TurningAutomaticAsTheShowTurnsExcludedResets) {
+  settings.autoMode = false;
+  startTimer(timer, nowMs);
+  see(showOf(kTalk));
+  settings.autoMode = true;
+  see(excludedShowOf(kTalk));
+  EXPECT_EQ(timer, TimerState{});
+}
+
 TEST_F(ShowFollowerTest, TurningManualDuringAShowLetsTheTimerRunOn) {
   runTalkForAMinute();
   settings.autoMode = false;

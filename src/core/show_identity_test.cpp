@@ -20,6 +20,22 @@ ShowStatus showTitled(const std::u16string& title) {
   return {.running = true, .provider = kNativeProvider, .windowTitle = title};
 }
 
+// The status itself.
+
+TEST(ShowStatusTest, ANewStatusKnowsNothing) {
+  const ShowStatus status;
+  EXPECT_FALSE(status.running || status.presentationsOpen || status.window);
+  EXPECT_EQ(status.slide, 0);
+  EXPECT_TRUE(status.documentPath.empty() && status.provider.empty() && status.windowTitle.empty());
+  EXPECT_EQ(status.documentState, DocumentState::Unknown);
+}
+
+TEST(ShowStatusTest, TheStatesOfADocumentKeepTheirNumbers) {
+  EXPECT_EQ(static_cast<uint32_t>(DocumentState::Unknown), 0u);
+  EXPECT_EQ(static_cast<uint32_t>(DocumentState::Open), 1u);
+  EXPECT_EQ(static_cast<uint32_t>(DocumentState::Closed), 2u);
+}
+
 // Slide keys.
 
 TEST(SlideKeyTest, JoinsThePathAsReportedAndTheSlide) {
@@ -156,6 +172,11 @@ TEST_F(ShownDocumentTest, WithoutADocumentNoShowIsIts) {
   EXPECT_FALSE(shows(showOf(kTalk), u""));
   EXPECT_FALSE(shows(showTitled(u"talk.pptx - WPS"), u""));
   EXPECT_FALSE(shows(showTitled(u""), u""));
+}
+
+TEST_F(ShownDocumentTest, WithoutADocumentTheFileSystemIsNotAsked) {
+  EXPECT_FALSE(shows(showOf(kTalk), u""));
+  EXPECT_TRUE(files.done.empty());
 }
 
 TEST_F(ShownDocumentTest, OnlyARunningShowIsAnyones) {
