@@ -68,7 +68,6 @@ void followTracked(ShowFollower& follower, TimerState& timer, const Settings& se
   if (differs) {
     restartElapsed(timer, nowMs);
     timer.phase = TimerPhase::Running;
-    follower.lastSlideKey.clear();
   } else if (justAppeared) {
     if (timer.phase == TimerPhase::Idle) resetTimer(timer);
     startTimer(timer, nowMs);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <string_view>
 
 #include "core/text.h"
 
@@ -12,14 +13,15 @@ namespace {
 constexpr int64_t kMsPerSecond = 1000;
 constexpr int64_t kSecondsPerMinute = 60;
 constexpr int64_t kSecondsPerHour = 3600;
-constexpr char16_t kOvertimePrefix[] = u"已超时 ";
+constexpr std::u16string_view kOvertimePrefix = u"已超时 ";
 
 int64_t secondsAt(const TimerState& timer, uint64_t nowMs) {
   return elapsedAt(timer, nowMs) / kMsPerSecond;
 }
 
-std::u16string atLeastTwoDigits(int64_t value) {
-  return (value < 10 ? u"0" : u"") + decimal(value);
+void appendTwoDigits(std::u16string& text, int64_t value) {
+  if (value < 10) text += u'0';
+  text += decimal(value);
 }
 
 }  // namespace
@@ -80,18 +82,24 @@ bool overlayHidden(const Settings& settings, const TimerState& timer, uint64_t n
 
 std::u16string formatClock(int64_t seconds) {
   const int64_t total = std::max<int64_t>(0, seconds);
-  const int64_t hours = total / kSecondsPerHour;
-  return (hours > 0 ? atLeastTwoDigits(hours) + u":" : u"") +
-         atLeastTwoDigits(total % kSecondsPerHour / kSecondsPerMinute) + u":" +
-         atLeastTwoDigits(total % kSecondsPerMinute);
+  std::u16string text;
+  if (total >= kSecondsPerHour) {
+    appendTwoDigits(text, total / kSecondsPerHour);
+    text += u':';
+  }
+  appendTwoDigits(text, total % kSecondsPerHour / kSecondsPerMinute);
+  text += u':';
+  appendTwoDigits(text, total % kSecondsPerMinute);
+  return text;
 }
 
 std::u16string timeText(const TimerState& timer, uint64_t nowMs, const Settings& settings) {
   const int64_t seconds = secondsAt(timer, nowMs);
   if (!settings.down) return formatClock(seconds);
-  if (seconds > settings.duration)
-    return kOvertimePrefix + formatClock(seconds - settings.duration);
-  return formatClock(settings.duration - seconds);
+  if (seconds <= settings.duration) return formatClock(settings.duration - seconds);
+  std::u16string text(kOvertimePrefix);
+  text += formatClock(seconds - settings.duration);
+  return text;
 }
 
 }  // namespace mrl

@@ -185,6 +185,15 @@ TEST(OverlayHiddenTest, CountingUpTheOtherRulesHold) {
   EXPECT_TRUE(hidden({.hideNoDocument = true, .down = false, .presentationsOpen = false}));
 }
 
+TEST(OverlayHiddenTest, ARunningTimerIsReadAtTheMomentAsked) {
+  Settings settings = countdownOf(10);
+  settings.hideZero = true;
+  TimerState timer;
+  startTimer(timer, kNowMs);
+  EXPECT_FALSE(overlayHidden(settings, timer, kNowMs + 9'999, false, true));
+  EXPECT_TRUE(overlayHidden(settings, timer, kNowMs + 10'000, false, true));
+}
+
 TEST(OverlayHiddenTest, ADurationOfZeroHidesItAtOnce) {
   EXPECT_TRUE(hidden({.hideZero = true, .duration = 0, .elapsedMs = 0}));
   EXPECT_FALSE(hidden({.hideZero = true, .black = true, .duration = 0, .elapsedMs = 0}));
