@@ -33,11 +33,9 @@ const ClassRow* classOf(const std::wstring& progId) {
   return nullptr;
 }
 
-const std::wstring kClassesKey = L"Software\\Classes\\";
-
+// For the whole machine: Wine's COM doesn't look at the classes of the user.
 bool writeDefault(const std::wstring& key, const std::wstring& value) {
-  return RegSetKeyValueW(HKEY_CURRENT_USER, (kClassesKey + key).c_str(), nullptr, REG_SZ,
-                         value.c_str(),
+  return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
                          static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
@@ -93,8 +91,8 @@ void unregisterProgIds(const std::vector<std::wstring>& progIds) {
   for (const std::wstring& progId : progIds) {
     const ClassRow* row = classOf(progId);
     if (!row) continue;
-    RegDeleteTreeW(HKEY_CURRENT_USER, (kClassesKey + progId).c_str());
-    RegDeleteTreeW(HKEY_CURRENT_USER, (kClassesKey + L"CLSID\\" + row->text).c_str());
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, progId.c_str());
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, (std::wstring(L"CLSID\\") + row->text).c_str());
   }
 }
 

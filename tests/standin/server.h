@@ -13,7 +13,7 @@ namespace mrl::standin {
 
 struct StandIn;
 
-/// Writes the user's registration of these ProgIDs: this image is the program that serves them.
+/// Writes the machine's registration of these ProgIDs: this image is the program that serves them.
 /// False when a ProgID isn't one that the stand-in can play, or the registry refuses.
 [[nodiscard]] bool registerProgIds(const std::vector<std::wstring>& progIds);
 /// Takes the registration away again; what isn't there is passed over.
