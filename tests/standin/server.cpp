@@ -119,11 +119,22 @@ bool Server::announce(StandIn& standIn) {
 
 void Server::withdraw() {
   for (const DWORD handle : activeObjects) RevokeActiveObject(handle, nullptr);
-  for (const DWORD handle : classObjects) CoRevokeClassObject(handle);
+  revokeClassObjects();
   activeObjects.clear();
-  classObjects.clear();
   if (application) CoDisconnectObject(application.Get(), 0);
   application.Reset();
+}
+
+void Server::crash() {
+  // Windows forgets the class objects of the dead. Wine goes on giving them out, also when the
+  // program is started anew, so they go first.
+  revokeClassObjects();
+  TerminateProcess(GetCurrentProcess(), 1);
+}
+
+void Server::revokeClassObjects() {
+  for (const DWORD handle : classObjects) CoRevokeClassObject(handle);
+  classObjects.clear();
 }
 
 }  // namespace mrl::standin

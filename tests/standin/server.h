@@ -31,9 +31,13 @@ class Server {
   [[nodiscard]] bool announce(StandIn& standIn);
   /// Nobody finds the application any more, and references that others hold are dead.
   void withdraw();
+  /// Ends the process on the spot, as a crash does, for whoever holds or looks for the application.
+  void crash();
   bool announced() const { return application != nullptr; }
 
  private:
+  void revokeClassObjects();
+
   Microsoft::WRL::ComPtr<IDispatch> application;
   std::vector<DWORD> activeObjects;
   std::vector<DWORD> classObjects;

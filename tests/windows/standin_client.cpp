@@ -92,7 +92,8 @@ bool Client::waitForEnd() { return WaitForSingleObject(process, kAnswerLimitMs) 
 
 void Client::kill() {
   if (!process) return;
-  TerminateProcess(process, 1);
+  command(L"die");
+  TerminateProcess(process, 1);  // for one that hangs, or never came up
   WaitForSingleObject(process, kAnswerLimitMs);
 }
 

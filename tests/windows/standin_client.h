@@ -31,7 +31,7 @@ class Client {
   DWORD processId() const { return process ? GetProcessId(process) : 0; }
   /// True once the process has ended; waits for that for a while.
   [[nodiscard]] bool waitForEnd();
-  /// Ends the process at once, without a word to COM or to anybody.
+  /// The process crashes. Waits until it is gone.
   void kill();
 
  private:

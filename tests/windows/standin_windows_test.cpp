@@ -89,10 +89,17 @@ TEST_F(StandInWindowTest, TheShowWindowCoversItsMonitorAndIsInFront) {
   EXPECT_TRUE(waitUntil([this] { return GetForegroundWindow() == show; }));
 }
 
-TEST_F(StandInWindowTest, TheWindowsBelongToTheImageOfThatName) {
+TEST_F(StandInWindowTest, ItsWindowsBelongToAProcessOfThatImageName) {
   DWORD owner = 0;
   GetWindowThreadProcessId(editing, &owner);
   EXPECT_EQ(owner, standIn.processId());
+  const HANDLE process = OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, owner);
+  ASSERT_TRUE(process);
+  wchar_t path[1024];
+  DWORD length = std::size(path);
+  EXPECT_TRUE(QueryFullProcessImageNameW(process, 0, path, &length));
+  CloseHandle(process);
+  EXPECT_TRUE(std::wstring(path, length).ends_with(L"\\powerpnt.exe"));
 }
 
 TEST_F(StandInWindowTest, AnInsetShowIsShortOnTheSidesAsked) {
