@@ -59,11 +59,16 @@ class StandInWindowTest : public StandInTest {
     show = findWindow(L"screenClass", kShowTitle);
     ASSERT_TRUE(show);
   }
-  /// Keys go to whatever window is in front, so wait for that one to be there.
+  /// Keys go to whatever window is in front. The window manager may still be about to put another
+  /// one there, so the window must have stayed in front for a while.
   bool bringToFront(HWND window) {
-    return waitUntil([window] {
-      SetForegroundWindow(window);
-      return GetForegroundWindow() == window;
+    ULONGLONG sinceMs = GetTickCount64();
+    return waitUntil([&] {
+      if (GetForegroundWindow() != window) {
+        SetForegroundWindow(window);
+        sinceMs = GetTickCount64();
+      }
+      return GetTickCount64() - sinceMs > 300;
     });
   }
   /// Keys take their way through the system, so their effect may come a little later.
