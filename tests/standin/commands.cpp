@@ -198,6 +198,11 @@ std::wstring unregisterNow(StandIn& standIn, const Words&) {
   return kOk;
 }
 
+std::wstring die(StandIn& standIn, const Words&) {
+  standIn.server.crash();
+  return kOk;
+}
+
 std::wstring quit(StandIn&, const Words&) {
   PostQuitMessage(0);
   return kOk;
@@ -237,6 +242,7 @@ constexpr CommandRow kCommands[] = {
     {L"restore-automation", 0, L"", restoreAutomation},
     {L"register", 0, L"", registerNow},
     {L"unregister", 0, L"", unregisterNow},
+    {L"die", 0, L"", die},
     {L"quit", 0, L"", quit},
 };
 

@@ -156,7 +156,7 @@ HRESULT DispatchObject::call(const Member& member, const Arguments& arguments, V
   Faults& faults = standIn.faults;
   const wchar_t* object = objectName(ref.kind);
   Sleep(std::exchange(faults.hangMs, 0));
-  if (faults.deadly.take(object, member.name)) TerminateProcess(GetCurrentProcess(), 1);
+  if (faults.deadly.take(object, member.name)) standIn.server.crash();
   if (faults.failing.take(object, member.name))
     return explain(E_FAIL, std::wstring(member.name) + L" was told to fail", info);
 

@@ -11,20 +11,13 @@ using Microsoft::WRL::ComPtr;
 
 struct ClassRow {
   const wchar_t* progId;
-  CLSID id;
-  const wchar_t* text;  // the same, as the registry spells it
+  const wchar_t* classId;
 };
 
 constexpr ClassRow kClasses[] = {
-    {L"PowerPoint.Application",
-     {0x4119cc63, 0x7047, 0x4cf3, {0x82, 0xf5, 0x38, 0xd7, 0x61, 0x10, 0xef, 0x8a}},
-     L"{4119CC63-7047-4CF3-82F5-38D76110EF8A}"},
-    {L"KWPP.Application",
-     {0xa4e7f9ff, 0x24cf, 0x4294, {0x8f, 0xd8, 0xec, 0x8e, 0xc6, 0x7a, 0xa4, 0xe0}},
-     L"{A4E7F9FF-24CF-4294-8FD8-EC8EC67AA4E0}"},
-    {L"WPP.Application",
-     {0xe70aae7e, 0x72f8, 0x4ba0, {0x8a, 0x54, 0x56, 0x41, 0xda, 0x5e, 0xb7, 0x12}},
-     L"{E70AAE7E-72F8-4BA0-8A54-5641DA5EB712}"},
+    {L"PowerPoint.Application", L"{4119CC63-7047-4CF3-82F5-38D76110EF8A}"},
+    {L"KWPP.Application", L"{A4E7F9FF-24CF-4294-8FD8-EC8EC67AA4E0}"},
+    {L"WPP.Application", L"{E70AAE7E-72F8-4BA0-8A54-5641DA5EB712}"},
 };
 
 const ClassRow* classOf(const std::wstring& progId) {
@@ -33,11 +26,9 @@ const ClassRow* classOf(const std::wstring& progId) {
   return nullptr;
 }
 
-const std::wstring kClassesKey = L"Software\\Classes\\";
-
+// For the whole machine: Wine's COM doesn't look at the classes of the user.
 bool writeDefault(const std::wstring& key, const std::wstring& value) {
-  return RegSetKeyValueW(HKEY_CURRENT_USER, (kClassesKey + key).c_str(), nullptr, REG_SZ,
-                         value.c_str(),
+  return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
                          static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
@@ -80,8 +71,8 @@ bool registerProgIds(const std::vector<std::wstring>& progIds) {
     const ClassRow* row = classOf(progId);
     if (!row) return false;
     const std::wstring server = L"\"" + imagePath() + L"\" --progid=" + progId;
-    const std::wstring classKey = std::wstring(L"CLSID\\") + row->text;
-    if (!writeDefault(progId + L"\\CLSID", row->text) ||
+    const std::wstring classKey = std::wstring(L"CLSID\\") + row->classId;
+    if (!writeDefault(progId + L"\\CLSID", row->classId) ||
         !writeDefault(classKey + L"\\ProgID", progId) ||
         !writeDefault(classKey + L"\\LocalServer32", server))
       return false;
@@ -93,8 +84,8 @@ void unregisterProgIds(const std::vector<std::wstring>& progIds) {
   for (const std::wstring& progId : progIds) {
     const ClassRow* row = classOf(progId);
     if (!row) continue;
-    RegDeleteTreeW(HKEY_CURRENT_USER, (kClassesKey + progId).c_str());
-    RegDeleteTreeW(HKEY_CURRENT_USER, (kClassesKey + L"CLSID\\" + row->text).c_str());
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, progId.c_str());
+    RegDeleteTreeW(HKEY_CLASSES_ROOT, (std::wstring(L"CLSID\\") + row->classId).c_str());
   }
 }
 
@@ -105,14 +96,15 @@ bool Server::announce(StandIn& standIn) {
   factory.Attach(new Factory(application));
   for (const std::wstring& progId : standIn.options.progIds) {
     const ClassRow* row = classOf(progId);
-    if (!row) return false;
+    CLSID id;
+    if (!row || FAILED(CLSIDFromString(row->classId, &id))) return false;
     DWORD handle = 0;
     // Strong, so that the object stays reachable while nobody holds it.
-    if (FAILED(RegisterActiveObject(application.Get(), row->id, ACTIVEOBJECT_STRONG, &handle)))
+    if (FAILED(RegisterActiveObject(application.Get(), id, ACTIVEOBJECT_STRONG, &handle)))
       return false;
     activeObjects.push_back(handle);
-    if (FAILED(CoRegisterClassObject(row->id, factory.Get(), CLSCTX_LOCAL_SERVER,
-                                     REGCLS_MULTIPLEUSE, &handle)))
+    if (FAILED(CoRegisterClassObject(id, factory.Get(), CLSCTX_LOCAL_SERVER, REGCLS_MULTIPLEUSE,
+                                     &handle)))
       return false;
     classObjects.push_back(handle);
   }
@@ -121,11 +113,22 @@ bool Server::announce(StandIn& standIn) {
 
 void Server::withdraw() {
   for (const DWORD handle : activeObjects) RevokeActiveObject(handle, nullptr);
-  for (const DWORD handle : classObjects) CoRevokeClassObject(handle);
+  revokeClassObjects();
   activeObjects.clear();
-  classObjects.clear();
   if (application) CoDisconnectObject(application.Get(), 0);
   application.Reset();
+}
+
+void Server::crash() {
+  // Windows forgets the class objects of the dead. Wine goes on giving them out, also when the
+  // program is started anew, so they go first.
+  revokeClassObjects();
+  TerminateProcess(GetCurrentProcess(), 1);
+}
+
+void Server::revokeClassObjects() {
+  for (const DWORD handle : classObjects) CoRevokeClassObject(handle);
+  classObjects.clear();
 }
 
 }  // namespace mrl::standin

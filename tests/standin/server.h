@@ -13,7 +13,7 @@ namespace mrl::standin {
 
 struct StandIn;
 
-/// Writes the user's registration of these ProgIDs: this image is the program that serves them.
+/// Writes the machine's registration of these ProgIDs: this image is the program that serves them.
 /// False when a ProgID isn't one that the stand-in can play, or the registry refuses.
 [[nodiscard]] bool registerProgIds(const std::vector<std::wstring>& progIds);
 /// Takes the registration away again; what isn't there is passed over.
@@ -31,9 +31,13 @@ class Server {
   [[nodiscard]] bool announce(StandIn& standIn);
   /// Nobody finds the application any more, and references that others hold are dead.
   void withdraw();
+  /// Ends the process on the spot, as a crash does, for whoever holds or looks for the application.
+  void crash();
   bool announced() const { return application != nullptr; }
 
  private:
+  void revokeClassObjects();
+
   Microsoft::WRL::ComPtr<IDispatch> application;
   std::vector<DWORD> activeObjects;
   std::vector<DWORD> classObjects;
