@@ -42,3 +42,6 @@ if(SYSTEM_TESTS)
   target_include_directories(marlune_system_tests PRIVATE tests)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest_main)
 endif()
+
+add_executable(marlune_paint_bench bench/clock_paint_bench_win.cpp)
+target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)

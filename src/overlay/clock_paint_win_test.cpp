@@ -122,10 +122,11 @@ class PreviewPaintTest : public ClockPaintTest {
   }
   void TearDown() override { DestroyWindow(window); }
   void makeWindow() {
-    window =
-        CreateWindowExW(WS_EX_TOPMOST, L"Marlune.Native.Preview", L"", WS_POPUP | WS_VISIBLE, 200,
-                        200, 183, 82, nullptr, nullptr, GetModuleHandleW(nullptr), &windowClass);
+    window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, L"Marlune.Native.Preview", L"",
+                             WS_POPUP, 200, 200, 183, 82, nullptr, nullptr,
+                             GetModuleHandleW(nullptr), &windowClass);
     ASSERT_TRUE(window);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
   }
 
   TestWindowClass windowClass{L"Marlune.Native.Preview"};

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <memory>
 
 #include "overlay/clock_geometry.h"
 
@@ -19,7 +21,12 @@ bool isInk(uint32_t pixel) { return redOf(pixel) > 128; }
 
 class ClockPainterTest : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(painter.createFactories()); }
+  // One for all tests: the first paint of a painter takes the longest by far.
+  static void SetUpTestSuite() {
+    shared = std::make_unique<ClockPainterWin>();
+    ASSERT_TRUE(shared->createFactories());
+  }
+  static void TearDownTestSuite() { shared.reset(); }
 
   void render(const std::u16string& text, Size units = kDefaultClockUnits, int dpi = 96) {
     picture.text = text;
@@ -55,7 +62,8 @@ class ClockPainterTest : public testing::Test {
 
   Settings settings;
   ClockPicture picture{.settings = settings, .text = {}};
-  ClockPainterWin painter;
+  static inline std::unique_ptr<ClockPainterWin> shared;
+  ClockPainterWin& painter = *shared;
   Size size;
 };
 

@@ -39,6 +39,30 @@ class ClockWindowWinTest : public RealClockWindowFixture {
   }
 };
 
+/// Another window that wants to be above all others.
+class Rival {
+ public:
+  Rival() {
+    window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, L"STATIC", L"", WS_POPUP, 0, 0, 50,
+                             50, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
+    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  }
+  Rival(const Rival&) = delete;
+  Rival& operator=(const Rival&) = delete;
+  ~Rival() { DestroyWindow(window); }
+
+  bool isAbove(HWND below) const {
+    for (HWND next = window; next; next = GetWindow(next, GW_HWNDNEXT)) {
+      if (next == below) return true;
+    }
+    return false;
+  }
+
+ private:
+  HWND window = nullptr;
+};
+
 TEST_F(ClockWindowWinTest, ItIsALayeredToolWindowOnTop) {
   const LONG_PTR wanted = WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED;
   EXPECT_EQ(style(GWL_EXSTYLE) & wanted, wanted);
@@ -74,30 +98,20 @@ TEST_F(ClockWindowWinTest, ShowingAndRaisingLeaveTheActiveWindowActive) {
 }
 
 TEST_F(ClockWindowWinTest, ShowingPutsItAboveOtherWindowsOnTop) {
-  const HWND rival = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50,
-                                     50, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-  SetWindowPos(rival, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   clock.show();
-  bool clockIsBelow = false;
-  for (HWND next = rival; next; next = GetWindow(next, GW_HWNDNEXT)) {
-    clockIsBelow = clockIsBelow || next == clock.window();
-  }
-  EXPECT_FALSE(clockIsBelow);
+  const Rival rival;
+  ASSERT_TRUE(rival.isAbove(clock.window()));
+  clock.show();
+  EXPECT_FALSE(rival.isAbove(clock.window()));
   EXPECT_TRUE(style(GWL_EXSTYLE) & WS_EX_TOPMOST);
-  DestroyWindow(rival);
 }
 
 TEST_F(ClockWindowWinTest, RaisingPutsAVisibleClockAboveOtherWindowsOnTop) {
   clock.show();
-  const HWND rival = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50,
-                                     50, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  const Rival rival;
+  ASSERT_TRUE(rival.isAbove(clock.window()));
   clock.raise();
-  bool rivalIsBelow = false;
-  for (HWND next = clock.window(); next; next = GetWindow(next, GW_HWNDNEXT)) {
-    rivalIsBelow = rivalIsBelow || next == rival;
-  }
-  EXPECT_TRUE(rivalIsBelow);
-  DestroyWindow(rival);
+  EXPECT_FALSE(rival.isAbove(clock.window()));
 }
 
 TEST_F(ClockWindowWinTest, InvalidatingAsksForOnePaintWithoutErasing) {
