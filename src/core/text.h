@@ -2,6 +2,7 @@
 // pair of functions between them.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 

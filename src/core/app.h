@@ -1,0 +1,115 @@
+// The one application object: all state of the program, and the doors through which it reaches the
+// outside. It belongs to the UI thread. What it does stands in free functions beside it: the tick,
+// the expiry actions, the commands, the clock window's behaviour.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/clock.h"
+#include "core/main_loop.h"
+#include "core/black_screen.h"
+#include "core/screens.h"
+#include "core/show_follower.h"
+#include "core/timer.h"
+#include "overlay/clock_geometry.h"
+#include "overlay/clock_window.h"
+#include "overlay/resize_toolbar.h"
+#include "presentation/automation_access.h"
+#include "presentation/show_status.h"
+#include "settings/files.h"
+#include "settings/settings.h"
+
+namespace mrl {
+
+/// The doors: real ones come from the program's entry, fakes from tests. All outlive the App.
+struct Platform {
+  Clock& clock;
+  Files& files;
+  Automation& automation;
+  WindowSystem& windows;
+  Screens& screens;
+  MainLoop& loop;
+  ClockWindow& clockWindow;
+  ResizeToolbar& resizeToolbar;
+  BlackScreen& blackScreen;
+
+  [[nodiscard]] PresentationAccess presentation() const { return {automation, windows, files}; }
+};
+
+/// What the process ends with.
+enum ExitCode : int { kExitNormal = 0, kExitNoCom = 1, kExitNoDrawing = 2, kExitNoClock = 3 };
+
+/// A drag of one of the clock's corners: what stood at its start.
+struct CornerDrag {
+  CornerHit hit = CornerHit::None;
+  Point cursor;
+  Rect rect;
+};
+
+/// Every time field is a reading of the clock; 0 means "not set".
+struct App {
+  explicit App(const Platform& doors) : platform(doors) {}
+  App(const App&) = delete;
+  App& operator=(const App&) = delete;
+
+  Platform platform;
+
+  Settings settings;
+  TimerState timer;
+  ShowFollower follower;
+  AutomationState automation;
+  ShowStatus lastStatus;
+
+  bool resizeMode = false;
+  bool settingsWritable = true;  // false: the file on disk was refused and is protected
+  bool blackActive = false;
+
+  std::u16string lastError;  // the last message for the user
+  std::u16string settingsPath;
+  bool testMode = false;
+  std::u16string testRoot;
+
+  uint64_t lastPollMs = 0;
+
+  std::optional<CornerDrag> drag;  // a corner drag of the clock in progress
+
+  std::u16string lastClockText;
+  bool lastBlinkOn = false;
+  bool hiddenByRule = false;  // a hide rule, not the user, hid the clock
+  bool lastExcluded = false;
+
+  std::u16string switchTarget;  // the deck that the switch after expiry plays
+  bool switchHold = false;      // the clock stays hidden while that deck is shown
+  bool switchHoldSeen = false;  // a poll has seen it during the hold
+  bool blinkActive = false;
+  uint64_t blinkStartMs = 0;
+  uint64_t blinkEndMs = 0;
+  uint64_t switchAtMs = 0;
+  uint64_t switchPulseUntilMs = 0;
+  uint64_t switchPulseNextMs = 0;
+};
+
+/// Start-up: reads the arguments (without the program's name), loads the settings and brings the
+/// clock up. `defaultSettingsPath` is used outside test mode. Gives an exit code when the program
+/// can't go on. Throws std::filesystem::filesystem_error when the file system can't even tell
+/// whether there are settings, or can't make the folder of test mode.
+std::optional<int> startApp(App& app, const std::vector<std::u16string>& arguments,
+                            const std::u16string& defaultSettingsPath);
+
+/// First half of the shutdown, when the clock's window goes: takes the other windows along and ends
+/// the loop.
+void onClockDestroyed(App& app);
+
+/// Second half, after the loop.
+void finishApp(App& app);
+
+/// The one way of telling the user something outside a dialog. Never blocks.
+void setStatus(App& app, const std::u16string& text);
+
+/// Saves `changed` and adopts it only if that worked; otherwise the user is told and false returned.
+bool adoptSettings(App& app, const Settings& changed);
+
+}  // namespace mrl

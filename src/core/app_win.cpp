@@ -1,0 +1,172 @@
+#include "core/app_win.h"
+
+#include <shellapi.h>
+#include <windowsx.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/commands.h"
+#include "core/geometry_win.h"
+#include "core/tick.h"
+#include "core/wide_win.h"
+#include "core/window_classes_win.h"
+#include "overlay/clock_behaviour.h"
+#include "settings/settings_path_win.h"
+
+namespace mrl {
+namespace {
+
+std::vector<std::u16string> programArguments() {
+  int count = 0;
+  wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::u16string> arguments;
+  for (int i = 1; list != nullptr && i < count; ++i) arguments.push_back(u16From(list[i]));
+  LocalFree(list);
+  return arguments;
+}
+
+bool isClass(HWND window, std::wstring_view name) {
+  wchar_t buffer[80];
+  const int length = GetClassNameW(window, buffer, static_cast<int>(std::size(buffer)));
+  return name == std::wstring_view(buffer, static_cast<size_t>(length));
+}
+
+LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    SetWindowLongPtrW(window, GWLP_USERDATA,
+                      reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+  }
+  auto* program = reinterpret_cast<AppWin*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (program == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  return program->handleMessage(window, message, wParam, lParam);
+}
+
+void moveToSuggestedRect(HWND window, LPARAM lParam) {
+  const Rect rect = rectFrom(*reinterpret_cast<const RECT*>(lParam));
+  SetWindowPos(window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool isCorner(WPARAM hit) {
+  return hit == HTTOPLEFT || hit == HTTOPRIGHT || hit == HTBOTTOMLEFT || hit == HTBOTTOMRIGHT;
+}
+
+}  // namespace
+
+AppWin::AppWin(HINSTANCE programInstance)
+    : instance(programInstance),
+      clockWindow(programInstance, this),
+      resizeToolbar(programInstance, this, clockWindow),
+      blackScreen(programInstance, this),
+      app({clock, files, automation, windows, screens, *this, clockWindow, resizeToolbar,
+           blackScreen}) {}
+
+int AppWin::run() {
+  if (const auto exitCode = startApp(app, programArguments(), settingsPath())) return *exitCode;
+  MSG message{};
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  finishApp(app);
+  return static_cast<int>(message.wParam);
+}
+
+LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_DPICHANGED) {
+    moveToSuggestedRect(window, lParam);
+    return 0;
+  }
+  if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);
+  if (isClass(window, kResizeClass)) return handleToolbarMessage(window, message, wParam, lParam);
+  if (isClass(window, kBlackClass)) return handleBlackMessage(window, message, wParam, lParam);
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND: runCommand(app, LOWORD(wParam)); return 0;
+    case WM_DESTROY: onClockDestroyed(app); return 0;
+    case WM_SIZE: onClockSized(app); return 0;
+    case WM_PAINT: paint(window); return 0;
+    case WM_CLOSE: runCommand(app, kCommandExit); return 0;
+    case WM_ERASEBKGND: return 1;
+    case WM_GETMINMAXINFO: {
+      const SizeLimits limits = clockSizeLimits(static_cast<int>(GetDpiForWindow(window)));
+      auto* info = reinterpret_cast<MINMAXINFO*>(lParam);
+      info->ptMinTrackSize = {limits.smallest.width, limits.smallest.height};
+      info->ptMaxTrackSize = {limits.largest.width, limits.largest.height};
+      return 0;
+    }
+    case WM_WINDOWPOSCHANGED: placeToolbar(app); break;
+    case WM_NCHITTEST: {
+      const CornerHit hit = clockHitTest(app, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      if (hit != CornerHit::None) return static_cast<LRESULT>(hit);
+      break;
+    }
+    case WM_NCLBUTTONDOWN:
+      if (!app.resizeMode || !isCorner(wParam)) break;
+      onCornerPress(app, static_cast<CornerHit>(wParam));
+      return 0;
+    case WM_MOUSEMOVE:
+      if (GetCapture() == window) onCornerDrag(app);
+      return 0;
+    case WM_LBUTTONUP: onCornerRelease(app); return 0;
+    case WM_CAPTURECHANGED: onCaptureLost(app); break;
+    case WM_LBUTTONDOWN: onClockPress(app); return 0;
+    case WM_EXITSIZEMOVE: onClockMoveEnded(app); return 0;
+    case WM_KEYDOWN:
+      if (onClockKey(app, static_cast<int>(wParam))) return 0;
+      break;
+    case WM_TIMER:
+      if (wParam == static_cast<WPARAM>(LoopTimer::Tick)) tick(app);
+      return 0;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT AppWin::handleToolbarMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_COMMAND) return DefWindowProcW(window, message, wParam, lParam);
+  runCommand(app, LOWORD(wParam));
+  return 0;
+}
+
+LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CLOSE:
+    case WM_LBUTTONDOWN: return 0;  // only its own ways out end the black screen
+    case WM_KEYDOWN:
+      if (onBlackKey(app, static_cast<int>(wParam))) return 0;
+      break;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void AppWin::paint(HWND window) {
+  painter.paintClock(window, clockPicture(app));
+}
+
+bool AppWin::prepareDrawing() { return painter.createFactories(); }
+
+void AppWin::registerWindowClasses() { mrl::registerWindowClasses(instance, windowProcedure); }
+
+void AppWin::setTimer(LoopTimer timer, uint32_t periodMs) {
+  SetTimer(windowFrom(clockWindow.handle()), static_cast<UINT_PTR>(timer), periodMs, nullptr);
+}
+
+void AppWin::killTimer(LoopTimer timer) {
+  KillTimer(windowFrom(clockWindow.handle()), static_cast<UINT_PTR>(timer));
+}
+
+void AppWin::postCommand(int command) {
+  PostMessageW(windowFrom(clockWindow.handle()), WM_COMMAND, static_cast<WPARAM>(command), 0);
+}
+
+void AppWin::quit() { PostQuitMessage(0); }
+
+uint32_t AppWin::processId() { return GetCurrentProcessId(); }
+
+}  // namespace mrl

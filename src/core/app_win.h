@@ -1,0 +1,58 @@
+// The program on Windows: makes the real doors, owns the App, runs the message loop and routes every
+// message of every window. UI thread.
+#pragma once
+
+#include <windows.h>
+
+#include "core/app.h"
+#include "core/black_screen_win.h"
+#include "core/clock_win.h"
+#include "core/screens_win.h"
+#include "overlay/clock_painter_win.h"
+#include "overlay/clock_window_win.h"
+#include "overlay/resize_toolbar_win.h"
+#include "presentation/automation_win.h"
+#include "presentation/window_system_win.h"
+#include "settings/files_win.h"
+
+namespace mrl {
+
+class AppWin : private MainLoop {
+ public:
+  explicit AppWin(HINSTANCE instance);
+  AppWin(const AppWin&) = delete;
+  AppWin& operator=(const AppWin&) = delete;
+
+  /// Start-up, message loop, shutdown. Returns the exit code.
+  int run();
+
+  LRESULT handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+
+ private:
+  LRESULT handleClockMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT handleToolbarMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void paint(HWND window);
+
+  bool prepareDrawing() override;
+  void registerWindowClasses() override;
+  void setTimer(LoopTimer timer, uint32_t periodMs) override;
+  void killTimer(LoopTimer timer) override;
+  void postCommand(int command) override;
+  void quit() override;
+  uint32_t processId() override;
+
+  HINSTANCE instance;
+  ClockWin clock;
+  FilesWin files;
+  AutomationWin automation;
+  WindowSystemWin windows;
+  ScreensWin screens;
+  ClockWindowWin clockWindow;
+  ResizeToolbarWin resizeToolbar;
+  BlackScreenWin blackScreen;
+  ClockPainterWin painter;
+  App app;
+};
+
+}  // namespace mrl

@@ -1,0 +1,18 @@
+// The windows that black out every monitor.
+#pragma once
+
+namespace mrl {
+
+/// UI thread only. Owns the black windows.
+class BlackScreen {
+ public:
+  virtual ~BlackScreen() = default;
+  /// One window over each monitor, shown; the first takes the foreground.
+  virtual void cover() = 0;
+  virtual void uncover() = 0;
+  [[nodiscard]] virtual bool isCovering() = 0;
+  /// Lifts the windows that still exist to the top of the always-on-top band.
+  virtual void raise() = 0;
+};
+
+}  // namespace mrl

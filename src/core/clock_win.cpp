@@ -1,0 +1,11 @@
+#include "core/clock_win.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+namespace mrl {
+
+uint64_t ClockWin::nowMs() const { return std::max<uint64_t>(GetTickCount64(), 1); }
+
+}  // namespace mrl

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "core/clock.h"
+
+namespace mrl {
+
+class ClockWin : public Clock {
+ public:
+  uint64_t nowMs() const override;
+};
+
+}  // namespace mrl

@@ -1,0 +1,86 @@
+#include "core/commands.h"
+
+#include "core/expiry.h"
+#include "core/tick.h"
+#include "overlay/clock_behaviour.h"
+
+namespace mrl {
+namespace {
+
+// Windows' virtual keys.
+constexpr int kKeyEscape = 0x1B;
+constexpr int kKeyF2 = 0x71;
+constexpr int kKeyF4 = 0x73;
+
+void toggleTimer(App& app) {
+  const uint64_t nowMs = app.platform.clock.nowMs();
+  if (app.timer.phase == TimerPhase::Running) {
+    pauseTimer(app.timer, nowMs);
+  } else {
+    startTimer(app.timer, nowMs);
+  }
+}
+
+void setClockVisible(App& app, bool visible) {
+  if (visible) {
+    showClock(app);
+  } else {
+    app.platform.clockWindow.hide();
+  }
+  app.hiddenByRule = false;  // from here on it is the user's wish
+}
+
+void setMode(App& app, bool automatic) {
+  Settings changed = app.settings;
+  changed.autoMode = automatic;
+  if (!adoptSettings(app, changed)) return;
+  // At once and not at the next poll: automatic mode chosen during a show starts the timer now.
+  followShow(app.follower, app.timer, app.settings, observe(app, app.lastStatus, app.lastExcluded),
+             app.platform.clock.nowMs());
+}
+
+void dispatch(App& app, int command) {
+  switch (command) {
+    case kCommandToggleTimer: return toggleTimer(app);
+    case kCommandReset:
+      resetTimer(app.timer);
+      return clearRuntime(app);
+    case kCommandToggleResizeMode: return toggleResizeMode(app);
+    case kCommandDefaultSize: return restoreDefaultSize(app);
+    case kCommandToggleVisibility:
+      return setClockVisible(app, !app.platform.clockWindow.isVisible());
+    case kCommandToggleBlack: return setBlack(app, !app.platform.blackScreen.isCovering());
+    case kCommandExit: return app.platform.clockWindow.destroy();
+    case kCommandShowClock: return setClockVisible(app, true);
+    case kCommandHideClock: return setClockVisible(app, false);
+    case kCommandManualMode: return setMode(app, false);
+    case kCommandAutoMode: return setMode(app, true);
+    case kCommandPauseOrResume:
+      if (app.timer.phase != TimerPhase::Idle) toggleTimer(app);
+      return;
+    default: return;
+  }
+}
+
+}  // namespace
+
+void runCommand(App& app, int command) {
+  dispatch(app, command);
+  app.platform.clockWindow.invalidate();
+}
+
+bool onClockKey(App& app, int virtualKey) {
+  switch (virtualKey) {
+    case kKeyF2: runCommand(app, kCommandToggleTimer); return true;
+    case kKeyF4: runCommand(app, kCommandReset); return true;
+    default: return app.blackActive && onBlackKey(app, virtualKey);
+  }
+}
+
+bool onBlackKey(App& app, int virtualKey) {
+  if (virtualKey != kKeyEscape) return false;
+  exitShow(app);
+  return true;
+}
+
+}  // namespace mrl

@@ -1,0 +1,76 @@
+#include "core/expiry.h"
+
+#include "overlay/clock_behaviour.h"
+#include "presentation/show_control.h"
+
+namespace mrl {
+namespace {
+
+constexpr char16_t kNoShowToBlack[] = u"当前没有可控制的放映，黑屏不适用于已排除的文稿。";
+
+}  // namespace
+
+void startBlink(App& app, uint32_t seconds) {
+  app.blinkActive = true;
+  app.blinkStartMs = app.platform.clock.nowMs();
+  app.blinkEndMs = seconds > 0 ? app.blinkStartMs + uint64_t{seconds} * 1000 : 0;
+}
+
+void fireStage(App& app, int index) {
+  const PromptStage& stage = index == 0 ? app.settings.prompt1 : app.settings.prompt2;
+  if (stage.blinkWindow || stage.blinkBackground) startBlink(app, stage.blinkSeconds);
+}
+
+void fireExpiry(App& app, uint64_t nowMs) {
+  const Settings& settings = app.settings;
+  // The black screen leaves the overtime on display, and it is to be noticed there.
+  if (settings.blink || settings.black) startBlink(app, settings.blinkSeconds);
+  if (settings.black) setBlack(app, true);
+  if (settings.exitShow) exitShow(app);
+  (void)nowMs;
+}
+
+void runTimedWork(App& app, uint64_t nowMs) {
+  if (app.blinkEndMs != 0 && nowMs >= app.blinkEndMs) {
+    app.blinkActive = false;
+    app.blinkEndMs = 0;
+  }
+}
+
+void clearRuntime(App& app) {
+  app.follower.switchPending = false;
+  app.follower.switchSeen = false;
+  app.switchTarget.clear();
+  app.switchHold = false;
+  app.switchHoldSeen = false;
+  app.switchPulseNextMs = 0;
+  app.switchPulseUntilMs = 0;
+  app.blinkActive = false;
+  app.blinkEndMs = 0;
+  app.switchAtMs = 0;
+}
+
+void exitShow(App& app) {
+  std::u16string error;
+  if (!sendShowCommand(app.platform.presentation(), app.automation, "exit", error)) {
+    setStatus(app, error);
+  }
+}
+
+void setBlack(App& app, bool on) {
+  if (!on) {
+    app.platform.blackScreen.uncover();
+    app.blackActive = false;
+    return;
+  }
+  if (app.platform.blackScreen.isCovering()) return;
+  if (!app.lastStatus.running || app.lastExcluded) {
+    setStatus(app, kNoShowToBlack);
+    return;
+  }
+  app.blackActive = true;
+  app.platform.blackScreen.cover();
+  if (app.platform.clockWindow.isVisible()) showClock(app);
+}
+
+}  // namespace mrl

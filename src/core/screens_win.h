@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/screens.h"
+
+namespace mrl {
+
+class ScreensWin : public Screens {
+ public:
+  Rect primaryWorkArea() override;
+  int systemDpi() override;
+};
+
+}  // namespace mrl

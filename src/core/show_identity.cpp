@@ -1,0 +1,30 @@
+// See show_identity.h.
+#include "core/show_identity.h"
+
+#include <algorithm>
+
+#include "core/text.h"
+#include "settings/path_rules.h"
+
+namespace mrl {
+
+std::u16string slideKeyOf(const ShowStatus& status) {
+  return status.documentPath + u"#" + decimal(status.slide);
+}
+
+bool isExcluded(Files& files, const Settings& settings, const ShowStatus& status) {
+  if (!status.running) return false;
+  if (!status.documentPath.empty()) return isSkipped(files, settings, status.documentPath);
+  return std::any_of(settings.skipList.begin(), settings.skipList.end(),
+                     [&status](const std::u16string& entry) {
+                       return titleNamesDocument(status.windowTitle, entry);
+                     });
+}
+
+bool showsDocument(Files& files, const ShowStatus& status, const std::u16string& document) {
+  if (!status.running || document.empty()) return false;
+  if (status.documentPath.empty()) return titleNamesDocument(status.windowTitle, document);
+  return samePath(normalizePath(files, status.documentPath), normalizePath(files, document));
+}
+
+}  // namespace mrl

@@ -1,0 +1,124 @@
+#include "core/tick.h"
+
+#include "core/expiry.h"
+#include "core/show_identity.h"
+#include "overlay/clock_behaviour.h"
+#include "overlay/clock_drawing.h"
+#include "presentation/show_poll.h"
+#include "settings/path_rules.h"
+
+namespace mrl {
+namespace {
+
+constexpr int64_t kPollPeriodMs = 1500;
+
+/// The target was seen and is gone: the clock may come back.
+void endHoldIfLeft(App& app, bool isSwitchTarget) {
+  if (!app.switchHold) return;
+  if (isSwitchTarget) {
+    app.switchHoldSeen = true;
+  } else if (app.switchHoldSeen) {
+    app.switchHold = false;
+    app.switchPulseNextMs = 0;
+    app.switchPulseUntilMs = 0;
+  }
+}
+
+bool isSameShow(const ShowStatus& before, const ShowStatus& status) {
+  return before.running && before.window == status.window &&
+         before.documentPath == status.documentPath;
+}
+
+void raiseAboveNewShow(App& app) {
+  app.platform.blackScreen.raise();
+  if (app.platform.clockWindow.isVisible()) app.platform.clockWindow.raise();
+}
+
+void poll(App& app, uint64_t nowMs) {
+  const uint64_t clockMs = app.platform.clock.nowMs();
+  if (static_cast<int64_t>(clockMs - app.lastPollMs) < kPollPeriodMs) return;
+  app.lastPollMs = clockMs;
+  const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
+  const bool excluded = isExcluded(app.platform.files, app.settings, status);
+  const ShowObservation seen = observe(app, status, excluded);
+  endHoldIfLeft(app, seen.isSwitchTarget);
+
+  const int64_t before = elapsedAt(app.timer, nowMs);
+  followShow(app.follower, app.timer, app.settings, seen, nowMs);
+  if (elapsedAt(app.timer, nowMs) < before) app.blinkActive = false;
+  if (app.blackActive && (!status.running || excluded)) setBlack(app, false);
+  if (status.running && !isSameShow(app.lastStatus, status)) raiseAboveNewShow(app);
+  app.lastExcluded = excluded;
+  app.lastStatus = status;
+}
+
+void resetIfDue(App& app, uint64_t nowMs) {
+  const TimerPhase before = app.timer.phase;
+  applyPendingReset(app.follower, app.timer, app.settings, nowMs);
+  if (before != TimerPhase::Idle && app.timer.phase == TimerPhase::Idle) clearRuntime(app);
+}
+
+void fireWhatIsDue(App& app, uint64_t nowMs) {
+  for (const int stage : {0, 1}) {
+    if (stageDue(app.timer, stage, nowMs, app.settings)) fireStage(app, stage);
+  }
+  if (expiryDue(app.timer, nowMs, app.settings)) fireExpiry(app, nowMs);
+}
+
+void applyHideRules(App& app) {
+  ClockWindow& window = app.platform.clockWindow;
+  const bool hide =
+      app.switchHold || overlayHidden(app.settings, app.timer, app.platform.clock.nowMs(),
+                                      app.lastExcluded, app.lastStatus.presentationsOpen);
+  if (hide && window.isVisible()) {
+    window.hide();
+    app.hiddenByRule = true;
+  } else if (!hide && app.hiddenByRule) {
+    showClock(app);
+    app.hiddenByRule = false;
+  }
+}
+
+void repaintIfChanged(App& app, uint64_t nowMs) {
+  const std::u16string text = timeText(app.timer, nowMs, app.settings);
+  const bool blinkOn = isBlinkOn(app);
+  if (text == app.lastClockText && blinkOn == app.lastBlinkOn) return;
+  app.lastClockText = text;
+  app.lastBlinkOn = blinkOn;
+  app.platform.clockWindow.setText(text);
+  app.platform.clockWindow.invalidate();
+}
+
+}  // namespace
+
+void tick(App& app) {
+  const uint64_t nowMs = app.platform.clock.nowMs();
+  poll(app, nowMs);
+  resetIfDue(app, nowMs);
+  fireWhatIsDue(app, nowMs);
+  runTimedWork(app, nowMs);
+  applyHideRules(app);
+  repaintIfChanged(app, nowMs);
+}
+
+bool isBlinkOn(const App& app) {
+  return isBlinkOn(Blink{app.blinkActive, app.blinkStartMs, app.blinkEndMs}, app.settings,
+                   app.platform.clock.nowMs());
+}
+
+ShowObservation observe(App& app, const ShowStatus& status, bool excluded) {
+  Files& files = app.platform.files;
+  ShowObservation seen;
+  seen.showing = status.running;
+  seen.excluded = excluded;
+  seen.slideKey = slideKeyOf(status);
+  seen.documentState = status.documentState;
+  seen.isSwitchTarget = showsDocument(files, status, app.switchTarget);
+  if (!status.documentPath.empty()) {
+    seen.normalizedPath = normalizePath(files, status.documentPath);
+  }
+  seen.title = status.windowTitle;
+  return seen;
+}
+
+}  // namespace mrl

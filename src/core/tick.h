@@ -1,0 +1,18 @@
+// The tick: ten times a second it moves the whole program on.
+#pragma once
+
+#include "core/app.h"
+
+namespace mrl {
+
+/// Polls the presentation layer at most once per 1500 ms, follows what it reports, fires what is
+/// due, and repaints the clock only if its text or its blink changed. UI thread.
+void tick(App& app);
+
+/// A status as the follower takes it: each new one, and the last one again when the mode changed.
+ShowObservation observe(App& app, const ShowStatus& status, bool excluded);
+
+/// Whether the clock is in the bright phase of a blink just now.
+bool isBlinkOn(const App& app);
+
+}  // namespace mrl

@@ -1,0 +1,20 @@
+// The window classes of the program; all share one window procedure.
+#pragma once
+
+#include <windows.h>
+
+namespace mrl {
+
+inline constexpr wchar_t kTimerClass[] = L"Marlune.Native.Timer";
+inline constexpr wchar_t kSettingsClass[] = L"Marlune.Native.Settings";
+inline constexpr wchar_t kContentClass[] = L"Marlune.Native.Content";
+inline constexpr wchar_t kPreviewClass[] = L"Marlune.Native.Preview";
+inline constexpr wchar_t kPreviewHostClass[] = L"Marlune.Native.PreviewHost";
+inline constexpr wchar_t kResizeClass[] = L"Marlune.Native.Resize";
+inline constexpr wchar_t kQrClass[] = L"Marlune.Native.QR";
+inline constexpr wchar_t kBlackClass[] = L"Marlune.Native.Black";
+
+/// Registers all eight. Windows that they make must be given a pointer for `procedure` to keep.
+void registerWindowClasses(HINSTANCE instance, WNDPROC procedure);
+
+}  // namespace mrl

@@ -1,0 +1,30 @@
+// The process entry.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <shobjidl.h>
+
+#include "core/app_win.h"
+
+namespace {
+
+struct ComApartment {
+  const HRESULT result = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  ComApartment() = default;
+  ComApartment(const ComApartment&) = delete;
+  ComApartment& operator=(const ComApartment&) = delete;
+  ~ComApartment() {
+    if (SUCCEEDED(result)) CoUninitialize();
+  }
+};
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int) {
+  SetCurrentProcessExplicitAppUserModelID(L"Marlune.Native");
+  const ComApartment apartment;
+  if (FAILED(apartment.result)) return mrl::kExitNoCom;
+  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TAB_CLASSES | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&controls);
+  return mrl::AppWin(instance).run();
+}

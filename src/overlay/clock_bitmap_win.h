@@ -1,0 +1,49 @@
+// The picture that a layered window is made of: a 32-bit bitmap with premultiplied alpha, and the
+// device context that holds it.
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+
+#include "core/geometry.h"
+#include "core/unique_handle.h"
+
+namespace mrl {
+
+/// UI thread only. Made on first use, made anew when the size changes.
+class ClockBitmap {
+ public:
+  ClockBitmap() = default;
+  ClockBitmap(const ClockBitmap&) = delete;
+  ClockBitmap& operator=(const ClockBitmap&) = delete;
+  ~ClockBitmap();
+
+  /// The contents are undefined after a change of size. On failure there is no bitmap.
+  [[nodiscard]] bool ensure(Size wanted);
+
+  HDC dc() const { return context.get(); }
+  Size size() const { return bitmapSize; }
+  /// 0xAARRGGBB, colours multiplied by alpha. REQUIRES: a bitmap, and x, y inside it.
+  uint32_t pixel(int x, int y) const;
+
+ private:
+  struct ContextTraits {
+    static HDC none() { return nullptr; }
+    static void close(HDC context) { DeleteDC(context); }
+  };
+  struct BitmapTraits {
+    static HBITMAP none() { return nullptr; }
+    static void close(HBITMAP bitmap) { DeleteObject(bitmap); }
+  };
+
+  void drop();
+
+  UniqueHandle<ContextTraits> context;
+  HGDIOBJ oldBitmap = nullptr;  // the context's own; it must be back in before its end
+  UniqueHandle<BitmapTraits> bitmap;
+  Size bitmapSize;
+  const uint32_t* pixels = nullptr;  // the bitmap's memory
+};
+
+}  // namespace mrl

@@ -1,0 +1,59 @@
+// Where the clock may stand, how large it may be and what its corners do. Pure functions on plain
+// rectangles; pixels of the screen unless a name says units, which are 1/96 inch.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "core/geometry.h"
+
+namespace mrl {
+
+constexpr Size kSmallestClockUnits{120, 50};
+constexpr Size kLargestClockUnits{1200, 600};
+constexpr Size kDefaultClockUnits{183, 82};
+
+struct SizeLimits {
+  Size smallest;
+  Size largest;
+  bool operator==(const SizeLimits&) const = default;
+};
+SizeLimits clockSizeLimits(int dpi);
+Size clockPixels(Size units, int dpi);
+Size clockUnits(Size pixels, int dpi);
+
+/// The numbers are those of the system's hit-test answers.
+enum class CornerHit { None = 0, TopLeft = 13, TopRight = 14, BottomLeft = 16, BottomRight = 17 };
+CornerHit hitTest(Point cursor, const Rect& window, int dpi);
+
+/// The window's rectangle after the cursor went `way` since the drag began at `start`. The corner
+/// opposite `hit` stays; a preview, which lies in a page, keeps its top left corner instead.
+/// REQUIRES: `hit` is a corner.
+Rect dragCorner(const Rect& start, CornerHit hit, Point way, int dpi, bool isPreview);
+
+/// Where a clock goes of which no part lies in the work area; empty when it may stay.
+std::optional<Point> offScreenCorrection(const Rect& window, const Rect& workArea);
+/// Top left corner of a clock that has never been placed.
+Point firstRunPlace(const Rect& workArea, int widthUnits, int dpi);
+
+/// The toolbar of resize mode; all in units.
+struct ToolbarButton {
+  int command;  // also the control's id
+  const char16_t* text;
+  int left;
+  int top;
+  int width;
+  int height;
+};
+constexpr std::array<ToolbarButton, 2> kToolbarButtons{{
+    {103, u"确定", 6, 5, 74, 28},
+    {104, u"恢复默认", 86, 5, 126, 28},
+}};
+constexpr Size kToolbarUnits{222, 40};
+constexpr const char16_t* kToolbarTitle = u"调整大小";
+constexpr const char16_t* kToolbarFont = u"Segoe UI";
+constexpr int kToolbarFontUnits = 14;
+/// Top left corner of the toolbar below the clock.
+Point toolbarPlace(const Rect& clock, int dpi);
+
+}  // namespace mrl

@@ -1,0 +1,96 @@
+// The clock's window for tests: a rectangle that remembers what was done to it.
+#pragma once
+
+#include <cassert>
+#include <string>
+#include <vector>
+
+#include "overlay/clock_window.h"
+
+namespace mrl {
+
+class ClockWindowFake : public ClockWindow {
+ public:
+  bool create(const Rect& rect) override {
+    assert(!exists);
+    calls.emplace_back("create");
+    if (createFails) return false;
+    exists = true;
+    place = rect;
+    return true;
+  }
+  void destroy() override {
+    calls.emplace_back("destroy");
+    exists = false;
+    visible = false;
+  }
+  WindowHandle handle() const override { return exists ? WindowHandle{1} : WindowHandle{}; }
+
+  bool isVisible() const override { return visible; }
+  void show() override {
+    calls.emplace_back("show");
+    visible = exists;
+  }
+  void hide() override {
+    calls.emplace_back("hide");
+    visible = false;
+  }
+  void raise() override { calls.emplace_back("raise"); }
+
+  Rect rect() const override { return exists ? place : Rect{}; }
+  Size clientSize() const override { return {rect().width(), rect().height()}; }
+  int dpi() const override { return exists ? windowDpi : kUnitsPerInch; }
+  Rect nearestWorkArea() const override { return exists ? workArea : Rect{}; }
+  void moveTo(Point topLeft) override {
+    calls.emplace_back("moveTo");
+    if (!exists) return;
+    place = {topLeft.x, topLeft.y, topLeft.x + place.width(), topLeft.y + place.height()};
+  }
+  void resize(Size size) override {
+    calls.emplace_back("resize");
+    if (!exists) return;
+    place.right = place.left + size.width;
+    place.bottom = place.top + size.height;
+  }
+  void setRect(const Rect& rect) override {
+    calls.emplace_back("setRect");
+    if (exists) place = rect;
+  }
+
+  void invalidate() override {
+    calls.emplace_back("invalidate");
+    ++invalidations;
+  }
+  void paintNow() override { calls.emplace_back("paintNow"); }
+  void dropRegion() override { calls.emplace_back("dropRegion"); }
+  void setText(const std::u16string& shown) override {
+    calls.emplace_back("setText");
+    if (exists) text = shown;
+  }
+
+  void beginMove() override { calls.emplace_back("beginMove"); }
+  void captureMouse() override {
+    calls.emplace_back("captureMouse");
+    captured = exists;
+  }
+  void releaseMouse() override {
+    calls.emplace_back("releaseMouse");
+    captured = false;
+  }
+  Point cursor() const override { return cursorAt; }
+
+  bool createFails = false;
+  int windowDpi = kUnitsPerInch;
+  Rect workArea{0, 0, 1920, 1040};
+  Point cursorAt;
+
+  bool exists = false;
+  bool visible = false;
+  bool captured = false;
+  Rect place;
+  std::u16string text;
+  int invalidations = 0;
+  std::vector<std::string> calls;  // by name, in order
+};
+
+}  // namespace mrl

@@ -1,0 +1,60 @@
+// The clock's layered window. Its class "Marlune.Native.Timer" and the window procedure belong to
+// the program's message routing.
+#pragma once
+
+#include <windows.h>
+
+#include "overlay/clock_window.h"
+
+namespace mrl {
+
+/// UI thread only. Destroys the window at its own end.
+class ClockWindowWin : public ClockWindow {
+ public:
+  /// `creationParameter` reaches the window procedure with WM_NCCREATE. REQUIRES: the class is
+  /// registered for `instance` before create().
+  ClockWindowWin(HINSTANCE instance, void* creationParameter);
+  ClockWindowWin(const ClockWindowWin&) = delete;
+  ClockWindowWin& operator=(const ClockWindowWin&) = delete;
+  ~ClockWindowWin() override;
+
+  bool create(const Rect& rect) override;
+  void destroy() override;
+  WindowHandle handle() const override;
+
+  bool isVisible() const override;
+  void show() override;
+  void hide() override;
+  void raise() override;
+
+  Rect rect() const override;
+  Size clientSize() const override;
+  int dpi() const override;
+  Rect nearestWorkArea() const override;
+  void moveTo(Point topLeft) override;
+  void resize(Size size) override;
+  void setRect(const Rect& rect) override;
+
+  void invalidate() override;
+  void paintNow() override;
+  void dropRegion() override;
+  /// As the window property "Marlune.Text", an atom of the global table.
+  void setText(const std::u16string& text) override;
+
+  void beginMove() override;
+  void captureMouse() override;
+  void releaseMouse() override;
+  Point cursor() const override;
+
+  /// Null while there is no window.
+  HWND window() const { return hwnd; }
+
+ private:
+  void removeText();
+
+  HINSTANCE instance;
+  void* creationParameter;
+  HWND hwnd = nullptr;
+};
+
+}  // namespace mrl

@@ -1,0 +1,25 @@
+// The small toolbar below the clock in resize mode: accept the size, or go back to the default one.
+#pragma once
+
+#include "core/geometry.h"
+#include "core/window_handle.h"
+
+namespace mrl {
+
+/// UI thread only. It belongs to the clock's window and goes with it at the latest. Its buttons
+/// send their commands through the window procedure. A toolbar that can't be made is simply not
+/// there: the menu offers the same way out of resize mode.
+class ResizeToolbar {
+ public:
+  virtual ~ResizeToolbar() = default;
+
+  /// Makes it if need be, at `dpi`, puts it at `topLeft` and shows it without activating it.
+  virtual void show(Point topLeft, int dpi) = 0;
+  /// Moves it, if there is one.
+  virtual void place(Point topLeft) = 0;
+  virtual void remove() = 0;
+  /// None while there is no toolbar.
+  [[nodiscard]] virtual WindowHandle handle() const = 0;
+};
+
+}  // namespace mrl

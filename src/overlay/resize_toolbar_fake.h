@@ -1,0 +1,38 @@
+// The toolbar of resize mode for tests.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "overlay/resize_toolbar.h"
+
+namespace mrl {
+
+class ResizeToolbarFake : public ResizeToolbar {
+ public:
+  void show(Point topLeft, int dpi) override {
+    calls.emplace_back("show");
+    if (showFails) return;
+    exists = true;
+    shownDpi = dpi;
+    at = topLeft;
+  }
+  void place(Point topLeft) override {
+    calls.emplace_back("place");
+    if (exists) at = topLeft;
+  }
+  void remove() override {
+    calls.emplace_back("remove");
+    exists = false;
+  }
+  WindowHandle handle() const override { return exists ? WindowHandle{2} : WindowHandle{}; }
+
+  bool showFails = false;
+
+  bool exists = false;
+  Point at;
+  int shownDpi = 0;
+  std::vector<std::string> calls;  // by name, in order
+};
+
+}  // namespace mrl

@@ -1,0 +1,184 @@
+// Real windows with the classes and titles that presentation programs give theirs.
+#include "standin/deck_windows.h"
+
+#include "standin/slide_painting.h"
+#include "standin/stand_in.h"
+
+namespace mrl::standin {
+namespace {
+
+constexpr wchar_t kEditingClass[] = L"PPTFrameClass";
+constexpr wchar_t kShowClass[] = L"screenClass";
+
+/// What a window procedure needs to know; belongs to the window and goes with it.
+struct WindowData {
+  StandIn& standIn;
+  int id;  // of the deck or the show
+};
+
+WindowData* dataOf(HWND window) {
+  return reinterpret_cast<WindowData*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+}
+
+/// What both kinds of window share: their data's life, and keys that Windows handles as well.
+LRESULT handleAny(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* create = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
+  }
+  if (message == WM_NCDESTROY) {
+    delete dataOf(window);
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+template <typename Paint>
+void paint(HWND window, Paint&& content) {
+  PAINTSTRUCT work;
+  const HDC target = BeginPaint(window, &work);
+  RECT client;
+  GetClientRect(window, &client);
+  content(target, client);
+  EndPaint(window, &work);
+}
+
+LRESULT CALLBACK editingProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  WindowData* data = dataOf(window);
+  if (!data) return handleAny(window, message, wParam, lParam);
+  StandIn& standIn = data->standIn;
+  switch (message) {
+    case WM_PAINT:
+      paint(window, [&](HDC target, const RECT& area) {
+        if (const Deck* deck = standIn.model.deck(data->id)) paintEditing(target, area, *deck);
+      });
+      return 0;
+    case WM_ERASEBKGND: return 1;
+    case WM_KEYDOWN:
+      standIn.editingKey(data->id, static_cast<unsigned>(wParam), GetKeyState(VK_SHIFT) < 0);
+      return 0;
+    case WM_SYSKEYDOWN:
+      standIn.editingKey(data->id, static_cast<unsigned>(wParam), false);
+      break;  // Alt+F4 becomes WM_CLOSE further on
+    case WM_CLOSE:
+      standIn.model.close(data->id);
+      standIn.showChanges();
+      return 0;
+  }
+  return handleAny(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK showProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  WindowData* data = dataOf(window);
+  if (!data) return handleAny(window, message, wParam, lParam);
+  StandIn& standIn = data->standIn;
+  switch (message) {
+    case WM_PAINT:
+      paint(window, [&](HDC target, const RECT& area) {
+        const Show* show = standIn.model.show(data->id);
+        if (show) paintSlide(target, area, *standIn.model.deck(show->deckId), show->slide);
+      });
+      return 0;
+    case WM_ERASEBKGND: return 1;
+    case WM_KEYDOWN: standIn.showKey(data->id, static_cast<unsigned>(wParam)); return 0;
+    case WM_SYSKEYDOWN: standIn.showKey(data->id, static_cast<unsigned>(wParam)); break;
+    case WM_CLOSE:
+      standIn.model.exit(data->id);
+      standIn.showChanges();
+      return 0;
+  }
+  return handleAny(window, message, wParam, lParam);
+}
+
+void registerWindowClass(const wchar_t* name, WNDPROC procedure) {
+  WNDCLASSEXW window{};
+  window.cbSize = sizeof window;
+  window.style = CS_HREDRAW | CS_VREDRAW;
+  window.lpfnWndProc = procedure;
+  window.hInstance = GetModuleHandleW(nullptr);
+  window.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  window.hIcon = LoadIconW(nullptr, IDI_APPLICATION);
+  window.lpszClassName = name;
+  RegisterClassExW(&window);
+}
+
+/// The full rectangle of a monitor counted from 1; of the primary one when there is no such
+/// monitor.
+RECT monitorArea(int number) {
+  std::vector<RECT> areas;
+  EnumDisplayMonitors(
+      nullptr, nullptr,
+      [](HMONITOR, HDC, RECT* area, LPARAM out) -> BOOL {
+        reinterpret_cast<std::vector<RECT>*>(out)->push_back(*area);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&areas));
+  if (number >= 1 && number <= static_cast<int>(areas.size())) return areas[number - 1];
+  return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
+}
+
+HWND createWindow(StandIn& standIn, int id, const wchar_t* windowClass, const std::wstring& title,
+                  DWORD style, const RECT& area) {
+  auto* data = new WindowData{standIn, id};  // the window deletes it
+  const HWND window = CreateWindowExW(0, windowClass, title.c_str(), style, area.left, area.top,
+                                      area.right - area.left, area.bottom - area.top, nullptr,
+                                      nullptr, GetModuleHandleW(nullptr), data);
+  ShowWindow(window, SW_SHOW);
+  SetForegroundWindow(window);
+  return window;
+}
+
+HWND createEditing(StandIn& standIn, const Deck& deck) {
+  const RECT screen = monitorArea(0);
+  const int width = screen.right * 3 / 4;
+  const int height = screen.bottom * 3 / 4;
+  return createWindow(standIn, deck.id, kEditingClass,
+                      fileName(deck.path) + L" - " + standIn.programName(), WS_OVERLAPPEDWINDOW,
+                      {width / 10, height / 10, width / 10 + width, height / 10 + height});
+}
+
+HWND createShow(StandIn& standIn, const Show& show) {
+  const std::wstring deck = fileName(standIn.model.deck(show.deckId)->path);
+  return createWindow(standIn, show.id, kShowClass,
+                      standIn.programName() + L" Slide Show - [" + deck + L"]", WS_POPUP,
+                      monitorArea(standIn.options.monitor));
+}
+
+/// Ends the windows whose deck or show `alive` denies, and repaints the others.
+template <typename Alive>
+void dropDead(std::map<int, HWND>& windows, Alive&& alive) {
+  std::erase_if(windows, [&](const auto& entry) {
+    if (alive(entry.first)) return InvalidateRect(entry.second, nullptr, FALSE), false;
+    DestroyWindow(entry.second);
+    return true;
+  });
+}
+
+}  // namespace
+
+DeckWindows::DeckWindows() {
+  registerWindowClass(kEditingClass, editingProcedure);
+  registerWindowClass(kShowClass, showProcedure);
+}
+
+DeckWindows::~DeckWindows() {
+  for (const auto& [id, window] : showing) DestroyWindow(window);
+  for (const auto& [id, window] : editing) DestroyWindow(window);
+}
+
+void DeckWindows::follow(StandIn& standIn) {
+  Model& model = standIn.model;
+  dropDead(showing, [&](int id) { return model.show(id) != nullptr; });
+  dropDead(editing, [&](int id) { return model.deck(id) != nullptr; });
+  for (const Deck& deck : model.decks)
+    if (!editing.contains(deck.id)) editing[deck.id] = createEditing(standIn, deck);
+  for (const Show& show : model.shows)
+    if (!showing.contains(show.id)) showing[show.id] = createShow(standIn, show);
+}
+
+HWND DeckWindows::ofShow(int showId) const {
+  const auto found = showing.find(showId);
+  return found == showing.end() ? nullptr : found->second;
+}
+
+}  // namespace mrl::standin

@@ -1,0 +1,28 @@
+// The windows of the stand-in: one editing window for each deck, one show window for each show.
+#pragma once
+
+#include <windows.h>
+
+#include <map>
+
+namespace mrl::standin {
+
+struct StandIn;
+
+class DeckWindows {
+ public:
+  DeckWindows();
+  DeckWindows(const DeckWindows&) = delete;
+  ~DeckWindows();
+
+  /// Makes the windows that the model lacks, ends those that it no longer has, repaints the rest.
+  void follow(StandIn& standIn);
+  /// Null when the show is gone.
+  HWND ofShow(int showId) const;
+
+ private:
+  std::map<int, HWND> editing;  // by deck
+  std::map<int, HWND> showing;  // by show
+};
+
+}  // namespace mrl::standin

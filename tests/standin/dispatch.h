@@ -1,0 +1,18 @@
+// The object model on the wire: late-bound COM objects over the table of members.
+#pragma once
+
+#include <windows.h>
+
+#include <oaidl.h>
+#include <wrl/client.h>
+
+#include "standin/members.h"
+
+namespace mrl::standin {
+
+/// An object for `ref`. Only an IDispatch: there is no type library, members go by name alone.
+/// Every call is journalled, and passes by the faults that a test has asked for.
+/// REQUIRES: `standIn` outlives the message loop, through which alone calls arrive.
+Microsoft::WRL::ComPtr<IDispatch> dispatchObject(StandIn& standIn, const ObjectRef& ref);
+
+}  // namespace mrl::standin

@@ -1,0 +1,40 @@
+// The stand-in presentation program: what the tests and a trial run of the timer have in place of a
+// real one. Built as powerpnt.exe and wpp.exe, since a presentation program is told by its image.
+#include <windows.h>
+
+#include "standin/control_window.h"
+#include "standin/stand_in.h"
+
+namespace {
+
+/// Exit codes: 0 after "quit" or a registration, 1 when COM or the registry refuses.
+int run(const mrl::standin::Options& options) {
+  using namespace mrl::standin;
+  if (options.unregisterOnly) {
+    unregisterProgIds(options.progIds);
+    return 0;
+  }
+  if (!registerProgIds(options.progIds)) return 1;
+  if (options.registerOnly) return 0;
+
+  StandIn standIn(options);
+  if (!standIn.server.announce(standIn)) return 1;
+  const ControlWindow control(standIn);
+  MSG message;
+  while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+  return 0;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
+  // A show must cover its monitor in real pixels, whatever the scale of the desktop.
+  SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
+  if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
+  const int code = run(mrl::standin::readOptions(mrl::standin::splitArguments(commandLine)));
+  CoUninitialize();
+  return code;
+}
