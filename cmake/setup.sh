@@ -64,8 +64,11 @@ ensure_qrcodegen() {
   local codename mirror
   # shellcheck source=/dev/null
   codename=$(. /etc/os-release && printf '%s' "$VERSION_CODENAME")
-  mirror=$(apt-get indextargets --format "\$(REPO_URI)" 'Created-By: Packages' \
-    "Release: $codename" 'Component: main' | head -n 1)
+  # The sources may name the release or "stable", which is told apart only where lists were fetched.
+  mirror=$(for key in Codename Release; do
+    apt-get indextargets --format "\$(REPO_URI)" 'Created-By: Packages' "$key: $codename" \
+      'Component: main'
+  done | head -n 1)
   [[ $mirror ]] || fail "no Debian archive for $codename in /etc/apt/sources.list*" \
     "add the line for $codename main of your Debian mirror"
   say "Fetching the source of qr-code-generator"
