@@ -5,6 +5,7 @@
 #include <array>
 #include <optional>
 
+#include "core/command_ids.h"
 #include "core/geometry.h"
 
 namespace mrl {
@@ -46,8 +47,8 @@ struct ToolbarButton {
   int height;
 };
 constexpr std::array<ToolbarButton, 2> kToolbarButtons{{
-    {103, u"确定", 6, 5, 74, 28},
-    {104, u"恢复默认", 86, 5, 126, 28},
+    {kCommandToggleResizeMode, u"确定", 6, 5, 74, 28},
+    {kCommandDefaultSize, u"恢复默认", 86, 5, 126, 28},
 }};
 constexpr Size kToolbarUnits{222, 40};
 constexpr const char16_t* kToolbarTitle = u"调整大小";

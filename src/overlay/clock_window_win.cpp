@@ -3,17 +3,16 @@
 
 #include <utility>
 
+#include "core/geometry_win.h"
 #include "core/wide_win.h"
+#include "core/window_classes_win.h"
 
 namespace mrl {
 namespace {
 
-constexpr const wchar_t* kClassName = L"Marlune.Native.Timer";
 constexpr const wchar_t* kTitle = L"Marlune";
 constexpr const wchar_t* kTextProperty = L"Marlune.Text";
 constexpr UINT kStayInPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
-
-Rect rectFrom(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 }  // namespace
 
@@ -23,7 +22,7 @@ ClockWindowWin::ClockWindowWin(HINSTANCE instance, void* creationParameter)
 ClockWindowWin::~ClockWindowWin() { destroy(); }
 
 bool ClockWindowWin::create(const Rect& rect) {
-  hwnd = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED, kClassName, kTitle,
+  hwnd = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED, kTimerClass, kTitle,
                          WS_POPUP, rect.left, rect.top, rect.width(), rect.height(), nullptr,
                          nullptr, instance, creationParameter);
   return hwnd != nullptr;
@@ -37,7 +36,7 @@ void ClockWindowWin::destroy() {
   hwnd = nullptr;
 }
 
-WindowHandle ClockWindowWin::handle() const { return {reinterpret_cast<intptr_t>(hwnd)}; }
+WindowHandle ClockWindowWin::handle() const { return handleFrom(hwnd); }
 
 bool ClockWindowWin::isVisible() const { return IsWindowVisible(hwnd) != FALSE; }
 
@@ -130,7 +129,7 @@ void ClockWindowWin::releaseMouse() { ReleaseCapture(); }
 Point ClockWindowWin::cursor() const {
   POINT point{};
   GetCursorPos(&point);
-  return {point.x, point.y};
+  return pointFrom(point);
 }
 
 }  // namespace mrl

@@ -1,13 +1,13 @@
 // The toolbar of resize mode: see resize_toolbar_win.h.
 #include "overlay/resize_toolbar_win.h"
 
+#include "core/geometry_win.h"
 #include "core/wide_win.h"
+#include "core/window_classes_win.h"
 #include "overlay/clock_geometry.h"
 
 namespace mrl {
 namespace {
-
-constexpr const wchar_t* kClassName = L"Marlune.Native.Resize";
 
 HFONT createFont(int dpi) {
   return CreateFontW(-toPixels(kToolbarFontUnits, dpi), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
@@ -31,7 +31,7 @@ void ResizeToolbarWin::show(Point topLeft, int dpi) {
 
 void ResizeToolbarWin::create(int dpi) {
   const Size size = clockPixels(kToolbarUnits, dpi);
-  hwnd = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kClassName,
+  hwnd = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kResizeClass,
                          wideFrom(kToolbarTitle).c_str(), WS_POPUP | WS_BORDER, 0, 0, size.width,
                          size.height, clock.window(), nullptr, instance, creationParameter);
   if (!hwnd) return;
@@ -56,7 +56,7 @@ void ResizeToolbarWin::remove() {
   font.reset();
 }
 
-WindowHandle ResizeToolbarWin::handle() const { return {reinterpret_cast<intptr_t>(window())}; }
+WindowHandle ResizeToolbarWin::handle() const { return handleFrom(window()); }
 
 // The clock takes its toolbar along when it is destroyed, and tells nobody.
 HWND ResizeToolbarWin::window() const { return IsWindow(hwnd) ? hwnd : nullptr; }

@@ -1,0 +1,23 @@
+// The numbered commands: all that a user can ask of the timer outside the settings window. Menus,
+// keys and buttons send them by these numbers.
+#pragma once
+
+namespace mrl {
+
+enum Command : int {
+  kCommandToggleTimer = 100,
+  kCommandReset = 101,
+  kCommandOpenSettings = 102,
+  kCommandToggleResizeMode = 103,
+  kCommandDefaultSize = 104,
+  kCommandToggleVisibility = 105,
+  kCommandToggleBlack = 106,
+  kCommandExit = 107,
+  kCommandShowClock = 108,
+  kCommandHideClock = 109,
+  kCommandManualMode = 112,
+  kCommandAutoMode = 113,
+  kCommandPauseOrResume = 114,
+};
+
+}  // namespace mrl
