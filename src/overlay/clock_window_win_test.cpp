@@ -172,6 +172,12 @@ TEST_F(ClockWindowWinTest, AnEmptyTextPublishesNothing) {
   EXPECT_EQ(GetPropW(clock.window(), L"Marlune.Text"), nullptr);
 }
 
+TEST_F(ClockWindowWinTest, ATextTooLongForAnAtomPublishesNothing) {
+  clock.setText(u"15:00");
+  clock.setText(std::u16string(300, u'8'));
+  EXPECT_EQ(GetPropW(clock.window(), L"Marlune.Text"), nullptr);
+}
+
 TEST_F(ClockWindowWinTest, ItsEndFreesThePublishedText) {
   clock.setText(u"marlune last");
   clock.destroy();
