@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "core/wide_win.h"
 #include "overlay/clock_window_contract.h"
@@ -104,6 +105,13 @@ TEST_F(ClockWindowWinTest, ShowingPutsItAboveOtherWindowsOnTop) {
   clock.show();
   EXPECT_FALSE(rival.isAbove(clock.window()));
   EXPECT_TRUE(style(GWL_EXSTYLE) & WS_EX_TOPMOST);
+}
+
+TEST_F(ClockWindowWinTest, ShowingTakesItOutOfTheWindowsOnTopAndPutsItBackIn) {
+  clock.show();
+  windowClass.insertedAfter.clear();
+  clock.show();
+  EXPECT_EQ(windowClass.insertedAfter, (std::vector<HWND>{HWND_NOTOPMOST, HWND_TOPMOST}));
 }
 
 TEST_F(ClockWindowWinTest, RaisingPutsAVisibleClockAboveOtherWindowsOnTop) {
