@@ -1,5 +1,8 @@
 // What one paint of the clock costs the processor, beside the least that a layered window could do:
-// clearing the same bitmap and handing it over. Prints one line each and their ratio.
+// clearing the same bitmap and handing it over. Prints both and their ratio.
+//
+// Under Wine set "csmt" (REG_DWORD) to 0 in HKCU\Software\Wine\Direct3D first. Otherwise the thread
+// that paints waits for Wine's drawing thread in a busy loop, and that is what gets measured.
 #include <windows.h>
 
 #include <cstdint>
@@ -79,8 +82,8 @@ int run() {
               paint.thread, paint.process);
   std::printf("clear and hand over:         %.3f ms of its thread, %.3f ms of the process\n",
               least.thread, least.process);
-  std::printf("ratio %.1f, target below %.0f ms: %s\n", paint.process / least.process, kTargetMs,
-              paint.process < kTargetMs ? "met" : "missed");
+  std::printf("ratio %.1f of its thread, target below %.0f ms: %s\n", paint.thread / least.thread,
+              kTargetMs, paint.thread < kTargetMs ? "met" : "missed");
   DestroyWindow(window);
   return 0;
 }

@@ -179,6 +179,7 @@ TEST_F(ClockPainterTest, TheDigitsStandInTheMiddle) {
 TEST_F(ClockPainterTest, ALongOvertimeTextLeaves6UnitsOnEachSide) {
   render(u"已超时 01:40:00");
   const Rect ink = inkBox();
+  EXPECT_LT(ink.height(), 30);  // one line
   EXPECT_GE(ink.left, 6);
   EXPECT_LE(ink.right, size.width - 6);
   EXPECT_GT(ink.width(), (size.width - 12) * 9 / 10);
@@ -197,6 +198,17 @@ TEST_F(ClockPainterTest, TheLargestWindowGetsLargeDigits) {
   const Rect ink = inkBox();
   EXPECT_GT(ink.height(), 600 * 0.72 * 0.6);
   EXPECT_NEAR(ink.left, size.width - ink.right, 0.02 * size.width);
+}
+
+TEST_F(ClockPainterTest, TheEdgesOfTheDigitsAreGrey) {
+  settings.background = 0xFFFFFF;
+  settings.foreground = 0;
+  settings.opacity = 100;
+  render(u"15:00");
+  const auto isColoured = [](uint32_t pixel) {
+    return redOf(pixel) != (pixel & 0xFF) || redOf(pixel) != ((pixel >> 8) & 0xFF);
+  };
+  EXPECT_EQ(count(isColoured), 0);
 }
 
 TEST_F(ClockPainterTest, ABolderWeightPutsDownMoreInk) {
@@ -267,11 +279,25 @@ TEST_F(ClockPainterTest, ABitmapThatCantBeMadeGivesNoPictureAndTheNextPaintTries
   EXPECT_EQ(at(91, 2), kGround);
 }
 
-TEST_F(ClockPainterTest, HundredsOfPaintsLeaveNoGdiObjectBehind) {
+TEST_F(ClockPainterTest, ANewSizeFreesTheOldBitmap) {
   render(u"15:00");
-  const DWORD before = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  for (int i = 0; i < 200; ++i) render(u"15:00", i % 2 ? kDefaultClockUnits : kSmallestClockUnits);
-  EXPECT_LE(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), before + 2);
+  const HGDIOBJ old = GetCurrentObject(painter.bitmap().dc(), OBJ_BITMAP);
+  ASSERT_NE(GetObjectType(old), 0U);
+  render(u"15:00", kLargestClockUnits);
+  EXPECT_EQ(GetObjectType(old), 0U);
+}
+
+TEST(ClockBitmapTest, ItsEndFreesBitmapAndContext) {
+  HDC context = nullptr;
+  HGDIOBJ bitmap = nullptr;
+  {
+    ClockBitmap owner;
+    ASSERT_TRUE(owner.ensure({10, 10}));
+    context = owner.dc();
+    bitmap = GetCurrentObject(context, OBJ_BITMAP);
+  }
+  EXPECT_EQ(GetObjectType(context), 0U);
+  EXPECT_EQ(GetObjectType(bitmap), 0U);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "core/wide_win.h"
 #include "overlay/clock_window_contract.h"
@@ -106,6 +107,13 @@ TEST_F(ClockWindowWinTest, ShowingPutsItAboveOtherWindowsOnTop) {
   EXPECT_TRUE(style(GWL_EXSTYLE) & WS_EX_TOPMOST);
 }
 
+TEST_F(ClockWindowWinTest, ShowingTakesItOutOfTheWindowsOnTopAndPutsItBackIn) {
+  clock.show();
+  windowClass.insertedAfter.clear();
+  clock.show();
+  EXPECT_EQ(windowClass.insertedAfter, (std::vector<HWND>{HWND_NOTOPMOST, HWND_TOPMOST}));
+}
+
 TEST_F(ClockWindowWinTest, RaisingPutsAVisibleClockAboveOtherWindowsOnTop) {
   clock.show();
   const Rival rival;
@@ -169,6 +177,12 @@ TEST_F(ClockWindowWinTest, ANewTextReplacesTheOldOneAndFreesItsAtom) {
 TEST_F(ClockWindowWinTest, AnEmptyTextPublishesNothing) {
   clock.setText(u"15:00");
   clock.setText(u"");
+  EXPECT_EQ(GetPropW(clock.window(), L"Marlune.Text"), nullptr);
+}
+
+TEST_F(ClockWindowWinTest, ATextTooLongForAnAtomPublishesNothing) {
+  clock.setText(u"15:00");
+  clock.setText(std::u16string(300, u'8'));
   EXPECT_EQ(GetPropW(clock.window(), L"Marlune.Text"), nullptr);
 }
 

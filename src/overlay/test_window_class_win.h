@@ -38,6 +38,7 @@ class TestWindowClass {
 
   bool registered = false;
   std::vector<Message> messages;
+  std::vector<HWND> insertedAfter;    // what each change of the z-order asked for
   std::function<void(HWND)> onPaint;  // must validate the window
   std::function<void(HWND)> onDestroy;
 
@@ -56,6 +57,10 @@ class TestWindowClass {
         return 0;
       }
       if (number == WM_DESTROY && self->onDestroy) self->onDestroy(window);
+      if (number == WM_WINDOWPOSCHANGING) {
+        const auto* change = reinterpret_cast<const WINDOWPOS*>(narrow);
+        if (!(change->flags & SWP_NOZORDER)) self->insertedAfter.push_back(change->hwndInsertAfter);
+      }
       // The system's move loop would wait for the mouse.
       if (number == WM_NCLBUTTONDOWN) return 0;
     }

@@ -31,7 +31,7 @@ TEST(FilesFakeTest, CaseIsIgnoredAndKept) {
 
 TEST(FilesFakeTest, ItRemembersEveryStepInOrder) {
   FilesFake files;
-  files.create(u"C:\\a")->write("x");
+  EXPECT_TRUE(files.create(u"C:\\a")->write("x"));
   files.remove(u"C:\\a");
   const std::vector<FilesFake::Step> expected = {
       {Operation::Create, u"C:\\a"}, {Operation::Write, u"C:\\a"}, {Operation::Remove, u"C:\\a"}};

@@ -38,7 +38,7 @@ class SettingsFileTest : public testing::Test {
 
   FilesFake files;
   std::u16string error;
-  const Settings old;
+  const Settings old = {};
   const Settings fresh = fullRecord();
 };
 
