@@ -1,0 +1,20 @@
+// Automation through COM.
+#pragma once
+
+#include "presentation/automation.h"
+
+namespace mrl {
+
+/// REQUIRES: the calling thread is in a single-threaded apartment as long as this and any object
+/// from it live, and every object passed in came from it.
+class AutomationWin : public Automation {
+ public:
+  AutomationRef running(std::u16string_view progId) override;
+  AutomationRef start(std::u16string_view progId) override;
+  AutomationResult call(const AutomationRef& object, std::u16string_view name, DispatchKind kind,
+                        AutomationValue* result,
+                        const std::vector<AutomationValue>& arguments) override;
+  bool readInteger(const AutomationRef& object, std::u16string_view name, int32_t& value) override;
+};
+
+}  // namespace mrl
