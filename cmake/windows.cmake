@@ -40,7 +40,7 @@ file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
 if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
-  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest_main)
+  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest)
 endif()
 
 add_executable(watch_clock tests/watch/watch_clock.cpp)

@@ -1,0 +1,280 @@
+// The clock's window as a user meets it: where it stands, how it is dragged and resized, what is
+// kept of that.
+#include <gtest/gtest.h>
+
+#include "core/command_ids.h"
+#include "core/wide_win.h"
+#include "core/window_classes_win.h"
+#include "settings/settings_format.h"
+#include "windows/program.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+class ClockOnScreenTest : public testing::Test {
+ protected:
+  void startAt(int x, int y) {
+    Settings settings;
+    settings.windowX = x;
+    settings.windowY = y;
+    program.prepare(settings);
+    ASSERT_TRUE(program.start());
+  }
+  POINT middle() {
+    const RECT rect = program.rect();
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+  }
+  POINT bottomRight() {
+    const RECT rect = program.rect();
+    return {rect.right - 4, rect.bottom - 4};
+  }
+  POINT topLeft() {
+    const RECT rect = program.rect();
+    return {rect.left + 4, rect.top + 4};
+  }
+  void drag(POINT from, int byX, int byY) {
+    pressAt(from);
+    moveTo({from.x + byX / 2, from.y + byY / 2});
+    moveTo({from.x + byX, from.y + byY});
+    release();
+  }
+  bool isAt(int x, int y) {
+    return waitUntil([&] { return program.rect().left == x && program.rect().top == y; });
+  }
+  bool hasSize(int width, int height) {
+    return waitUntil([&] {
+      const RECT rect = program.rect();
+      return rect.right - rect.left == width && rect.bottom - rect.top == height;
+    });
+  }
+  HWND toolbar() { return FindWindowW(kResizeClass, L"调整大小"); }
+  void pressButton(int command) {
+    const HWND button = GetDlgItem(toolbar(), command);
+    ASSERT_NE(button, nullptr);
+    RECT rect{};
+    GetWindowRect(button, &rect);
+    pressAt({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
+    release();
+  }
+  RECT workArea() {
+    RECT area{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+    return area;
+  }
+
+  Program program;
+};
+
+TEST_F(ClockOnScreenTest, TheFirstStartPlacesTheClockAtTheTopRightAndSavesThat) {
+  ASSERT_TRUE(program.start());
+  const RECT area = workArea();
+  EXPECT_TRUE(isAt(area.right - scaled(183 + 30), area.top + scaled(30)));
+  EXPECT_TRUE(hasSize(scaled(183), scaled(82)));
+  EXPECT_EQ(program.settings().windowX, program.rect().left);
+  EXPECT_EQ(program.settings().windowY, program.rect().top);
+}
+
+TEST_F(ClockOnScreenTest, TheWindowHasNoFrameNoTaskbarButtonAndStaysOnTop) {
+  startAt(200, 150);
+  EXPECT_EQ(GetWindowLongW(program.clock(), GWL_EXSTYLE) &
+                (WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED),
+            WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED);
+  const LONG style = GetWindowLongW(program.clock(), GWL_STYLE);
+  EXPECT_TRUE(style & WS_POPUP);
+  EXPECT_FALSE(style & (WS_CAPTION | WS_THICKFRAME));
+  EXPECT_TRUE(program.isVisible());
+  EXPECT_TRUE(isAt(200, 150));
+}
+
+TEST_F(ClockOnScreenTest, ADragAnywhereMovesTheClockAndSavesItsPlace) {
+  startAt(200, 150);
+  drag(middle(), 240, 130);
+  EXPECT_TRUE(isAt(440, 280));
+  EXPECT_TRUE(waitUntil([&] { return program.settings().windowX == 440; }));
+  EXPECT_EQ(program.settings().windowY, 280);
+}
+
+TEST_F(ClockOnScreenTest, OutsideResizeModeACornerMovesTheClockLikeAnyOtherPlace) {
+  startAt(200, 150);
+  drag(bottomRight(), 50, 60);
+  EXPECT_TRUE(isAt(250, 210));
+  EXPECT_TRUE(hasSize(scaled(183), scaled(82)));
+}
+
+TEST_F(ClockOnScreenTest, AClockSavedOffScreenIsCorrectedAndNotSavedUntilItIsMoved) {
+  startAt(9000, 9000);
+  const RECT area = workArea();
+  EXPECT_TRUE(isAt(area.left + 30, area.top + 30));
+  EXPECT_EQ(program.settings().windowX, 9000);
+}
+
+TEST_F(ClockOnScreenTest, AClockThatLiesPartlyOnScreenStays) {
+  startAt(-50, 100);
+  EXPECT_TRUE(isAt(-50, 100));
+}
+
+TEST_F(ClockOnScreenTest, ResizeModeShowsItsToolbarBelowTheClock) {
+  startAt(200, 150);
+  EXPECT_EQ(toolbar(), nullptr);
+  program.command(kCommandToggleResizeMode);
+  ASSERT_NE(toolbar(), nullptr);
+  RECT bar{};
+  GetWindowRect(toolbar(), &bar);
+  EXPECT_EQ(bar.left, 200);
+  EXPECT_EQ(bar.top, program.rect().bottom + scaled(6));
+  EXPECT_EQ(bar.right - bar.left, scaled(222));
+  EXPECT_EQ(bar.bottom - bar.top, scaled(40));
+}
+
+TEST_F(ClockOnScreenTest, ACornerDragResizesAndTheToolbarsButtonSaves) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  drag(bottomRight(), scaled(100), scaled(50));
+  EXPECT_TRUE(hasSize(scaled(183) + scaled(100), scaled(82) + scaled(50)));
+  EXPECT_TRUE(isAt(200, 150));
+  EXPECT_EQ(program.settings().windowWidth, 183u) << "not before the mode is left";
+  pressButton(kCommandToggleResizeMode);
+  EXPECT_TRUE(waitUntil([&] { return program.settings().windowWidth != 183; }));
+  EXPECT_NEAR(program.settings().windowWidth, 283, 1);
+  EXPECT_NEAR(program.settings().windowHeight, 132, 1);
+  EXPECT_TRUE(waitUntil([&] { return toolbar() == nullptr; }));
+}
+
+TEST_F(ClockOnScreenTest, ADragPastTheMinimumLeavesTheOppositeEdgesAlone) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  const RECT before = program.rect();
+  drag(topLeft(), scaled(500), scaled(300));
+  EXPECT_TRUE(hasSize(scaled(120), scaled(50)));
+  EXPECT_EQ(program.rect().right, before.right);
+  EXPECT_EQ(program.rect().bottom, before.bottom);
+}
+
+TEST_F(ClockOnScreenTest, InResizeModeTheClockIsStillDraggedAndTheToolbarFollowsUnsaved) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  drag(middle(), 100, 80);
+  EXPECT_TRUE(isAt(300, 230));
+  EXPECT_TRUE(waitUntil([&] {
+    RECT bar{};
+    GetWindowRect(toolbar(), &bar);
+    return bar.left == 300 && bar.top == program.rect().bottom + scaled(6);
+  }));
+  EXPECT_EQ(program.settings().windowX, 200);
+}
+
+TEST_F(ClockOnScreenTest, TheDefaultSizeComesBackByTheToolbar) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  drag(bottomRight(), 150, 90);
+  pressButton(kCommandDefaultSize);
+  EXPECT_TRUE(hasSize(scaled(183), scaled(82)));
+  EXPECT_NE(toolbar(), nullptr) << "the mode goes on";
+}
+
+TEST_F(ClockOnScreenTest, AnotherResolutionMovesTheClockToTheSuggestedPlaceAndKeepsItsUnits) {
+  startAt(200, 150);
+  RECT suggested{100, 120, 100 + 366, 120 + 164};
+  // The rectangle must lie in the other process for the time of the message.
+  HANDLE process = nullptr;
+  DWORD id = 0;
+  GetWindowThreadProcessId(program.clock(), &id);
+  process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id);
+  ASSERT_NE(process, nullptr);
+  void* there = VirtualAllocEx(process, nullptr, sizeof suggested, MEM_COMMIT, PAGE_READWRITE);
+  ASSERT_TRUE(WriteProcessMemory(process, there, &suggested, sizeof suggested, nullptr));
+  SendMessageW(program.clock(), WM_DPICHANGED, MAKEWPARAM(192, 192),
+               reinterpret_cast<LPARAM>(there));
+  VirtualFreeEx(process, there, 0, MEM_RELEASE);
+  CloseHandle(process);
+  EXPECT_TRUE(isAt(100, 120));
+  EXPECT_TRUE(hasSize(366, 164));
+  EXPECT_EQ(program.settings().windowWidth, 183u);
+}
+
+TEST_F(ClockOnScreenTest, TheLimitsAreTheSystemsTrackingLimitsToo) {
+  startAt(200, 150);
+  SetWindowPos(program.clock(), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  EXPECT_TRUE(hasSize(scaled(120), scaled(50)));
+}
+
+TEST_F(ClockOnScreenTest, TheUserHidesAndShowsTheClock) {
+  startAt(200, 150);
+  program.command(kCommandHideClock);
+  EXPECT_FALSE(program.isVisible());
+  program.command(kCommandToggleVisibility);
+  EXPECT_TRUE(program.isVisible());
+}
+
+TEST_F(ClockOnScreenTest, ClosingTheWindowEndsTheProgramInOrderAndWritesNothing) {
+  startAt(200, 150);
+  const std::string before = program.settingsBytes();
+  PostMessageW(program.clock(), WM_CLOSE, 0, 0);
+  DWORD exitCode = 99;
+  EXPECT_TRUE(program.waitForEnd(exitCode));
+  EXPECT_EQ(exitCode, 0u);
+  EXPECT_EQ(program.settingsBytes(), before);
+}
+
+TEST_F(ClockOnScreenTest, ExitingInResizeModeLosesTheNewSizeAndTakesTheToolbarAlong) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  drag(bottomRight(), 100, 50);
+  PostMessageW(program.clock(), WM_COMMAND, kCommandExit, 0);
+  DWORD exitCode = 99;
+  EXPECT_TRUE(program.waitForEnd(exitCode));
+  EXPECT_EQ(program.settings().windowWidth, 183u);
+  EXPECT_EQ(toolbar(), nullptr);
+}
+
+TEST_F(ClockOnScreenTest, OfTwoTestRootsTheLaterCounts) {
+  const TemporaryFolder earlier(L"an earlier root");
+  ASSERT_TRUE(program.start(L"\"--test-root=" + earlier.path() + L"\""));
+  EXPECT_FALSE(program.settingsBytes().empty());
+}
+
+TEST_F(ClockOnScreenTest, ADamagedFileIsLeftUntouchedWhileTheClockRunsOnDefaults) {
+  const std::string damaged = "MarluneNative2\n900 1 1 0\n300 10 18";
+  program.prepareBytes(damaged);
+  ASSERT_TRUE(program.start());
+  EXPECT_TRUE(program.waitForText(L"15:00"));
+  const RECT before = program.rect();
+  drag(middle(), 60, 60);
+  EXPECT_TRUE(isAt(before.left + 60, before.top + 60)) << "it moves";
+  program.command(kCommandToggleTimer);
+  EXPECT_TRUE(program.isCounting());
+  EXPECT_EQ(program.settingsBytes(), damaged) << "and is not saved";
+}
+
+TEST_F(ClockOnScreenTest, AFileThatAnotherProcessHoldsKeepsItsOldContentAndNoTemporaryStays) {
+  startAt(200, 150);
+  const std::string before = program.settingsBytes();
+  // As a scanner or a backup does: others may read, none may replace.
+  const HANDLE held = CreateFileW(program.settingsPath().c_str(), GENERIC_READ, FILE_SHARE_READ,
+                                  nullptr, OPEN_EXISTING, 0, nullptr);
+  ASSERT_NE(held, INVALID_HANDLE_VALUE);
+  drag(middle(), 60, 60);
+  EXPECT_TRUE(isAt(260, 210)) << "it stays where it was dropped";
+  EXPECT_TRUE(program.standsStill());
+  EXPECT_EQ(program.settingsBytes(), before);
+  EXPECT_EQ(GetFileAttributesW((program.settingsPath() + L".tmp").c_str()),
+            INVALID_FILE_ATTRIBUTES);
+  CloseHandle(held);
+  drag(middle(), 10, 10);
+  EXPECT_TRUE(waitUntil([&] { return program.settings().windowX == 270; }))
+      << "the next drag is saved again";
+}
+
+TEST_F(ClockOnScreenTest, TheKeysOfTheClockStartAndResetIt) {
+  startAt(200, 150);
+  PostMessageW(program.clock(), WM_KEYDOWN, VK_F2, 0);
+  EXPECT_TRUE(program.isCounting());
+  PostMessageW(program.clock(), WM_KEYDOWN, VK_F4, 0);
+  EXPECT_TRUE(program.waitForText(L"15:00"));
+}
+
+}  // namespace
+}  // namespace mrl

@@ -1,0 +1,74 @@
+// Starts the timer itself from a test, looks at its clock from outside, and steers it with the
+// mouse and with commands, as its users and its menus do. Windows only.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "settings/settings.h"
+
+namespace mrl {
+
+/// A folder that exists until the test ends.
+class TemporaryFolder {
+ public:
+  explicit TemporaryFolder(const std::wstring& name = L"marlune test");
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  ~TemporaryFolder();
+  const std::wstring& path() const { return folder; }
+
+ private:
+  std::wstring folder;
+};
+
+/// One marlune.exe in test mode. Belongs to the thread that made it; every wait has a limit.
+class Program {
+ public:
+  Program() = default;
+  Program(const Program&) = delete;
+  /// Ends the process if it still runs.
+  ~Program();
+
+  /// Puts `settings` into the settings file before the start.
+  void prepare(const Settings& settings) const;
+  /// Puts `bytes` there instead.
+  void prepareBytes(const std::string& bytes) const;
+  /// Starts it and waits until it is up. `arguments` stand before the one that names the test root.
+  [[nodiscard]] bool start(const std::wstring& arguments = L"");
+
+  HWND clock() const { return window; }
+  RECT rect() const;
+  bool isVisible() const { return IsWindowVisible(window) != FALSE; }
+  /// What the clock shows.
+  std::wstring text() const;
+  /// Sees the clock change by itself, twice.
+  [[nodiscard]] bool isCounting() const;
+  /// Sees the clock say the same for more than two seconds.
+  [[nodiscard]] bool standsStill() const;
+  [[nodiscard]] bool waitForText(const std::wstring& expected) const;
+
+  /// Runs a command and waits until it has run.
+  void command(int number) const;
+  /// Waits for the end of the process; false when it does not come.
+  [[nodiscard]] bool waitForEnd(DWORD& exitCode);
+
+  std::wstring settingsPath() const { return root.path() + L"\\settings.dat"; }
+  std::string settingsBytes() const;
+  Settings settings() const;
+
+ private:
+  TemporaryFolder root;
+  HANDLE process = nullptr;
+  HWND window = nullptr;
+};
+
+/// The mouse, as a hand moves it. Screen pixels.
+void pressAt(POINT point);
+void moveTo(POINT point);
+void release();
+
+/// Where a thing of 96 dots per inch stands at the desktop's resolution.
+int scaled(int units);
+
+}  // namespace mrl
