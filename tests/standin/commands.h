@@ -7,9 +7,10 @@ namespace mrl::standin {
 
 struct StandIn;
 
-/// Runs one command: words parted by blanks, joined by double quotes. The reply is "ok", what was
-/// asked for, or a text that begins with "error: ". A deck is named by its path or its file name;
-/// where it is left out, the active deck is meant, or the show that was started last.
+/// Runs one command of the table in commands.cpp: words parted by blanks, joined by double quotes.
+/// The reply is "ok", what was asked for, or a text that begins with "error: ". A deck is named by
+/// its path or its file name; where it is left out, the active deck is meant, or the show that was
+/// started last.
 std::wstring runCommand(StandIn& standIn, const std::wstring& text);
 
 }  // namespace mrl::standin

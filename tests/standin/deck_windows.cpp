@@ -1,6 +1,8 @@
 // Real windows with the classes and titles that presentation programs give theirs.
 #include "standin/deck_windows.h"
 
+#include <utility>
+
 #include "standin/slide_painting.h"
 #include "standin/stand_in.h"
 
@@ -167,13 +169,27 @@ DeckWindows::~DeckWindows() {
 }
 
 void DeckWindows::follow(StandIn& standIn) {
+  // While windows come and go, commands of other processes get in and may end up here again: the
+  // call that is at work then goes round once more.
+  changed = true;
+  if (std::exchange(following, true)) return;
+  while (std::exchange(changed, false)) followOnce(standIn);
+  following = false;
+}
+
+void DeckWindows::followOnce(StandIn& standIn) {
   Model& model = standIn.model;
   dropDead(showing, [&](int id) { return model.show(id) != nullptr; });
   dropDead(editing, [&](int id) { return model.deck(id) != nullptr; });
-  for (const Deck& deck : model.decks)
+  // By index and with copies, since the lists may change meanwhile.
+  for (size_t i = 0; i < model.decks.size(); ++i) {
+    const Deck deck = model.decks[i];
     if (!editing.contains(deck.id)) editing[deck.id] = createEditing(standIn, deck);
-  for (const Show& show : model.shows)
+  }
+  for (size_t i = 0; i < model.shows.size(); ++i) {
+    const Show show = model.shows[i];
     if (!showing.contains(show.id)) showing[show.id] = createShow(standIn, show);
+  }
 }
 
 HWND DeckWindows::ofShow(int showId) const {

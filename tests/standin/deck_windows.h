@@ -21,8 +21,12 @@ class DeckWindows {
   HWND ofShow(int showId) const;
 
  private:
+  void followOnce(StandIn& standIn);
+
   std::map<int, HWND> editing;  // by deck
   std::map<int, HWND> showing;  // by show
+  bool following = false;
+  bool changed = false;
 };
 
 }  // namespace mrl::standin
