@@ -9,10 +9,12 @@
 #include <utility>
 
 #include "core/wide_win.h"
+#include "settings/path_text.h"
 
 namespace mrl {
 namespace {
 
+constexpr DWORD kLongestPath = 32768;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 struct HandleCloser {
@@ -57,14 +59,6 @@ std::u16string systemText(DWORD code) {
   std::wstring_view words(text, length);
   while (words.ends_with(L' ')) words.remove_suffix(1);
   return words.empty() ? u16From(L"error " + std::to_wstring(code)) : u16From(words);
-}
-
-/// "\\?\C:\x" is C:\x, and "\\?\UNC\server\x" is \\server\x.
-std::wstring withoutPrefix(const std::wstring& path) {
-  constexpr std::wstring_view kServer = L"\\\\?\\UNC\\";
-  constexpr std::wstring_view kLocal = L"\\\\?\\";
-  if (path.starts_with(kServer)) return L"\\\\" + path.substr(kServer.size());
-  return path.starts_with(kLocal) ? path.substr(kLocal.size()) : path;
 }
 
 class Writer : public FileWriter {
@@ -141,14 +135,15 @@ bool FilesWin::createFolders(const std::u16string& path, std::u16string& error) 
 
 CanonicalResult FilesWin::canonical(const std::u16string& path, std::u16string& result) {
   const FileHandle file = openToLook(path);
-  // The first call tells the size with the closing zero, the second the length without it.
-  const DWORD size = file ? GetFinalPathNameByHandleW(file.get(), nullptr, 0, 0) : 0;
-  if (size == 0) {
+  std::wstring found(kLongestPath, L'\0');
+  const DWORD length =
+      file ? GetFinalPathNameByHandleW(file.get(), found.data(), kLongestPath, 0) : 0;
+  if (length == 0) {
     return isMissing(GetLastError()) ? CanonicalResult::Missing : CanonicalResult::Failed;
   }
-  std::wstring found(size, L'\0');
-  found.resize(GetFinalPathNameByHandleW(file.get(), found.data(), size, 0));
-  result = u16From(withoutPrefix(found));
+  if (length >= kLongestPath) return CanonicalResult::Failed;
+  found.resize(length);
+  result = withoutLongPathPrefix(u16From(found));
   return CanonicalResult::Found;
 }
 

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <string>
 
+#include "core/text.h"
 #include "core/wide_win.h"
 #include "settings/files_contract.h"
 #include "settings/path_rules.h"
@@ -97,6 +98,36 @@ TEST_F(FilesWinTest, AnExistingFileHasOneFormWhateverItsSpelling) {
 TEST_F(FilesWinTest, NamesThatWindowsRefusesCountAsMissing) {
   std::u16string result;
   EXPECT_EQ(files.canonical(place.folder + u"\\a<b>|?.pptx", result), CanonicalResult::Missing);
+}
+
+TEST_F(FilesWinTest, AnyOtherTroubleIsNotAbsence) {
+  // A pipe whose only place is taken can't be opened, and yet it is there.
+  const std::u16string busy = u"\\\\.\\pipe\\marlune-busy-" + decimal(GetCurrentProcessId());
+  const HANDLE pipe = CreateNamedPipeW(wideFrom(busy).c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE,
+                                       1, 64, 64, 0, nullptr);
+  ASSERT_NE(pipe, INVALID_HANDLE_VALUE);
+  {
+    const OtherHandle client(busy, GENERIC_READ, 0);
+    EXPECT_TRUE(client.isOpen());
+    std::u16string result;
+    FileKind kind = FileKind::Missing;
+    std::u16string error;
+    EXPECT_EQ(files.canonical(busy, result), CanonicalResult::Failed);
+    EXPECT_FALSE(files.status(busy, kind, error));
+    EXPECT_NE(error, u"");
+    EXPECT_EQ(normalizePath(files, busy), busy);
+    Settings record;
+    EXPECT_THROW(static_cast<void>(loadSettings(files, busy, record, error)),
+                 std::filesystem::filesystem_error);
+  }
+  CloseHandle(pipe);
+}
+
+TEST_F(FilesWinTest, ADeviceIsNeitherFileNorFolder) {
+  FileKind kind = FileKind::Missing;
+  std::u16string error;
+  EXPECT_TRUE(files.status(u"NUL", kind, error));
+  EXPECT_EQ(kind, FileKind::Other);
 }
 
 TEST_F(FilesWinTest, TwoSpellingsAreTheSameFileAfterNormalisation) {

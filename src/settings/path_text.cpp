@@ -98,4 +98,13 @@ std::u16string_view stemOf(std::u16string_view path) {
   return dot == 0 ? name : name.substr(0, dot);
 }
 
+std::u16string withoutLongPathPrefix(const std::u16string& path) {
+  constexpr std::u16string_view kServer = u"\\\\?\\UNC\\";
+  constexpr std::u16string_view kLocal = u"\\\\?\\";
+  if (path.starts_with(kServer)) return u"\\\\" + path.substr(kServer.size());
+  const bool hasDrive =
+      path.starts_with(kLocal) && path.find(u":\\", kLocal.size()) == kLocal.size() + 1;
+  return hasDrive ? path.substr(kLocal.size()) : path;
+}
+
 }  // namespace mrl

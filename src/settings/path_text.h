@@ -21,4 +21,8 @@ std::u16string_view parentFolder(std::u16string_view path);
 /// extension, a stream's name behind ':' is left out.
 std::u16string_view stemOf(std::u16string_view path);
 
+/// The everyday form of what the system calls "\\?\C:\x" or "\\?\UNC\server\x". A path without one
+/// stays.
+std::u16string withoutLongPathPrefix(const std::u16string& path);
+
 }  // namespace mrl

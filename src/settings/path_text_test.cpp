@@ -150,5 +150,18 @@ TEST(PathTextTest, APathThatEndsAsAFolderHasNoStem) {
   EXPECT_EQ(stemOf(u"\\\\server"), u"");
 }
 
+TEST(PathTextTest, APrefixForLongPathsGoesWhereThereIsAnEverydayForm) {
+  EXPECT_EQ(withoutLongPathPrefix(u"\\\\?\\C:\\a\\b"), u"C:\\a\\b");
+  EXPECT_EQ(withoutLongPathPrefix(u"\\\\?\\C:\\"), u"C:\\");
+  EXPECT_EQ(withoutLongPathPrefix(u"\\\\?\\UNC\\server\\share"), u"\\\\server\\share");
+  EXPECT_EQ(withoutLongPathPrefix(u"C:\\a"), u"C:\\a");
+  EXPECT_EQ(withoutLongPathPrefix(u"\\\\server\\share"), u"\\\\server\\share");
+}
+
+TEST(PathTextTest, APrefixForLongPathsStaysWhereThereIsNoEverydayForm) {
+  EXPECT_EQ(withoutLongPathPrefix(u"\\\\?\\Volume{1}\\a"), u"\\\\?\\Volume{1}\\a");
+  EXPECT_EQ(withoutLongPathPrefix(u"\\\\?\\"), u"\\\\?\\");
+}
+
 }  // namespace
 }  // namespace mrl
