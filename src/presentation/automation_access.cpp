@@ -53,7 +53,6 @@ bool connectApplication(const PresentationAccess& access, AutomationState& autom
   if (invokeMember(access, automation.application, u"Name", DispatchKind::Get, &ignored) >= 0) {
     return true;
   }
-  automation.application = nullptr;
   for (const std::u16string_view provider : kProviders) {
     automation.application = access.automation.running(provider);
     if (automation.application) {
@@ -88,7 +87,7 @@ WindowHandle showWindowHandle(const PresentationAccess& access, const Automation
                               const std::u16string& documentPath) {
   // The assignment keeps the sign, as handles do that pass through 32 bits.
   const WindowHandle window{getInt(access, showWindow, u"HWND")};
-  if (window && access.windows.isWindow(window)) return window;
+  if (access.windows.isWindow(window)) return window;
   if (documentPath.empty()) return {};
   return scanPresentationWindows(access.windows, documentPath).fullScreenWindow;
 }

@@ -99,6 +99,14 @@ TEST_F(AutomationAccessTest, GetIntIsZeroForAResultThatIsNoNumber) {
   EXPECT_EQ(getInt(access, show, u"HWND"), 0);
 }
 
+TEST_F(AutomationAccessTest, GetIntTakesATextOfDigitsAndNothingAtAllForNumbers) {
+  const AutomationRef show = theShow(77);
+  world.automation.answers["show.HWND"] = {kAutomationOk, u"42"};
+  EXPECT_EQ(getInt(access, show, u"HWND"), 42);
+  world.automation.answers["show.HWND"] = {kAutomationOk, {}};
+  EXPECT_EQ(getInt(access, show, u"HWND"), 0);
+}
+
 TEST_F(AutomationAccessTest, GetIntOfANullObjectIsZeroWithoutACall) {
   EXPECT_EQ(getInt(access, nullptr, u"Count"), 0);
   EXPECT_TRUE(world.log.empty());

@@ -2,11 +2,14 @@
 // member can be told to fail or to talk nonsense, and which writes down every call.
 #pragma once
 
+#include <charconv>
 #include <functional>
 #include <map>
 #include <memory>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <type_traits>
 #include <vector>
 
 #include "core/text.h"
@@ -93,13 +96,17 @@ class AutomationFake : public Automation {
     if (answer.result >= 0 && result) *result = std::move(answer.value);
     return answer.result;
   }
-  /// Understands integers and nothing at all; not texts of digits.
   bool readInteger(const AutomationRef& object, std::u16string_view name, int32_t& value) override {
     AutomationValue result;
     if (call(object, name, DispatchKind::Get, &result, {}) < 0) return false;
+    if (std::holds_alternative<AutomationRef>(result)) return false;
     if (std::holds_alternative<std::monostate>(result)) result = 0;
-    if (!std::holds_alternative<int32_t>(result)) return false;
-    value = std::get<int32_t>(result);
+    const std::string digits = textOf(result);
+    int32_t number = 0;
+    const auto [rest, failure] =
+        std::from_chars(digits.data(), digits.data() + digits.size(), number);
+    if (failure != std::errc() || rest != digits.data() + digits.size()) return false;
+    value = number;
     return true;
   }
 

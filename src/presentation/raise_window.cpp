@@ -4,7 +4,7 @@
 namespace mrl {
 
 void raiseWindow(WindowSystem& windows, WindowHandle window) {
-  if (!window || !windows.isWindow(window)) return;
+  if (!windows.isWindow(window)) return;
   windows.show(window);
   // A brief spell as topmost lifts the window above everything without leaving it there.
   windows.setTopmost(window, true);

@@ -77,10 +77,9 @@ DocumentState stateWithoutShow(const AutomationState& automation, const OpenDocu
   if (open.lastDocumentOpen) return DocumentState::Open;
   if (open.providerComplete) return DocumentState::Closed;
   const auto namesLastDocument = [&](const std::u16string& title) {
-    return titleNamesDocument(title, automation.lastDocument);
+    return titleNamesDocument(title, automation.lastDocument);  // none remembered: in no title
   };
-  if (!automation.lastDocument.empty() &&
-      std::any_of(scan.titles.begin(), scan.titles.end(), namesLastDocument)) {
+  if (std::any_of(scan.titles.begin(), scan.titles.end(), namesLastDocument)) {
     return DocumentState::Open;
   }
   if (!scan.found && !open.any) return DocumentState::Closed;

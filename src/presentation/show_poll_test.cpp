@@ -365,6 +365,12 @@ TEST_F(ShowPollTest, ACountThatIsNoNumberMakesTheListIncomplete) {
   EXPECT_EQ(status.documentState, DocumentState::Unknown);
 }
 
+TEST_F(ShowPollTest, ACountThatComesAsATextOfDigitsIsTaken) {
+  applicationAfterAShow();
+  world.automation.answers["presentations.Count"] = {kAutomationOk, u"2"};
+  EXPECT_EQ(poll().documentState, DocumentState::Open);
+}
+
 TEST_F(ShowPollTest, WithoutPresentationsTheProviderCanNotDeclareTheDocumentClosed) {
   applicationAfterAShow();
   world.automation.fail("application.Presentations");

@@ -29,6 +29,7 @@ class WindowSystem {
   /// The full rectangle of the monitor nearest to the window.
   [[nodiscard]] virtual Rect monitorRect(WindowHandle window) = 0;
 
+  /// False for none.
   [[nodiscard]] virtual bool isWindow(WindowHandle window) = 0;
   [[nodiscard]] virtual WindowHandle foreground() = 0;
   virtual void setForeground(WindowHandle window) = 0;
