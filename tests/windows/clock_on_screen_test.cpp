@@ -35,11 +35,19 @@ class ClockOnScreenTest : public testing::Test {
     const RECT rect = program.rect();
     return {rect.left + 4, rect.top + 4};
   }
+  /// As a hand does it: the button goes up only when the clock has followed.
   void drag(POINT from, int byX, int byY) {
+    const RECT before = program.rect();
     pressAt(from);
+    ASSERT_TRUE(waitUntil([&] { return program.isHeldByMouse(); }));
     moveTo({from.x + byX / 2, from.y + byY / 2});
     moveTo({from.x + byX, from.y + byY});
+    ASSERT_TRUE(waitUntil([&] {
+      const RECT now = program.rect();
+      return !EqualRect(&now, &before);
+    }));
     release();
+    ASSERT_TRUE(waitUntil([&] { return !program.isHeldByMouse(); }));
   }
   bool isAt(int x, int y) {
     return waitUntil([&] { return program.rect().left == x && program.rect().top == y; });
@@ -197,8 +205,12 @@ TEST_F(ClockOnScreenTest, AnotherResolutionMovesTheClockToTheSuggestedPlaceAndKe
 
 TEST_F(ClockOnScreenTest, TheLimitsAreTheSystemsTrackingLimitsToo) {
   startAt(200, 150);
-  SetWindowPos(program.clock(), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  EXPECT_TRUE(hasSize(scaled(120), scaled(50)));
+  MINMAXINFO limits{};
+  SendMessageW(program.clock(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+  EXPECT_EQ(limits.ptMinTrackSize.x, scaled(120));
+  EXPECT_EQ(limits.ptMinTrackSize.y, scaled(50));
+  EXPECT_EQ(limits.ptMaxTrackSize.x, scaled(1200));
+  EXPECT_EQ(limits.ptMaxTrackSize.y, scaled(600));
 }
 
 TEST_F(ClockOnScreenTest, TheUserHidesAndShowsTheClock) {

@@ -105,6 +105,14 @@ RECT Program::rect() const {
   return rect;
 }
 
+bool Program::isHeldByMouse() const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+  return GetGUIThreadInfo(thread, &info) &&
+         (info.hwndCapture != nullptr || (info.flags & GUI_INMOVESIZE) != 0);
+}
+
 std::wstring Program::text() const {
   const auto atom =
       static_cast<ATOM>(reinterpret_cast<UINT_PTR>(GetPropW(window, L"Marlune.Text")));

@@ -40,6 +40,8 @@ class Program {
   HWND clock() const { return window; }
   RECT rect() const;
   bool isVisible() const { return IsWindowVisible(window) != FALSE; }
+  /// The mouse drags the clock or one of its corners.
+  bool isHeldByMouse() const;
   /// What the clock shows.
   std::wstring text() const;
   /// Sees the clock change by itself, twice.
