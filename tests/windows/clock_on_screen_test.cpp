@@ -35,19 +35,29 @@ class ClockOnScreenTest : public testing::Test {
     const RECT rect = program.rect();
     return {rect.left + 4, rect.top + 4};
   }
-  /// As a hand does it: the button goes up only when the clock has followed.
-  void drag(POINT from, int byX, int byY) {
-    const RECT before = program.rect();
+  /// As a hand does it: the button goes up only when the clock has followed to `expected`.
+  void drag(POINT from, int byX, int byY, RECT expected) {
     pressAt(from);
     ASSERT_TRUE(waitUntil([&] { return program.isHeldByMouse(); }));
     moveTo({from.x + byX / 2, from.y + byY / 2});
     moveTo({from.x + byX, from.y + byY});
-    ASSERT_TRUE(waitUntil([&] {
+    EXPECT_TRUE(waitUntil([&] {
       const RECT now = program.rect();
-      return !EqualRect(&now, &before);
-    }));
+      return EqualRect(&now, &expected);
+    })) << "the clock did not follow";
     release();
     ASSERT_TRUE(waitUntil([&] { return !program.isHeldByMouse(); }));
+  }
+  void moveClock(POINT from, int byX, int byY) {
+    RECT expected = program.rect();
+    OffsetRect(&expected, byX, byY);
+    drag(from, byX, byY, expected);
+  }
+  void growClock(int byX, int byY) {
+    RECT expected = program.rect();
+    expected.right += byX;
+    expected.bottom += byY;
+    drag(bottomRight(), byX, byY, expected);
   }
   bool isAt(int x, int y) {
     return waitUntil([&] { return program.rect().left == x && program.rect().top == y; });
@@ -64,8 +74,7 @@ class ClockOnScreenTest : public testing::Test {
     ASSERT_NE(button, nullptr);
     RECT rect{};
     GetWindowRect(button, &rect);
-    pressAt({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
-    release();
+    clickAt({(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2});
   }
   RECT workArea() {
     RECT area{};
@@ -99,7 +108,7 @@ TEST_F(ClockOnScreenTest, TheWindowHasNoFrameNoTaskbarButtonAndStaysOnTop) {
 
 TEST_F(ClockOnScreenTest, ADragAnywhereMovesTheClockAndSavesItsPlace) {
   startAt(200, 150);
-  drag(middle(), 240, 130);
+  moveClock(middle(), 240, 130);
   EXPECT_TRUE(isAt(440, 280));
   EXPECT_TRUE(waitUntil([&] { return program.settings().windowX == 440; }));
   EXPECT_EQ(program.settings().windowY, 280);
@@ -107,7 +116,7 @@ TEST_F(ClockOnScreenTest, ADragAnywhereMovesTheClockAndSavesItsPlace) {
 
 TEST_F(ClockOnScreenTest, OutsideResizeModeACornerMovesTheClockLikeAnyOtherPlace) {
   startAt(200, 150);
-  drag(bottomRight(), 50, 60);
+  moveClock(bottomRight(), 50, 60);
   EXPECT_TRUE(isAt(250, 210));
   EXPECT_TRUE(hasSize(scaled(183), scaled(82)));
 }
@@ -140,7 +149,7 @@ TEST_F(ClockOnScreenTest, ResizeModeShowsItsToolbarBelowTheClock) {
 TEST_F(ClockOnScreenTest, ACornerDragResizesAndTheToolbarsButtonSaves) {
   startAt(200, 150);
   program.command(kCommandToggleResizeMode);
-  drag(bottomRight(), scaled(100), scaled(50));
+  growClock(scaled(100), scaled(50));
   EXPECT_TRUE(hasSize(scaled(183) + scaled(100), scaled(82) + scaled(50)));
   EXPECT_TRUE(isAt(200, 150));
   EXPECT_EQ(program.settings().windowWidth, 183u) << "not before the mode is left";
@@ -155,7 +164,9 @@ TEST_F(ClockOnScreenTest, ADragPastTheMinimumLeavesTheOppositeEdgesAlone) {
   startAt(200, 150);
   program.command(kCommandToggleResizeMode);
   const RECT before = program.rect();
-  drag(topLeft(), scaled(500), scaled(300));
+  const RECT smallest{before.right - scaled(120), before.bottom - scaled(50), before.right,
+                      before.bottom};
+  drag(topLeft(), scaled(500), scaled(300), smallest);
   EXPECT_TRUE(hasSize(scaled(120), scaled(50)));
   EXPECT_EQ(program.rect().right, before.right);
   EXPECT_EQ(program.rect().bottom, before.bottom);
@@ -164,7 +175,7 @@ TEST_F(ClockOnScreenTest, ADragPastTheMinimumLeavesTheOppositeEdgesAlone) {
 TEST_F(ClockOnScreenTest, InResizeModeTheClockIsStillDraggedAndTheToolbarFollowsUnsaved) {
   startAt(200, 150);
   program.command(kCommandToggleResizeMode);
-  drag(middle(), 100, 80);
+  moveClock(middle(), 100, 80);
   EXPECT_TRUE(isAt(300, 230));
   EXPECT_TRUE(waitUntil([&] {
     RECT bar{};
@@ -177,7 +188,7 @@ TEST_F(ClockOnScreenTest, InResizeModeTheClockIsStillDraggedAndTheToolbarFollows
 TEST_F(ClockOnScreenTest, TheDefaultSizeComesBackByTheToolbar) {
   startAt(200, 150);
   program.command(kCommandToggleResizeMode);
-  drag(bottomRight(), 150, 90);
+  growClock(150, 90);
   pressButton(kCommandDefaultSize);
   EXPECT_TRUE(hasSize(scaled(183), scaled(82)));
   EXPECT_NE(toolbar(), nullptr) << "the mode goes on";
@@ -234,7 +245,7 @@ TEST_F(ClockOnScreenTest, ClosingTheWindowEndsTheProgramInOrderAndWritesNothing)
 TEST_F(ClockOnScreenTest, ExitingInResizeModeLosesTheNewSizeAndTakesTheToolbarAlong) {
   startAt(200, 150);
   program.command(kCommandToggleResizeMode);
-  drag(bottomRight(), 100, 50);
+  growClock(100, 50);
   PostMessageW(program.clock(), WM_COMMAND, kCommandExit, 0);
   DWORD exitCode = 99;
   EXPECT_TRUE(program.waitForEnd(exitCode));
@@ -254,7 +265,7 @@ TEST_F(ClockOnScreenTest, ADamagedFileIsLeftUntouchedWhileTheClockRunsOnDefaults
   ASSERT_TRUE(program.start());
   EXPECT_TRUE(program.waitForText(L"15:00"));
   const RECT before = program.rect();
-  drag(middle(), 60, 60);
+  moveClock(middle(), 60, 60);
   EXPECT_TRUE(isAt(before.left + 60, before.top + 60)) << "it moves";
   program.command(kCommandToggleTimer);
   EXPECT_TRUE(program.isCounting());
@@ -268,14 +279,14 @@ TEST_F(ClockOnScreenTest, AFileThatAnotherProcessHoldsKeepsItsOldContentAndNoTem
   const HANDLE held = CreateFileW(program.settingsPath().c_str(), GENERIC_READ, FILE_SHARE_READ,
                                   nullptr, OPEN_EXISTING, 0, nullptr);
   ASSERT_NE(held, INVALID_HANDLE_VALUE);
-  drag(middle(), 60, 60);
+  moveClock(middle(), 60, 60);
   EXPECT_TRUE(isAt(260, 210)) << "it stays where it was dropped";
   EXPECT_TRUE(program.standsStill());
   EXPECT_EQ(program.settingsBytes(), before);
   EXPECT_EQ(GetFileAttributesW((program.settingsPath() + L".tmp").c_str()),
             INVALID_FILE_ATTRIBUTES);
   CloseHandle(held);
-  drag(middle(), 10, 10);
+  moveClock(middle(), 10, 10);
   EXPECT_TRUE(waitUntil([&] { return program.settings().windowX == 270; }))
       << "the next drag is saved again";
 }

@@ -35,18 +35,21 @@ HWND clockOf(DWORD processId) {
   return nullptr;
 }
 
-void sendMouse(DWORD flags, POINT point = {}) {
-  INPUT input{};
-  input.type = INPUT_MOUSE;
-  input.mi.dwFlags = flags;
-  if (flags & MOUSEEVENTF_ABSOLUTE) {
-    // The whole screen is 65536 steps wide; half a pixel more makes the rounding safe.
-    const int width = GetSystemMetrics(SM_CXSCREEN);
-    const int height = GetSystemMetrics(SM_CYSCREEN);
-    input.mi.dx = (point.x * 65536 + 32768) / width;
-    input.mi.dy = (point.y * 65536 + 32768) / height;
-  }
-  SendInput(1, &input, sizeof input);
+/// Wine lets a button that only SendInput holds go up again at the next sight of the X server's own
+/// mouse, so the hand has to be one of the X server's.
+void moveRealMouse(const std::wstring& actions) {
+  std::wstring line = LR"(Z:\usr\bin\xdotool )" + actions;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION started{};
+  ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+                             &startup, &started));
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+}
+
+std::wstring moveAction(POINT point) {
+  return L"mousemove " + std::to_wstring(point.x) + L" " + std::to_wstring(point.y);
 }
 
 }  // namespace
@@ -170,21 +173,20 @@ Settings Program::settings() const {
   return record;
 }
 
-void pressAt(POINT point) {
-  moveTo(point);
-  sendMouse(MOUSEEVENTF_LEFTDOWN);
-}
+void pressAt(POINT point) { moveRealMouse(moveAction(point) + L" mousedown 1"); }
 
 void moveTo(POINT point) {
-  sendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point);
-  (void)waitUntil([&] {
+  moveRealMouse(moveAction(point));
+  EXPECT_TRUE(waitUntil([&] {
     POINT now{};
     GetCursorPos(&now);
     return now.x == point.x && now.y == point.y;
-  });
+  }));
 }
 
-void release() { sendMouse(MOUSEEVENTF_LEFTUP); }
+void release() { moveRealMouse(L"mouseup 1"); }
+
+void clickAt(POINT point) { moveRealMouse(moveAction(point) + L" click 1"); }
 
 int scaled(int units) { return MulDiv(units, static_cast<int>(GetDpiForSystem()), 96); }
 

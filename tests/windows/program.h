@@ -69,6 +69,7 @@ class Program {
 void pressAt(POINT point);
 void moveTo(POINT point);
 void release();
+void clickAt(POINT point);
 
 /// Where a thing of 96 dots per inch stands at the desktop's resolution.
 int scaled(int units);
