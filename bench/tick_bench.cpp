@@ -1,0 +1,54 @@
+// What the whole tick costs while nothing is to be done, which is nearly always: ten times a second
+// for as long as the program runs.
+#include <benchmark/benchmark.h>
+
+#include "core/app.h"
+#include "core/black_screen_fake.h"
+#include "core/clock_fake.h"
+#include "core/main_loop_fake.h"
+#include "core/screens_fake.h"
+#include "core/tick.h"
+#include "overlay/clock_window_fake.h"
+#include "overlay/resize_toolbar_fake.h"
+#include "presentation/presentation_fake.h"
+
+namespace mrl {
+namespace {
+
+/// A talk in its first minute, between two polls.
+struct Evening {
+  Evening() {
+    (void)startApp(app, {}, u"C:\\settings.dat");
+    startTimer(app.timer, clock.nowMs());
+    tick(app);
+  }
+
+  ClockFake clock;
+  PresentationFake outside;
+  ScreensFake screens;
+  MainLoopFake loop;
+  ClockWindowFake clockWindow;
+  ResizeToolbarFake toolbar;
+  BlackScreenFake blackScreen;
+  App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
+           toolbar, blackScreen}};
+};
+
+// The least that a tick must do: read the clock, and make the text that it compares.
+void bareText(benchmark::State& state) {
+  const Evening evening;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(
+        timeText(evening.app.timer, evening.clock.nowMs(), evening.app.settings));
+  }
+}
+BENCHMARK(bareText);
+
+void tickWithNothingToDo(benchmark::State& state) {
+  Evening evening;
+  for (auto _ : state) tick(evening.app);
+}
+BENCHMARK(tickWithNothingToDo);
+
+}  // namespace
+}  // namespace mrl
