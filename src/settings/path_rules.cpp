@@ -33,8 +33,7 @@ bool resolveExistingPart(Files& files, const std::u16string& tidy, std::u16strin
 
 /// Moves `end` past an extension of a presentation, if one stands there.
 size_t skipExtension(std::u16string_view title, size_t end) {
-  constexpr std::u16string_view kExtensions[] = {u".pptx", u".ppsx", u".ppt", u".pps", u".dps"};
-  for (const std::u16string_view extension : kExtensions) {
+  for (const std::u16string_view extension : kPresentationExtensions) {
     if (title.substr(end).starts_with(extension)) return end + extension.size();
   }
   return end;
