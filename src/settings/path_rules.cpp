@@ -54,14 +54,12 @@ std::u16string_view untilZero(std::u16string_view text) { return text.substr(0, 
 }  // namespace
 
 std::u16string normalizePath(Files& files, const std::u16string& path) {
-  const std::u16string tidy = lexicallyNormal(path, files.separator());
   std::u16string result;
-  switch (files.canonical(path, result)) {
-    case CanonicalResult::Found: return result;
-    case CanonicalResult::Failed: return tidy;
-    case CanonicalResult::Missing: break;
-  }
-  return resolveExistingPart(files, tidy, result) ? result : tidy;
+  const CanonicalResult whole = files.canonical(path, result);
+  if (whole == CanonicalResult::Found) return result;
+  const std::u16string tidy = lexicallyNormal(path, files.separator());
+  const bool missing = whole == CanonicalResult::Missing;
+  return missing && resolveExistingPart(files, tidy, result) ? result : tidy;
 }
 
 bool samePath(std::u16string_view a, std::u16string_view b) {
