@@ -92,4 +92,15 @@ WindowHandle showWindowHandle(const PresentationAccess& access, const Automation
   return scanPresentationWindows(access.windows, documentPath).fullScreenWindow;
 }
 
+AutomationResult goToSlide(const PresentationAccess& access, const AutomationRef& show,
+                           int32_t slide) {
+  return invokeMember(access, getObject(access, show, u"View"), u"GotoSlide", DispatchKind::Method,
+                      nullptr, {slide});
+}
+
+int32_t editedSlide(const PresentationAccess& access, const AutomationRef& documentWindow) {
+  const AutomationRef view = getObject(access, documentWindow, u"View");
+  return std::max(getInt(access, getObject(access, view, u"Slide"), u"SlideIndex"), 1);
+}
+
 }  // namespace mrl

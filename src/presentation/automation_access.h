@@ -86,4 +86,10 @@ AutomationRef findShowWindow(const PresentationAccess& access, const AutomationR
 WindowHandle showWindowHandle(const PresentationAccess& access, const AutomationRef& showWindow,
                               const std::u16string& documentPath);
 
+AutomationResult goToSlide(const PresentationAccess& access, const AutomationRef& show,
+                           int32_t slide);
+
+/// The slide that the presenter has before them in a document window; 1 when it can't be told.
+int32_t editedSlide(const PresentationAccess& access, const AutomationRef& documentWindow);
+
 }  // namespace mrl

@@ -46,30 +46,18 @@ const Row* findCommand(const Row (&rows)[kCount], std::string_view command) {
   return row == std::end(rows) ? nullptr : row;
 }
 
-AutomationResult goToSlide(const PresentationAccess& access, const AutomationRef& show,
-                           int32_t slide) {
-  return invokeMember(access, getObject(access, show, u"View"), u"GotoSlide", DispatchKind::Method,
-                      nullptr, {slide});
-}
-
 void raiseShow(const PresentationAccess& access, const AutomationRef& show,
                const AutomationRef& presentation) {
   const std::u16string path = getString(access, presentation, u"FullName");
   raiseWindow(access.windows, showWindowHandle(access, show, path));
 }
 
-// The slide that the presenter has before them in the editing window.
-int32_t editedSlide(const PresentationAccess& access, const AutomationRef& application) {
-  const AutomationRef window = getObject(access, application, u"ActiveWindow");
-  const AutomationRef slide = getObject(access, getObject(access, window, u"View"), u"Slide");
-  return std::max(getInt(access, slide, u"SlideIndex"), 1);
-}
-
 AutomationResult startShow(const PresentationAccess& access, const AutomationRef& application,
                            bool fromEditedSlide) {
   const AutomationRef presentation = getObject(access, application, u"ActivePresentation");
   const AutomationRef settings = getObject(access, presentation, u"SlideShowSettings");
-  const int32_t slide = fromEditedSlide ? editedSlide(access, application) : 1;
+  const int32_t slide =
+      fromEditedSlide ? editedSlide(access, getObject(access, application, u"ActiveWindow")) : 1;
   const AutomationRef show = getObject(access, settings, u"Run", DispatchKind::Method);
   if (!show) return kAutomationFailed;
   const AutomationResult result = goToSlide(access, show, slide);

@@ -4,10 +4,19 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace mrl {
 
 enum class FileKind { Missing, Regular, Directory, Other };
+
+/// What a folder holds under one name.
+struct FolderEntry {
+  std::u16string name;
+  FileKind kind = FileKind::Missing;  // links followed; Missing also when it can't be told
+
+  bool operator==(const FolderEntry&) const = default;
+};
 
 enum class CanonicalResult { Found, Missing, Failed };
 
@@ -40,6 +49,9 @@ class Files {
   virtual void remove(const std::u16string& path) = 0;
   /// Makes the folder and those above it; one that exists is success.
   [[nodiscard]] virtual bool createFolders(const std::u16string& path, std::u16string& error) = 0;
+  /// The entries of a folder, not those of its subfolders, in any order. Trouble on opening or on
+  /// the way ends the list; what came before it counts. REQUIRES: `folder` is not empty.
+  [[nodiscard]] virtual std::vector<FolderEntry> list(const std::u16string& folder) = 0;
   /// The final, absolute form of an existing path, links resolved and in the case found on disk.
   [[nodiscard]] virtual CanonicalResult canonical(const std::u16string& path,
                                                   std::u16string& result) = 0;

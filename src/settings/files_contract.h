@@ -5,8 +5,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
+#include <vector>
 
+#include "core/text.h"
 #include "settings/files.h"
 
 namespace mrl {
@@ -36,6 +39,13 @@ class FilesContract : public testing::Test {
     std::string bytes;
     EXPECT_TRUE(files.read(file, bytes));
     return bytes;
+  }
+
+  std::vector<FolderEntry> sortedList(const std::u16string& folder) {
+    std::vector<FolderEntry> entries = files.list(folder);
+    std::sort(entries.begin(), entries.end(),
+              [](const FolderEntry& a, const FolderEntry& b) { return a.name < b.name; });
+    return entries;
   }
 
   Place place;
@@ -153,6 +163,43 @@ TYPED_TEST_P(FilesContract, AFolderThatCannotBeMadeComesWithTheSystemsWords) {
   EXPECT_EQ(this->bytesOf(this->path(u"file")), "x");
 }
 
+TYPED_TEST_P(FilesContract, AListHasTheFilesAndFoldersOfAFolderAndNothingBelow) {
+  std::u16string error;
+  ASSERT_TRUE(this->put(this->path(u"Talk 演示.PPTX"), "x"));
+  ASSERT_TRUE(this->files.createFolders(this->path(u"folder.ppt"), error));
+  ASSERT_TRUE(this->put(this->path(u"folder.ppt") + this->files.separator() + u"below", "x"));
+  EXPECT_EQ(this->sortedList(this->place.folder),
+            (std::vector<FolderEntry>{{u"Talk 演示.PPTX", FileKind::Regular},
+                                      {u"folder.ppt", FileKind::Directory}}));
+}
+
+TYPED_TEST_P(FilesContract, ASeparatorBehindAFolderMakesNoDifferenceToItsList) {
+  ASSERT_TRUE(this->put(this->path(u"file"), "x"));
+  EXPECT_EQ(this->sortedList(this->path(u"")),
+            (std::vector<FolderEntry>{{u"file", FileKind::Regular}}));
+}
+
+TYPED_TEST_P(FilesContract, AnEmptyFolderAndWhatIsNoFolderHaveAnEmptyList) {
+  EXPECT_TRUE(this->files.list(this->place.folder).empty());
+  ASSERT_TRUE(this->put(this->path(u"file"), "x"));
+  EXPECT_TRUE(this->files.list(this->path(u"file")).empty());
+  EXPECT_TRUE(this->files.list(this->path(u"missing")).empty());
+}
+
+TYPED_TEST_P(FilesContract, AFolderOfManyFilesIsListedWhole) {
+  constexpr int64_t kMany = 1'000;
+  std::vector<std::u16string> expected;
+  for (int64_t number = 0; number < kMany; ++number) {
+    expected.push_back(decimal(kMany + number));
+    ASSERT_TRUE(this->files.create(this->path(expected.back())));
+  }
+  std::vector<std::u16string> names;
+  for (const FolderEntry& entry : this->sortedList(this->place.folder)) {
+    names.push_back(entry.name);
+  }
+  EXPECT_EQ(names, expected);
+}
+
 TYPED_TEST_P(FilesContract, AllSpellingsOfAnExistingPathHaveOneCanonicalForm) {
   ASSERT_TRUE(this->put(this->path(u"file"), "x"));
   const std::u16string dot = this->path(u".") + this->files.separator();
@@ -187,17 +234,18 @@ TYPED_TEST_P(FilesContract, WhatIsMissingHasNoCanonicalForm) {
   }
 }
 
-REGISTER_TYPED_TEST_SUITE_P(FilesContract, WhatWasWrittenIsReadBackByteForByte, ABigFileIsReadWhole,
-                            AnEmptyFileIsReadAsNoBytes, WhatCannotBeReadLeavesTheBytesUntouched,
-                            StatusTellsFilesFromFoldersFromNothing, CreatingTruncatesAnOldFile,
-                            NobodyElseCreatesAFileThatIsBeingWritten,
-                            AFileIsNotCreatedWhereItsFolderIsMissingOrOverAFolder,
-                            ReplacingMovesTheNewFileOverTheOldOne, ReplacingNeedsNoOldFile,
-                            AFailedReplacementLeavesBothAsTheyWere, RemovingTakesTheFileAway,
-                            CreatingAFolderMakesThoseAboveItToo,
-                            AFolderThatCannotBeMadeComesWithTheSystemsWords,
-                            AllSpellingsOfAnExistingPathHaveOneCanonicalForm,
-                            ACanonicalFolderHasNoSeparatorAtItsEnd,
-                            WhatIsMissingHasNoCanonicalForm);
+REGISTER_TYPED_TEST_SUITE_P(
+    FilesContract, WhatWasWrittenIsReadBackByteForByte, ABigFileIsReadWhole,
+    AnEmptyFileIsReadAsNoBytes, WhatCannotBeReadLeavesTheBytesUntouched,
+    StatusTellsFilesFromFoldersFromNothing, CreatingTruncatesAnOldFile,
+    NobodyElseCreatesAFileThatIsBeingWritten, AFileIsNotCreatedWhereItsFolderIsMissingOrOverAFolder,
+    ReplacingMovesTheNewFileOverTheOldOne, ReplacingNeedsNoOldFile,
+    AFailedReplacementLeavesBothAsTheyWere, RemovingTakesTheFileAway,
+    CreatingAFolderMakesThoseAboveItToo, AFolderThatCannotBeMadeComesWithTheSystemsWords,
+    AListHasTheFilesAndFoldersOfAFolderAndNothingBelow,
+    ASeparatorBehindAFolderMakesNoDifferenceToItsList,
+    AnEmptyFolderAndWhatIsNoFolderHaveAnEmptyList, AFolderOfManyFilesIsListedWhole,
+    AllSpellingsOfAnExistingPathHaveOneCanonicalForm, ACanonicalFolderHasNoSeparatorAtItsEnd,
+    WhatIsMissingHasNoCanonicalForm);
 
 }  // namespace mrl

@@ -27,6 +27,8 @@ class FilesFake : public Files {
     Replace,
     Remove,
     CreateFolders,
+    List,
+    Advance,  // to the next entry of a list
     Canonical,
   };
   struct Step {
@@ -67,7 +69,8 @@ class FilesFake : public Files {
     nodes[key(full)] = {spelled(full), FileKind::Regular, bytes, bytes};
   }
   void putLink(const std::u16string& path, const std::u16string& target) {
-    links[key(resolve(path))] = target;
+    const std::u16string full = resolve(path);
+    links[key(full)] = {spelled(full), target};
   }
   [[nodiscard]] bool exists(const std::u16string& path) const { return find(path) != nullptr; }
   /// REQUIRES: the file exists.
@@ -129,6 +132,19 @@ class FilesFake : public Files {
     return false;
   }
 
+  std::vector<FolderEntry> list(const std::u16string& folder) override {
+    assert(!folder.empty());
+    std::vector<FolderEntry> entries;
+    if (!step(Operation::List, folder) || isDenied(folder)) return entries;
+    for (const std::u16string& path : childrenOf(resolve(folder))) {
+      if (!step(Operation::Advance, path)) break;
+      const Node* node = find(path);
+      entries.push_back(
+          {path.substr(path.find_last_of(mark) + 1), node ? node->kind : FileKind::Missing});
+    }
+    return entries;
+  }
+
   CanonicalResult canonical(const std::u16string& path, std::u16string& result) override {
     if (!step(Operation::Canonical, path) || isDenied(path)) return CanonicalResult::Failed;
     const Node* node = find(path);
@@ -146,6 +162,10 @@ class FilesFake : public Files {
     FileKind kind = FileKind::Regular;
     std::string bytes = {};
     std::string flushed = {};
+  };
+  struct Link {
+    std::u16string path;  // as it was spelled when it was made
+    std::u16string target;
   };
 
   class Writer : public FileWriter {
@@ -198,7 +218,8 @@ class FilesFake : public Files {
     for (size_t end = full.find(mark, start);; end = full.find(mark, end + 1)) {
       const auto link = links.find(key(full.substr(0, end)));
       if (link != links.end()) {
-        return resolve(end == full.npos ? link->second : link->second + full.substr(end));
+        const std::u16string& target = link->second.target;
+        return resolve(end == full.npos ? target : target + full.substr(end));
       }
       if (end == full.npos) return full;
     }
@@ -207,6 +228,18 @@ class FilesFake : public Files {
   [[nodiscard]] const Node* find(const std::u16string& path) const {
     const auto node = nodes.find(key(resolve(path)));
     return path.empty() || node == nodes.end() ? nullptr : &node->second;
+  }
+
+  [[nodiscard]] std::vector<std::u16string> childrenOf(const std::u16string& full) const {
+    std::vector<std::u16string> paths;
+    const auto addFrom = [&](const auto& map) {
+      for (const auto& [name, child] : map) {
+        if (name != key(full) && parentOf(name) == key(full)) paths.push_back(child.path);
+      }
+    };
+    addFrom(nodes);
+    addFrom(links);
+    return paths;
   }
 
   /// The name as asked for, below the folder as it stands.
@@ -230,7 +263,7 @@ class FilesFake : public Files {
   char16_t mark;
   std::u16string root;
   std::map<std::u16string, Node> nodes;
-  std::map<std::u16string, std::u16string> links;
+  std::map<std::u16string, Link> links;
   std::set<std::u16string> held;
   std::set<std::u16string> denied;
 };

@@ -1,5 +1,6 @@
 #include "settings/files_posix.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -29,6 +30,10 @@ class Descriptor {
   const int number;
 };
 
+struct FolderCloser {
+  void operator()(DIR* folder) const { closedir(folder); }
+};
+
 class Writer : public FileWriter {
  public:
   explicit Writer(int opened) : file(opened) {}
@@ -47,6 +52,20 @@ class Writer : public FileWriter {
 
 std::u16string systemText(int code) { return utf16From(std::generic_category().message(code)); }
 
+FileKind kindFrom(mode_t mode) {
+  if (S_ISREG(mode)) return FileKind::Regular;
+  return S_ISDIR(mode) ? FileKind::Directory : FileKind::Other;
+}
+
+/// Most file systems tell the kind with the name; all else, and links, cost a look.
+FileKind kindOf(int folder, const dirent& entry) {
+  if (entry.d_type == DT_REG) return FileKind::Regular;
+  if (entry.d_type == DT_DIR) return FileKind::Directory;
+  struct stat found = {};
+  if (fstatat(folder, entry.d_name, &found, 0) != 0) return FileKind::Missing;
+  return kindFrom(found.st_mode);
+}
+
 bool isMissing(int code) { return code == ENOENT || code == ENOTDIR; }
 
 }  // namespace
@@ -60,10 +79,8 @@ bool FilesPosix::status(const std::u16string& path, FileKind& kind, std::u16stri
       return false;
     }
     kind = FileKind::Missing;
-  } else if (S_ISREG(found.st_mode)) {
-    kind = FileKind::Regular;
   } else {
-    kind = S_ISDIR(found.st_mode) ? FileKind::Directory : FileKind::Other;
+    kind = kindFrom(found.st_mode);
   }
   return true;
 }
@@ -105,6 +122,18 @@ bool FilesPosix::createFolders(const std::u16string& path, std::u16string& error
   std::filesystem::create_directories(utf8From(path), code);
   if (code) error = systemText(code.value());
   return !code;
+}
+
+std::vector<FolderEntry> FilesPosix::list(const std::u16string& folder) {
+  std::vector<FolderEntry> entries;
+  const std::unique_ptr<DIR, FolderCloser> opened(opendir(utf8From(folder).c_str()));
+  if (!opened) return entries;
+  while (const dirent* entry = readdir(opened.get())) {
+    const std::string_view name = entry->d_name;
+    if (name == "." || name == "..") continue;
+    entries.push_back({utf16From(name), kindOf(dirfd(opened.get()), *entry)});
+  }
+  return entries;
 }
 
 CanonicalResult FilesPosix::canonical(const std::u16string& path, std::u16string& result) {

@@ -6,25 +6,15 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <cstdlib>
-#include <filesystem>
+#include <map>
+#include <utility>
 
 #include "core/text.h"
 #include "settings/files_contract.h"
+#include "settings/files_place_posix.h"
 
 namespace mrl {
 namespace {
-
-struct PosixPlace {
-  PosixPlace() {
-    std::string name = (std::filesystem::temp_directory_path() / "marlune-XXXXXX").string();
-    folder = utf16From(mkdtemp(name.data()));
-  }
-  ~PosixPlace() { std::filesystem::remove_all(utf8From(folder)); }
-
-  FilesPosix files;
-  std::u16string folder;
-};
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Posix, FilesContract, PosixPlace);
 
@@ -63,6 +53,25 @@ TEST_F(FilesPosixTest, APipeIsNeitherFileNorFolder) {
   std::u16string error;
   EXPECT_TRUE(files.status(path, kind, error));
   EXPECT_EQ(kind, FileKind::Other);
+}
+
+TEST_F(FilesPosixTest, AListTellsLinksByWhatTheyPointTo) {
+  std::u16string error;
+  ASSERT_TRUE(files.createFolders(place.folder + u"/in/folder", error));
+  ASSERT_TRUE(files.create(place.folder + u"/file"));
+  ASSERT_EQ(mkfifo(utf8From(place.folder + u"/in/pipe").c_str(), 0600), 0);
+  for (const auto& [name, target] : {std::pair("file", "../file"), std::pair("gone", "../gone"),
+                                     std::pair("loop", "to-loop"), std::pair("within", "folder")}) {
+    const std::string link = utf8From(place.folder) + "/in/to-" + name;
+    ASSERT_EQ(symlink(target, link.c_str()), 0);
+  }
+  std::map<std::u16string, FileKind> kinds;
+  for (const FolderEntry& entry : files.list(place.folder + u"/in")) kinds[entry.name] = entry.kind;
+  const std::map<std::u16string, FileKind> expected = {
+      {u"folder", FileKind::Directory}, {u"pipe", FileKind::Other},
+      {u"to-file", FileKind::Regular},  {u"to-gone", FileKind::Missing},
+      {u"to-loop", FileKind::Missing},  {u"to-within", FileKind::Directory}};
+  EXPECT_EQ(kinds, expected);
 }
 
 TEST_F(FilesPosixTest, AWriteThatTakesOnlySomeOfTheBytesFails) {

@@ -87,5 +87,28 @@ TEST(FilesFakeTest, WhatAnotherProcessHoldsCanBeSeenButNotTouched) {
   EXPECT_EQ(files.bytesOf(u"C:\\held"), "x");
 }
 
+TEST(FilesFakeTest, AListHasLinksUnderTheirNamesWithTheKindOfTheirTargets) {
+  FilesFake files;
+  files.putFile(u"C:\\real", "x");
+  files.putFolder(u"C:\\in");
+  files.putLink(u"C:\\in\\Link", u"C:\\real");
+  files.putLink(u"C:\\in\\Lost", u"C:\\gone");
+  EXPECT_EQ(files.list(u"c:\\IN"),
+            (std::vector<FolderEntry>{{u"Link", FileKind::Regular}, {u"Lost", FileKind::Missing}}));
+}
+
+TEST(FilesFakeTest, AListCanFailAtItsBeginningAndHalfWay) {
+  FilesFake files;
+  files.putFile(u"C:\\in\\a", "");
+  files.putFile(u"C:\\in\\b", "");
+  files.failing = {Operation::List};
+  EXPECT_TRUE(files.list(u"C:\\in").empty());
+  files.failing.clear();
+  files.failingStep = files.done.size() + 2;
+  EXPECT_EQ(files.list(u"C:\\in"), (std::vector<FolderEntry>{{u"a", FileKind::Regular}}));
+  files.denyAccess(u"C:\\in");
+  EXPECT_TRUE(files.list(u"C:\\in").empty());
+}
+
 }  // namespace
 }  // namespace mrl

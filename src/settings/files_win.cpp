@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "core/unique_handle.h"
 #include "core/wide_win.h"
 #include "settings/path_text.h"
 
@@ -22,6 +23,11 @@ struct HandleCloser {
   void operator()(HANDLE handle) const { CloseHandle(handle); }
 };
 using FileHandle = std::unique_ptr<void, HandleCloser>;
+
+struct SearchTraits {
+  static HANDLE none() { return INVALID_HANDLE_VALUE; }
+  static void close(HANDLE search) { FindClose(search); }
+};
 
 /// Null on failure; the last error then tells why.
 FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD disposition,
@@ -49,6 +55,10 @@ bool isMissing(DWORD code) {
     case ERROR_DIRECTORY: return true;
     default: return false;
   }
+}
+
+FileKind kindFrom(DWORD attributes) {
+  return attributes & FILE_ATTRIBUTE_DIRECTORY ? FileKind::Directory : FileKind::Regular;
 }
 
 std::u16string systemText(DWORD code) {
@@ -94,8 +104,7 @@ bool FilesWin::status(const std::u16string& path, FileKind& kind, std::u16string
     error = systemText(code);
     return false;
   }
-  const bool folder = (info.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-  kind = folder ? FileKind::Directory : FileKind::Regular;
+  kind = kindFrom(info.dwFileAttributes);
   return true;
 }
 
@@ -131,6 +140,26 @@ bool FilesWin::createFolders(const std::u16string& path, std::u16string& error) 
   std::filesystem::create_directories(wideFrom(path), code);
   if (code) error = systemText(static_cast<DWORD>(code.value()));
   return !code;
+}
+
+std::vector<FolderEntry> FilesWin::list(const std::u16string& folder) {
+  std::vector<FolderEntry> entries;
+  WIN32_FIND_DATAW found = {};
+  const UniqueHandle<SearchTraits> search(
+      FindFirstFileExW(wideFrom(joinedPath(folder, u"*", separator())).c_str(), FindExInfoBasic,
+                       &found, FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
+  if (!search) return entries;
+  do {
+    FolderEntry entry{u16From(found.cFileName), kindFrom(found.dwFileAttributes)};
+    if (entry.name == u"." || entry.name == u"..") continue;
+    if (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) {  // told of the link itself
+      std::u16string ignored;
+      entry.kind = FileKind::Missing;
+      (void)status(joinedPath(folder, entry.name, separator()), entry.kind, ignored);
+    }
+    entries.push_back(std::move(entry));
+  } while (FindNextFileW(search.get(), &found) != 0);
+  return entries;
 }
 
 CanonicalResult FilesWin::canonical(const std::u16string& path, std::u16string& result) {

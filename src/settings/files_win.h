@@ -13,6 +13,7 @@ class FilesWin : public Files {
   bool replace(const std::u16string& from, const std::u16string& to) override;
   void remove(const std::u16string& path) override;
   bool createFolders(const std::u16string& path, std::u16string& error) override;
+  std::vector<FolderEntry> list(const std::u16string& folder) override;
   CanonicalResult canonical(const std::u16string& path, std::u16string& result) override;
   char16_t separator() const override { return u'\\'; }
 };

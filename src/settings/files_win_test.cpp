@@ -10,31 +10,13 @@
 #include "core/text.h"
 #include "core/wide_win.h"
 #include "settings/files_contract.h"
+#include "settings/files_place_win.h"
 #include "settings/path_rules.h"
 #include "settings/settings_file.h"
 #include "settings/settings_path_win.h"
 
 namespace mrl {
 namespace {
-
-struct WinPlace {
-  WinPlace() {
-    wchar_t base[MAX_PATH];
-    wchar_t name[MAX_PATH];
-    GetTempPathW(MAX_PATH, base);
-    GetTempFileNameW(base, L"mrl", 0, name);  // makes a file, whose name is then ours
-    DeleteFileW(name);
-    CreateDirectoryW(name, nullptr);
-    folder = u16From(name);
-  }
-  ~WinPlace() {
-    std::error_code ignored;
-    std::filesystem::remove_all(wideFrom(folder), ignored);
-  }
-
-  FilesWin files;
-  std::u16string folder;
-};
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Win, FilesContract, WinPlace);
 

@@ -33,8 +33,7 @@ bool resolveExistingPart(Files& files, const std::u16string& tidy, std::u16strin
 
 /// Moves `end` past an extension of a presentation, if one stands there.
 size_t skipExtension(std::u16string_view title, size_t end) {
-  constexpr std::u16string_view kExtensions[] = {u".pptx", u".ppsx", u".ppt", u".pps", u".dps"};
-  for (const std::u16string_view extension : kExtensions) {
+  for (const std::u16string_view extension : kPresentationExtensions) {
     if (title.substr(end).starts_with(extension)) return end + extension.size();
   }
   return end;
@@ -55,14 +54,12 @@ std::u16string_view untilZero(std::u16string_view text) { return text.substr(0, 
 }  // namespace
 
 std::u16string normalizePath(Files& files, const std::u16string& path) {
-  const std::u16string tidy = lexicallyNormal(path, files.separator());
   std::u16string result;
-  switch (files.canonical(path, result)) {
-    case CanonicalResult::Found: return result;
-    case CanonicalResult::Failed: return tidy;
-    case CanonicalResult::Missing: break;
-  }
-  return resolveExistingPart(files, tidy, result) ? result : tidy;
+  const CanonicalResult whole = files.canonical(path, result);
+  if (whole == CanonicalResult::Found) return result;
+  const std::u16string tidy = lexicallyNormal(path, files.separator());
+  const bool missing = whole == CanonicalResult::Missing;
+  return missing && resolveExistingPart(files, tidy, result) ? result : tidy;
 }
 
 bool samePath(std::u16string_view a, std::u16string_view b) {

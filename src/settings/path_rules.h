@@ -9,6 +9,11 @@
 
 namespace mrl {
 
+/// Of the files that presentation programs show, in lower case. One that begins with another stands
+/// before it.
+inline constexpr std::u16string_view kPresentationExtensions[] = {u".pptx", u".ppsx", u".ppt",
+                                                                  u".pps", u".dps"};
+
 /// The one form in which paths are compared and stored: final and absolute for what exists, tidy
 /// for what does not. Never fails. Letter case is not folded.
 std::u16string normalizePath(Files& files, const std::u16string& path);

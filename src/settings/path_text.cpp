@@ -79,6 +79,14 @@ std::u16string lexicallyNormal(std::u16string_view path, char16_t separator) {
   return out.empty() && !path.empty() ? u"." : out;
 }
 
+std::u16string joinedPath(std::u16string_view folder, std::u16string_view name,
+                          char16_t separator) {
+  std::u16string path(folder);
+  // A drive without a root stands for its current folder and must not become its root.
+  if (rootLength(folder, separator) < folder.size()) path += separator;
+  return path.append(name);
+}
+
 std::u16string_view parentFolder(std::u16string_view path) {
   const size_t root = rootLength(path, u'\\');
   size_t end = path.size();

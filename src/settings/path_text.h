@@ -14,6 +14,9 @@ size_t rootLength(std::u16string_view path, char16_t separator);
 /// names something but comes out empty is ".".
 std::u16string lexicallyNormal(std::u16string_view path, char16_t separator);
 
+/// The path of `name` in `folder`.
+std::u16string joinedPath(std::u16string_view folder, std::u16string_view name, char16_t separator);
+
 /// The path without its last component, by either separator. A root stays.
 std::u16string_view parentFolder(std::u16string_view path);
 

@@ -1,10 +1,10 @@
 #include "settings/settings_file.h"
 
 #include <exception>
-#include <filesystem>
 #include <memory>
 
 #include "core/text.h"
+#include "settings/file_kind.h"
 #include "settings/path_text.h"
 #include "settings/settings_format.h"
 
@@ -44,13 +44,7 @@ bool loadSettings(Files& files, const std::u16string& path, Settings& record,
   std::string bytes;
   if (files.read(path, bytes)) return parseSettings(bytes, record, error);
 
-  FileKind kind = FileKind::Missing;
-  std::u16string words;
-  if (!files.status(path, kind, words)) {
-    throw std::filesystem::filesystem_error(utf8From(u"status: " + words + u" [" + path + u"]"),
-                                            std::make_error_code(std::errc::io_error));
-  }
-  if (kind == FileKind::Missing) return true;
+  if (fileKindOf(files, path) == FileKind::Missing) return true;
   error = u"无法读取配置";
   return false;
 }

@@ -1,0 +1,97 @@
+#include "presentation/catalogue.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <iterator>
+
+#include "core/char_rules.h"
+#include "settings/path_rules.h"
+#include "settings/path_text.h"
+
+namespace mrl {
+namespace {
+
+/// By the last dot; a leading dot starts none.
+std::u16string_view extensionOf(std::u16string_view name) {
+  const size_t dot = name.rfind(u'.');
+  return dot == name.npos || dot == 0 ? std::u16string_view() : name.substr(dot);
+}
+
+bool isPresentation(const FolderEntry& entry) {
+  if (entry.kind != FileKind::Regular) return false;
+  if (entry.name.starts_with(u"~$")) return false;  // lock files of the presentation programs
+  const std::u16string extension = lowerCopy(extensionOf(entry.name));
+  return std::find(std::begin(kPresentationExtensions), std::end(kPresentationExtensions),
+                   extension) != std::end(kPresentationExtensions);
+}
+
+/// In ascending order. Paths of one folder begin alike, and going through that part in every
+/// comparison would take most of the time.
+void sortPaths(std::vector<std::u16string>& paths) {
+  if (paths.empty()) return;
+  std::u16string_view shared = paths.front();
+  for (const std::u16string& path : paths) {
+    const auto [end, other] = std::mismatch(shared.begin(), shared.end(), path.begin(), path.end());
+    shared = shared.substr(0, static_cast<size_t>(end - shared.begin()));
+  }
+  std::sort(paths.begin(), paths.end(),
+            [length = shared.size()](std::u16string_view a, std::u16string_view b) {
+              return a.substr(length) < b.substr(length);
+            });
+}
+
+// FNV-1a of 64 bits.
+constexpr uint64_t kOffsetBasis = 0xCBF29CE484222325;
+constexpr uint64_t kPrime = 0x100000001B3;
+
+uint64_t fed(uint64_t hash, unsigned byte) { return (hash ^ byte) * kPrime; }
+
+}  // namespace
+
+std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder) {
+  std::vector<std::u16string> paths;
+  if (folder.empty()) return paths;
+  for (const FolderEntry& entry : files.list(folder)) {
+    if (!isPresentation(entry)) continue;
+    paths.push_back(normalizePath(files, joinedPath(folder, entry.name, files.separator())));
+  }
+  sortPaths(paths);
+  return paths;
+}
+
+std::string fileId(Files& files, const std::u16string& path) {
+  uint64_t hash = kOffsetBasis;
+  for (const char16_t unit : lowerCopy(normalizePath(files, path))) {
+    hash = fed(fed(hash, unit & 0xFFU), unit >> 8U);
+  }
+  char digits[17];
+  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
+  return digits;
+}
+
+std::vector<std::u16string>::const_iterator findFile(Files& files,
+                                                     const std::vector<std::u16string>& list,
+                                                     std::string_view id) {
+  return std::find_if(list.begin(), list.end(),
+                      [&](const std::u16string& path) { return fileId(files, path) == id; });
+}
+
+PresentationFile presentationFile(Files& files, const Settings& settings,
+                                  const std::u16string& path) {
+  return {.id = fileId(files, path),
+          .path = path,
+          .name = path.substr(path.find_last_of(u"\\/") + 1),  // the whole path without either
+          .skip = isSkipped(files, settings, path)};
+}
+
+void toggleSkip(Files& files, Settings& settings, const std::u16string& path) {
+  if (!isSkipped(files, settings, path)) {
+    settings.skipList.push_back(path);
+    return;
+  }
+  std::erase_if(settings.skipList,
+                [&](const std::u16string& entry) { return samePath(entry, path); });
+}
+
+}  // namespace mrl
