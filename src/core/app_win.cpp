@@ -84,7 +84,10 @@ LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
       if (measureMenuItem(window, *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
       break;
     case WM_DRAWITEM:
-      if (drawMenuItem(window, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam))) return TRUE;
+      if (drawMenuItem(window, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam),
+                       isHighContrast())) {
+        return TRUE;
+      }
       break;
   }
   if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);

@@ -50,13 +50,6 @@ COLORREF colourFrom(uint32_t rgb) { return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF
 
 RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
-bool isHighContrast() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
-         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 COLORREF textColour(MenuItemLook look) {
   switch (look) {
     case MenuItemLook::Pill: return colourFrom(kMenuPillTextColour);
@@ -119,11 +112,11 @@ bool measureMenuItem(HWND owner, MEASUREITEMSTRUCT& item) {
   return true;
 }
 
-bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item) {
+bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item, bool highContrast) {
   const wchar_t* text = textOf(item.CtlType, item.itemData);
   if (text == nullptr) return false;
   const int dpi = dpiOf(owner);
-  const MenuItemLook look = menuItemLook((item.itemState & ODS_SELECTED) != 0, isHighContrast());
+  const MenuItemLook look = menuItemLook((item.itemState & ODS_SELECTED) != 0, highContrast);
   const MenuItemPlaces places = menuItemPlaces(rectFrom(item.rcItem), dpi);
   const Font font = menuFont(dpi);
   const SavedContext saved(item.hDC);
@@ -142,6 +135,13 @@ bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item) {
   RECT area = systemRect(places.text);
   DrawTextW(item.hDC, text, -1, &area, DT_VCENTER | DT_SINGLELINE);
   return true;
+}
+
+bool isHighContrast() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  return SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0) &&
+         (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
 }  // namespace mrl

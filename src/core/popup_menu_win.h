@@ -15,6 +15,9 @@ class PopupMenuWin : public PopupMenu {
 
 /// WM_MEASUREITEM and WM_DRAWITEM: false when the item is not one of a menu of ours.
 bool measureMenuItem(HWND owner, MEASUREITEMSTRUCT& item);
-bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item);
+bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item, bool highContrast);
+
+/// Whether the user has asked the system for high contrast.
+bool isHighContrast();
 
 }  // namespace mrl

@@ -186,6 +186,26 @@ void moveTo(POINT point) {
 
 void release() { sendMouse(MOUSEEVENTF_LEFTUP); }
 
+void clickAt(POINT point) {
+  pressAt(point);
+  release();
+}
+
+void rightClickAt(POINT point) {
+  moveTo(point);
+  sendMouse(MOUSEEVENTF_RIGHTDOWN);
+  sendMouse(MOUSEEVENTF_RIGHTUP);
+}
+
+void pressKey(WORD virtualKey) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = virtualKey;
+  SendInput(1, &input, sizeof input);
+  input.ki.dwFlags = KEYEVENTF_KEYUP;
+  SendInput(1, &input, sizeof input);
+}
+
 int scaled(int units) { return MulDiv(units, static_cast<int>(GetDpiForSystem()), 96); }
 
 }  // namespace mrl
