@@ -22,7 +22,7 @@ class AudioPlayerWinTest : public AppFixture {
   std::u16string fileWith(const std::string& bytes) {
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
-    path = std::wstring(folder) + L"marlune sound 声音.wav";
+    path = std::wstring(folder) + L"marlune sound.wav";
     FILE* file = _wfopen(path.c_str(), L"wb");
     EXPECT_NE(file, nullptr);
     fwrite(bytes.data(), 1, bytes.size(), file);

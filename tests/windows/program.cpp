@@ -35,6 +35,8 @@ HWND clockOf(DWORD processId) {
   return nullptr;
 }
 
+constexpr DWORD kMoveTo = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+
 void sendMouse(DWORD flags, POINT point = {}) {
   INPUT input{};
   input.type = INPUT_MOUSE;
@@ -172,15 +174,17 @@ Settings Program::settings() const {
 
 void pressAt(POINT point) {
   moveTo(point);
-  sendMouse(MOUSEEVENTF_LEFTDOWN);
+  sendMouse(MOUSEEVENTF_LEFTDOWN | kMoveTo, point);
 }
 
 void moveTo(POINT point) {
-  sendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point);
+  // Again until it is there: a late word of the X server about the move before may undo this one.
   (void)waitUntil([&] {
     POINT now{};
     GetCursorPos(&now);
-    return now.x == point.x && now.y == point.y;
+    if (now.x == point.x && now.y == point.y) return true;
+    sendMouse(kMoveTo, point);
+    return false;
   });
 }
 
@@ -193,7 +197,7 @@ void clickAt(POINT point) {
 
 void rightClickAt(POINT point) {
   moveTo(point);
-  sendMouse(MOUSEEVENTF_RIGHTDOWN);
+  sendMouse(MOUSEEVENTF_RIGHTDOWN | kMoveTo, point);
   sendMouse(MOUSEEVENTF_RIGHTUP);
 }
 
