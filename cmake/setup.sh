@@ -9,6 +9,8 @@ readonly kWindowsPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix googlete
 readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool libgl1-mesa-dri
   libglx-mesa0 fonts-liberation fonts-noto-cjk)
 # shellcheck disable=SC2034
+readonly kTwoMonitorsPackages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils)
+# shellcheck disable=SC2034
 readonly kNativePackages=(g++ libgtest-dev clang libclang-rt-14-dev clang-format clang-tidy
   shellcheck)
 
@@ -153,6 +155,69 @@ start_display() {
   rm -f "$number"
   openbox >"$kBuild/log/openbox.log" 2>&1 &
   own_processes+=($!)
+}
+
+# A screen of two monitors, side by side. A virtual one has only one, so this is a real X server
+# with a driver that draws into memory. Two screens of that size are what the memory is for.
+start_two_monitors() {
+  local number="$kBuild/display-$$" config="$kBuild/two-monitors.conf"
+  mkdir -p "$kBuild/log"
+  cat >"$config" <<'CONF'
+Section "Device"
+  Identifier "memory"
+  Driver "dummy"
+  VideoRam 65536
+EndSection
+Section "Monitor"
+  Identifier "monitor"
+  HorizSync 5-1000
+  VertRefresh 5-200
+EndSection
+Section "Screen"
+  Identifier "screen"
+  Device "memory"
+  Monitor "monitor"
+  DefaultDepth 24
+  SubSection "Display"
+    Depth 24
+    Modes "1024x768"
+    Virtual 2048 768
+  EndSubSection
+EndSection
+CONF
+  Xorg -displayfd 3 -config "$config" -noreset -novtswitch -sharevts -nolisten tcp \
+    -logfile "$kBuild/log/xorg.log" 3>"$number" >"$kBuild/log/xorg-output.log" 2>&1 &
+  own_processes+=($!)
+  wait_until 20 test -s "$number" ||
+    fail "the display with two monitors did not start" "see build/log/xorg.log"
+  DISPLAY=":$(<"$number")"
+  export DISPLAY
+  rm -f "$number"
+  logged two-monitors "see build/log/xorg.log" xrandr --addmode DUMMY1 1024x768
+  logged two-monitors "see build/log/xorg.log" \
+    xrandr --output DUMMY1 --mode 1024x768 --right-of DUMMY0
+  openbox >"$kBuild/log/openbox.log" 2>&1 &
+  own_processes+=($!)
+}
+
+# From here on what Wine plays goes to a file; MARLUNE_SOUND tells the tests its name.
+record_sound() {
+  local config="$WINEPREFIX/sound.conf" recording="$WINEPREFIX/sound.raw"
+  cat >"$config" <<CONF
+pcm.!default {
+  type file
+  slave.pcm "null"
+  file "$recording"
+  format "raw"
+}
+pcm.null { type null }
+ctl.!default { type null }
+CONF
+  ALSA_CONFIG_PATH="$config"
+  MARLUNE_SOUND=$(windows_path "$recording")
+  export ALSA_CONFIG_PATH MARLUNE_SOUND
+  logged wine-sound "remove build/wine and run this again" \
+    wine reg add 'HKCU\Software\Wine\Drivers' /v Audio /d alsa /f
 }
 
 # wait_until SECONDS COMMAND...

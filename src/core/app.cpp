@@ -7,6 +7,7 @@
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/text.h"
+#include "core/tray_icon.h"
 #include "overlay/clock_behaviour.h"
 #include "settings/settings_file.h"
 
@@ -100,6 +101,7 @@ std::optional<int> startApp(App& app, const std::vector<std::u16string>& argumen
   app.platform.loop.setTimer(LoopTimer::Tick, kTickPeriodMs);
   showClock(app);
   app.platform.clockWindow.paintNow();
+  addTrayIcon(app);
   if (app.testMode) announceReady(app);
   app.platform.loop.postCommand(kCommandOpenSettings);
   return std::nullopt;
@@ -107,6 +109,7 @@ std::optional<int> startApp(App& app, const std::vector<std::u16string>& argumen
 
 void onClockDestroyed(App& app) {
   app.platform.loop.killTimer(LoopTimer::TrayRetry);
+  removeTrayIcon(app);
   setBlack(app, false);
   app.platform.resizeToolbar.remove();
   app.platform.loop.quit();

@@ -8,12 +8,15 @@
 #include <string>
 #include <vector>
 
+#include "core/audio_player.h"
 #include "core/black_screen.h"
 #include "core/clock.h"
 #include "core/main_loop.h"
+#include "core/popup_menu.h"
 #include "core/screens.h"
 #include "core/show_follower.h"
 #include "core/timer.h"
+#include "core/tray.h"
 #include "overlay/clock_geometry.h"
 #include "overlay/clock_window.h"
 #include "overlay/resize_toolbar.h"
@@ -35,6 +38,9 @@ struct Platform {
   ClockWindow& clockWindow;
   ResizeToolbar& resizeToolbar;
   BlackScreen& blackScreen;
+  AudioPlayer& audio;
+  Tray& tray;
+  PopupMenu& menu;
 
   [[nodiscard]] PresentationAccess presentation() const { return {automation, windows, files}; }
 };
@@ -74,6 +80,8 @@ struct App {
 
   uint64_t lastPollMs = 0;
 
+  bool trayAdded = false;
+
   std::optional<CornerDrag> drag;  // a corner drag of the clock in progress
 
   std::u16string lastClockText;
@@ -87,6 +95,7 @@ struct App {
   bool blinkActive = false;
   uint64_t blinkStartMs = 0;
   uint64_t blinkEndMs = 0;
+  uint64_t soundStopMs = 0;  // when the sound is cut off
   uint64_t switchAtMs = 0;
   uint64_t switchPulseUntilMs = 0;
   uint64_t switchPulseNextMs = 0;

@@ -7,11 +7,14 @@
 #include <string>
 
 #include "core/app.h"
+#include "core/audio_player_fake.h"
 #include "core/black_screen_fake.h"
 #include "core/clock_fake.h"
 #include "core/main_loop_fake.h"
+#include "core/popup_menu_fake.h"
 #include "core/screens_fake.h"
 #include "core/tick.h"
+#include "core/tray_fake.h"
 #include "overlay/clock_window_fake.h"
 #include "overlay/resize_toolbar_fake.h"
 #include "presentation/presentation_fake.h"
@@ -33,8 +36,11 @@ class AppFixture : public ::testing::Test {
   ClockWindowFake clockWindow;
   ResizeToolbarFake toolbar;
   BlackScreenFake blackScreen;
+  AudioPlayerFake audio;
+  TrayFake tray;
+  PopupMenuFake menu;
   App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
-           toolbar, blackScreen}};
+           toolbar, blackScreen, audio, tray, menu}};
   std::shared_ptr<FakeApplication> program = outside.automation.add(u"PowerPoint.Application");
 
   FilesFake& files() { return outside.files; }

@@ -141,8 +141,8 @@ TEST_F(AppTest, WithoutAClockWindowTheExitCodeIsThreeAndNoTimerRuns) {
 
 TEST_F(AppTest, AfterTheLoadComeDrawingThenClassesThenTheTimer) {
   start();
-  EXPECT_EQ(loop.calls,
-            (std::vector<std::string>{"prepareDrawing", "registerWindowClasses", "setTimer 1"}));
+  EXPECT_EQ(loop.calls, (std::vector<std::string>{"prepareDrawing", "registerWindowClasses",
+                                                  "setTimer 1", "killTimer 2"}));
   EXPECT_EQ(loop.timers[LoopTimer::Tick], 100u);
 }
 
@@ -197,11 +197,13 @@ TEST_F(AppTest, ClosingTheClockTakesTheOtherWindowsAlongAndEndsTheLoop) {
   start();
   blackScreen.covering = true;
   toolbar.exists = true;
+  audio.isOpen = true;
   loop.calls.clear();
   onClockDestroyed(app);
   EXPECT_EQ(loop.calls, (std::vector<std::string>{"killTimer 2", "quit"}));
   EXPECT_FALSE(blackScreen.covering);
   EXPECT_FALSE(toolbar.exists);
+  EXPECT_TRUE(audio.isOpen) << "it stops after the loop";
 }
 
 TEST_F(AppTest, TheEndStopsWhatIsInFlightAndWritesNothing) {

@@ -9,7 +9,9 @@
 
 #include "core/commands.h"
 #include "core/geometry_win.h"
+#include "core/menu.h"
 #include "core/tick.h"
+#include "core/tray_icon.h"
 #include "core/wide_win.h"
 #include "core/window_classes_win.h"
 #include "overlay/clock_behaviour.h"
@@ -60,8 +62,9 @@ AppWin::AppWin(HINSTANCE programInstance)
       clockWindow(programInstance, this),
       resizeToolbar(programInstance, this, clockWindow),
       blackScreen(programInstance, this),
+      tray(programInstance, clockWindow),
       app({clock, files, automation, windows, screens, *this, clockWindow, resizeToolbar,
-           blackScreen}) {}
+           blackScreen, audio, tray, menu}) {}
 
 int AppWin::run() {
   if (const auto exitCode = startApp(app, programArguments(), settingsPath())) return *exitCode;
@@ -75,9 +78,17 @@ int AppWin::run() {
 }
 
 LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_DPICHANGED) {
-    moveToSuggestedRect(window, lParam);
-    return 0;
+  switch (message) {
+    case WM_DPICHANGED: moveToSuggestedRect(window, lParam); return 0;
+    case WM_MEASUREITEM:
+      if (measureMenuItem(window, *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
+      break;
+    case WM_DRAWITEM:
+      if (drawMenuItem(window, *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam),
+                       isHighContrast())) {
+        return TRUE;
+      }
+      break;
   }
   if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);
   if (isClass(window, kResizeClass)) return handleToolbarMessage(window, message, wParam, lParam);
@@ -86,6 +97,10 @@ LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
 }
 
 LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == tray.shellStartedMessage()) {
+    onShellStarted(app);
+    return 0;
+  }
   switch (message) {
     case WM_COMMAND: runCommand(app, LOWORD(wParam)); return 0;
     case WM_DESTROY: onClockDestroyed(app); return 0;
@@ -122,7 +137,10 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       break;
     case WM_TIMER:
       if (wParam == static_cast<WPARAM>(LoopTimer::Tick)) tick(app);
+      if (wParam == static_cast<WPARAM>(LoopTimer::TrayRetry)) retryTrayIcon(app);
       return 0;
+    case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
+    case kTrayNotify: onTrayMouse(app, LOWORD(lParam)); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -140,8 +158,13 @@ LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPA
     case WM_KEYDOWN:
       if (onBlackKey(app, static_cast<int>(wParam))) return 0;
       break;
+    case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
+}
+
+void AppWin::openMenu(HWND window, LPARAM point) {
+  onContextMenu(app, handleFrom(window), {GET_X_LPARAM(point), GET_Y_LPARAM(point)});
 }
 
 void AppWin::paint(HWND window) { painter.paintClock(window, clockPicture(app)); }

@@ -5,9 +5,12 @@
 #include <windows.h>
 
 #include "core/app.h"
+#include "core/audio_player_win.h"
 #include "core/black_screen_win.h"
 #include "core/clock_win.h"
+#include "core/popup_menu_win.h"
 #include "core/screens_win.h"
+#include "core/tray_win.h"
 #include "overlay/clock_painter_win.h"
 #include "overlay/clock_window_win.h"
 #include "overlay/resize_toolbar_win.h"
@@ -32,6 +35,7 @@ class AppWin : private MainLoop {
   LRESULT handleClockMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT handleToolbarMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   LRESULT handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void openMenu(HWND window, LPARAM point);
   void paint(HWND window);
 
   bool prepareDrawing() override;
@@ -51,6 +55,9 @@ class AppWin : private MainLoop {
   ClockWindowWin clockWindow;
   ResizeToolbarWin resizeToolbar;
   BlackScreenWin blackScreen;
+  AudioPlayerWin audio;
+  TrayWin tray;
+  PopupMenuWin menu;
   ClockPainterWin painter;
   App app;
 };

@@ -1,6 +1,8 @@
 // The windows that black out every monitor.
 #pragma once
 
+#include "core/window_handle.h"
+
 namespace mrl {
 
 /// UI thread only. Owns the black windows.
@@ -11,6 +13,8 @@ class BlackScreen {
   virtual void cover() = 0;
   virtual void uncover() = 0;
   [[nodiscard]] virtual bool isCovering() = 0;
+  /// Whether that is one of the black windows.
+  [[nodiscard]] virtual bool contains(WindowHandle window) const = 0;
   /// Lifts the windows that still exist to the top of the always-on-top band.
   virtual void raise() = 0;
 };

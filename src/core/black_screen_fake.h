@@ -6,12 +6,19 @@ namespace mrl {
 
 class BlackScreenFake : public BlackScreen {
  public:
-  void cover() override { covering = true; }
+  static constexpr WindowHandle kWindow{3};
+
+  void cover() override {
+    covering = true;
+    ++covers;
+  }
   void uncover() override { covering = false; }
   bool isCovering() override { return covering; }
+  bool contains(WindowHandle window) const override { return covering && window == kWindow; }
   void raise() override { ++raises; }
 
   bool covering = false;
+  int covers = 0;
   int raises = 0;
 };
 

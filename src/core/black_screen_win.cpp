@@ -1,5 +1,8 @@
 #include "core/black_screen_win.h"
 
+#include <algorithm>
+
+#include "core/geometry_win.h"
 #include "core/window_classes_win.h"
 
 namespace mrl {
@@ -45,6 +48,10 @@ void BlackScreenWin::uncover() {
 }
 
 bool BlackScreenWin::isCovering() { return !windows.empty(); }
+
+bool BlackScreenWin::contains(WindowHandle window) const {
+  return std::find(windows.begin(), windows.end(), windowFrom(window)) != windows.end();
+}
 
 void BlackScreenWin::raise() {
   for (const HWND window : windows) {

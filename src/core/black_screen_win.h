@@ -17,6 +17,7 @@ class BlackScreenWin : public BlackScreen {
   void cover() override;
   void uncover() override;
   bool isCovering() override;
+  bool contains(WindowHandle window) const override;
   void raise() override;
 
  private:

@@ -126,6 +126,32 @@ TEST_F(CommandsTest, TheBlackScreenIsToggledDuringAShow) {
   EXPECT_FALSE(blackScreen.covering);
 }
 
+TEST_F(CommandsTest, ToggleStartsAnIdleTimerInAutomaticModeAndAShowLeavesItRunning) {
+  waitForPoll();
+  runCommand(app, kCommandToggleTimer);
+  runFor(5000);
+  startShow(kDeck);
+  waitForPoll();
+  EXPECT_EQ(phase(), TimerPhase::Running);
+  EXPECT_GE(elapsedMs(), 5000);
+}
+
+TEST_F(CommandsTest, AutomaticModeThatCannotBeSavedStartsNoTimer) {
+  runCommand(app, kCommandManualMode);
+  startShow(kDeck);
+  waitForPoll();
+  failSaves();
+  runCommand(app, kCommandAutoMode);
+  EXPECT_FALSE(app.settings.autoMode);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(CommandsTest, TheBlackScreenIsRefusedWithoutAShow) {
+  runCommand(app, kCommandToggleBlack);
+  EXPECT_FALSE(blackScreen.covering);
+  EXPECT_EQ(app.lastError, u"当前没有可控制的放映，黑屏不适用于已排除的文稿。");
+}
+
 TEST_F(CommandsTest, F2TogglesTheTimerAndF4ResetsIt) {
   EXPECT_TRUE(onClockKey(app, 0x71));
   EXPECT_EQ(phase(), TimerPhase::Running);
@@ -145,6 +171,24 @@ TEST_F(CommandsTest, EscapeEndsTheShowWhileTheScreenIsBlack) {
   EXPECT_TRUE(onClockKey(app, 0x1B));
   EXPECT_TRUE(program->shows.empty());
   EXPECT_FALSE(onBlackKey(app, 0x20));
+}
+
+TEST_F(CommandsTest, OtherKeysOnABlackWindowAreLeftToTheSystem) {
+  for (const int key : {0x20, 0x71, 0x73}) EXPECT_FALSE(onBlackKey(app, key)) << key;
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(CommandsTest, EscapeDuringABlackScreenPausesTheTimerAndTheNextPollUncovers) {
+  startShow(kDeck);
+  waitForPoll();
+  runCommand(app, kCommandToggleBlack);
+  EXPECT_TRUE(onBlackKey(app, 0x1B));
+  EXPECT_TRUE(blackScreen.covering) << "until the show is seen to be gone";
+  outside.windows.windows.clear();
+  runFor(1500);
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  EXPECT_FALSE(blackScreen.covering);
+  EXPECT_FALSE(app.blackActive);
 }
 
 TEST_F(CommandsTest, EscapeThatEndsNoShowIsTold) {

@@ -1,5 +1,6 @@
 #include "core/expiry.h"
 
+#include "core/audio.h"
 #include "overlay/clock_behaviour.h"
 #include "presentation/show_control.h"
 
@@ -19,6 +20,7 @@ void startBlink(App& app, uint32_t seconds) {
 void fireStage(App& app, int index) {
   const PromptStage& stage = index == 0 ? app.settings.prompt1 : app.settings.prompt2;
   if (stage.blinkWindow || stage.blinkBackground) startBlink(app, stage.blinkSeconds);
+  if (stage.sound) playAudio(app, stage.soundFile, static_cast<int32_t>(stage.soundSeconds));
 }
 
 void fireExpiry(App& app, uint64_t nowMs) {
@@ -27,10 +29,14 @@ void fireExpiry(App& app, uint64_t nowMs) {
   if (settings.blink || settings.black) startBlink(app, settings.blinkSeconds);
   if (settings.black) setBlack(app, true);
   if (settings.exitShow) exitShow(app);
+  if (settings.sound) {
+    playAudio(app, settings.soundFile, static_cast<int32_t>(settings.soundSeconds));
+  }
   (void)nowMs;
 }
 
 void runTimedWork(App& app, uint64_t nowMs) {
+  if (app.soundStopMs != 0 && nowMs >= app.soundStopMs) closeAudio(app);
   if (app.blinkEndMs != 0 && nowMs >= app.blinkEndMs) {
     app.blinkActive = false;
     app.blinkEndMs = 0;
@@ -48,6 +54,7 @@ void clearRuntime(App& app) {
   app.blinkActive = false;
   app.blinkEndMs = 0;
   app.switchAtMs = 0;
+  closeAudio(app);
 }
 
 void exitShow(App& app) {

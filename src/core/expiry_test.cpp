@@ -141,6 +141,36 @@ TEST_F(ExpiryActionsTest, TheClockIsLiftedAboveTheBlackScreenOnlyIfItIsVisible) 
   EXPECT_TRUE(clockWindow.calls.empty());
 }
 
+TEST_F(ExpiryActionsTest, TheBlackScreenCanBeLeftAndEnteredAgain) {
+  startShow(kDeck);
+  waitForPoll();
+  setBlack(app, true);
+  EXPECT_TRUE(app.blackActive);
+  setBlack(app, false);
+  EXPECT_FALSE(app.blackActive);
+  EXPECT_FALSE(blackScreen.covering);
+  setBlack(app, true);
+  EXPECT_TRUE(blackScreen.covering);
+}
+
+TEST_F(ExpiryActionsTest, MonitorsAreLookedForOnlyWhenTheScreenTurnsBlack) {
+  startShow(kDeck);
+  waitForPoll();
+  setBlack(app, true);
+  setBlack(app, true);
+  runFor(10'000);
+  EXPECT_EQ(blackScreen.covers, 1);
+}
+
+TEST_F(ExpiryActionsTest, AShowThatBecomesExcludedEndsTheBlackScreenAtTheNextPoll) {
+  startShow(kDeck);
+  waitForPoll();
+  setBlack(app, true);
+  app.settings.skipList = {kDeck};
+  waitForPoll();
+  EXPECT_FALSE(blackScreen.covering);
+}
+
 TEST_F(ExpiryActionsTest, ExitingTheShowPausesTheTimerAtTheNextPoll) {
   app.settings.exitShow = true;
   startShow(kDeck);
@@ -172,12 +202,16 @@ TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenAndTheTimerAlone
   app.switchTarget = kOtherDeck;
   app.switchHold = app.switchHoldSeen = true;
   app.switchAtMs = app.switchPulseNextMs = app.switchPulseUntilMs = 1;
+  app.soundStopMs = 1;
+  audio.isOpen = true;
   const TimerState timer = app.timer;
   clearRuntime(app);
   EXPECT_FALSE(app.follower.switchPending || app.follower.switchSeen);
   EXPECT_EQ(app.switchTarget, u"");
   EXPECT_FALSE(app.switchHold || app.switchHoldSeen);
   EXPECT_EQ(app.switchAtMs + app.switchPulseNextMs + app.switchPulseUntilMs + app.blinkEndMs, 0u);
+  EXPECT_EQ(app.soundStopMs, 0u);
+  EXPECT_FALSE(audio.isOpen);
   EXPECT_FALSE(app.blinkActive);
   EXPECT_TRUE(blackScreen.covering);
   EXPECT_EQ(app.timer, timer);

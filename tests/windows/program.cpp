@@ -188,6 +188,17 @@ void release() { moveRealMouse(L"mouseup 1"); }
 
 void clickAt(POINT point) { moveRealMouse(moveAction(point) + L" click 1"); }
 
+void rightClickAt(POINT point) { moveRealMouse(moveAction(point) + L" click 3"); }
+
+void pressKey(WORD virtualKey) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = virtualKey;
+  SendInput(1, &input, sizeof input);
+  input.ki.dwFlags = KEYEVENTF_KEYUP;
+  SendInput(1, &input, sizeof input);
+}
+
 int scaled(int units) { return MulDiv(units, static_cast<int>(GetDpiForSystem()), 96); }
 
 }  // namespace mrl

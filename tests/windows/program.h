@@ -70,6 +70,10 @@ void pressAt(POINT point);
 void moveTo(POINT point);
 void release();
 void clickAt(POINT point);
+void rightClickAt(POINT point);
+
+/// A key goes to the window in the foreground.
+void pressKey(WORD virtualKey);
 
 /// Where a thing of 96 dots per inch stands at the desktop's resolution.
 int scaled(int units);

@@ -1,0 +1,86 @@
+// The real player under the logic that uses it. What is heard is tested with the whole program.
+#include "core/audio_player_win.h"
+
+#include <windows.h>
+
+#include <mmsystem.h>
+
+#include <cstdio>
+
+#include "core/app_fixture.h"
+#include "core/audio.h"
+#include "core/wide_win.h"
+
+namespace mrl {
+namespace {
+
+constexpr char16_t kFailed[] = u"音频播放失败：";
+
+class AudioPlayerWinTest : public AppFixture {
+ protected:
+  /// A file in the folder for temporary files; gone after the test.
+  std::u16string fileWith(const std::string& bytes) {
+    wchar_t folder[MAX_PATH];
+    GetTempPathW(MAX_PATH, folder);
+    path = std::wstring(folder) + L"marlune sound.wav";
+    FILE* file = _wfopen(path.c_str(), L"wb");
+    EXPECT_NE(file, nullptr);
+    fwrite(bytes.data(), 1, bytes.size(), file);
+    fclose(file);
+    return u16From(path);
+  }
+  void TearDown() override {
+    closeAudio(real);
+    DeleteFileW(path.c_str());
+  }
+  /// What the device says of itself; empty while none is open.
+  static std::wstring mode() {
+    wchar_t answer[64] = L"";
+    mciSendStringW(L"status MarluneAudio mode", answer, 64, nullptr);
+    return answer;
+  }
+  bool isToldWithReason() const {
+    return real.lastError.starts_with(kFailed) &&
+           real.lastError.size() > std::u16string_view(kFailed).size();
+  }
+
+  AudioPlayerWin player;
+  App real{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
+            toolbar, blackScreen, player, tray, menu}};
+  std::wstring path;
+};
+
+TEST_F(AudioPlayerWinTest, AMissingFileIsToldWithTheSystemsReasonAndNothingIsOpen) {
+  playAudio(real, u"C:\\no such folder\\no sound.wav", 1);
+  EXPECT_TRUE(isToldWithReason());
+  EXPECT_EQ(mode(), L"");
+  EXPECT_EQ(real.soundStopMs, 0u);
+}
+
+TEST_F(AudioPlayerWinTest, AFileThatIsNoSoundIsToldWithTheSystemsReasonAndNothingIsOpen) {
+  playAudio(real, fileWith("this is no sound"), 1);
+  EXPECT_TRUE(isToldWithReason());
+  EXPECT_EQ(mode(), L"");
+  EXPECT_EQ(real.soundStopMs, 0u);
+}
+
+TEST_F(AudioPlayerWinTest, AFileOfNoKnownKindIsTold) {
+  playAudio(real, u"C:\\windows", 1);
+  EXPECT_TRUE(isToldWithReason());
+  EXPECT_EQ(mode(), L"");
+}
+
+TEST_F(AudioPlayerWinTest, ClosingNothingDoesNoHarm) {
+  player.close();
+  player.close();
+  EXPECT_EQ(mode(), L"");
+}
+
+TEST_F(AudioPlayerWinTest, ABeepOpensNothing) {
+  playAudio(real, u"", 1);
+  EXPECT_EQ(mode(), L"");
+  EXPECT_EQ(real.lastError, u"");
+}
+
+}  // namespace
+}  // namespace mrl

@@ -1,0 +1,29 @@
+// A menu that pops up at a point of the screen.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "core/geometry.h"
+#include "core/window_handle.h"
+
+namespace mrl {
+
+struct MenuItem {
+  int command = 0;
+  std::u16string_view text;  // none: a separator
+  bool checked = false;
+  bool operator==(const MenuItem&) const = default;
+};
+
+/// UI thread only.
+class PopupMenu {
+ public:
+  virtual ~PopupMenu() = default;
+  /// Brings `owner` to the foreground, opens the menu and waits for the user: the command of the
+  /// item, or 0 if none was chosen. Messages and so the tick go on meanwhile.
+  [[nodiscard]] virtual int choose(WindowHandle owner, Point point,
+                                   const std::vector<MenuItem>& items) = 0;
+};
+
+}  // namespace mrl

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <windows.h>
+
+#include "core/tray.h"
+#include "overlay/clock_window_win.h"
+
+namespace mrl {
+
+/// What the icon sends to the clock's window; the lParam is the mouse message.
+inline constexpr UINT kTrayNotify = WM_APP + 1;
+
+class TrayWin : public Tray {
+ public:
+  /// `instance` holds the icon; `clock` must outlive this object.
+  TrayWin(HINSTANCE instance, const ClockWindowWin& clock);
+
+  bool add() override;
+  void remove() override;
+
+  /// The message by which a new shell makes itself known.
+  UINT shellStartedMessage() const { return shellStarted; }
+
+ private:
+  HINSTANCE instance;
+  const ClockWindowWin& clock;
+  UINT shellStarted;
+};
+
+}  // namespace mrl

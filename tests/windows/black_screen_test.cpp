@@ -1,0 +1,222 @@
+// The black screen beside a real show: what it covers, and every way out of it.
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "core/command_ids.h"
+#include "core/window_classes_win.h"
+#include "windows/menu_window.h"
+#include "windows/program.h"
+#include "windows/standin_fixture.h"
+
+namespace mrl {
+namespace {
+
+using standin::TemporaryDeck;
+using standin::waitUntil;
+
+class BlackScreenTest : public testing::Test {
+ protected:
+  void startAll(const Settings& settings = {}) {
+    ASSERT_TRUE(presentations.start(L"powerpnt.exe"));
+    tell(L"open \"" + deck.path + L"\"");
+    tell(L"show");
+    program.prepare(settings);
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(program.isCounting()) << "the show has been seen";
+  }
+  void cover() {
+    startAll();
+    program.command(kCommandToggleBlack);
+    ASSERT_FALSE(blackWindows().empty());
+  }
+  void tell(const std::wstring& command) { ASSERT_EQ(presentations.command(command), L"ok"); }
+  bool showRuns() {
+    return presentations.command(L"state").find(L"show none") == std::wstring::npos;
+  }
+
+  /// From the top one down.
+  std::vector<HWND> blackWindows() const {
+    std::vector<HWND> found;
+    for (HWND next = GetTopWindow(nullptr); next != nullptr; next = GetWindow(next, GW_HWNDNEXT)) {
+      wchar_t name[80] = L"";
+      GetClassNameW(next, name, 80);
+      if (std::wstring(name) == kBlackClass && IsWindowVisible(next)) found.push_back(next);
+    }
+    return found;
+  }
+  bool uncovers() {
+    return waitUntil([&] { return blackWindows().empty(); });
+  }
+  bool isClockAbove(HWND other) const {
+    for (HWND next = program.clock(); next != nullptr; next = GetWindow(next, GW_HWNDNEXT)) {
+      if (next == other) return true;
+    }
+    return false;
+  }
+  static std::vector<RECT> monitors() {
+    std::vector<RECT> rects;
+    EnumDisplayMonitors(
+        nullptr, nullptr,
+        [](HMONITOR, HDC, RECT* rect, LPARAM list) -> BOOL {
+          reinterpret_cast<std::vector<RECT>*>(list)->push_back(*rect);
+          return TRUE;
+        },
+        reinterpret_cast<LPARAM>(&rects));
+    return rects;
+  }
+  /// On a black window, away from the clock.
+  POINT emptyPlace() const {
+    const RECT rect = monitors().front();
+    return {rect.left + 100, rect.bottom - 150};
+  }
+  void expectEveryMonitorCovered() const {
+    const std::vector<HWND> windows = blackWindows();
+    ASSERT_EQ(windows.size(), monitors().size());
+    for (const RECT& monitor : monitors()) {
+      int covering = 0;
+      for (const HWND window : windows) {
+        RECT rect{};
+        GetWindowRect(window, &rect);
+        covering += EqualRect(&rect, &monitor) ? 1 : 0;
+      }
+      EXPECT_EQ(covering, 1) << "the monitor that begins at " << monitor.left;
+    }
+    for (const HWND window : windows) EXPECT_TRUE(isClockAbove(window));
+  }
+
+  TemporaryDeck deck{L"black.pptx"};
+  standin::Client presentations;
+  Program program;
+};
+
+TEST_F(BlackScreenTest, EveryMonitorIsCoveredWithTheClockAbove) {
+  cover();
+  expectEveryMonitorCovered();
+  EXPECT_TRUE(program.isVisible());
+}
+
+TEST_F(BlackScreenTest, TwoMonitorsGetAWindowEachWithTheClockAboveBoth) {
+  // The variable tells how many there should be, so that a display that has lost one is noticed.
+  const wchar_t* expected = _wgetenv(L"MARLUNE_MONITORS");
+  if (expected == nullptr) GTEST_SKIP() << "this display is not known to have two monitors";
+  ASSERT_EQ(monitors().size(), 2u);
+  cover();
+  expectEveryMonitorCovered();
+  EXPECT_EQ(blackWindows().size(), 2u);
+}
+
+TEST_F(BlackScreenTest, TwoMonitorsAreBothUncoveredAgain) {
+  if (_wgetenv(L"MARLUNE_MONITORS") == nullptr) GTEST_SKIP() << "as above";
+  cover();
+  ASSERT_EQ(blackWindows().size(), 2u);
+  program.command(kCommandToggleBlack);
+  EXPECT_TRUE(blackWindows().empty());
+}
+
+TEST_F(BlackScreenTest, ItsWindowsAreFramelessToolWindowsOnTop) {
+  cover();
+  const HWND window = blackWindows().front();
+  EXPECT_EQ(GetWindowLongW(window, GWL_EXSTYLE) & (WS_EX_TOPMOST | WS_EX_TOOLWINDOW),
+            WS_EX_TOPMOST | WS_EX_TOOLWINDOW);
+  EXPECT_TRUE(GetWindowLongW(window, GWL_STYLE) & WS_POPUP);
+  EXPECT_FALSE(GetWindowLongW(window, GWL_STYLE) & WS_CAPTION);
+  wchar_t title[80] = L"";
+  GetWindowTextW(window, title, 80);
+  EXPECT_STREQ(title, L"Marlune 黑屏");
+}
+
+TEST_F(BlackScreenTest, ItIsBlack) {
+  cover();
+  const HDC screen = GetDC(nullptr);
+  const POINT place = emptyPlace();
+  EXPECT_TRUE(waitUntil([&] { return GetPixel(screen, place.x, place.y) == RGB(0, 0, 0); }));
+  ReleaseDC(nullptr, screen);
+}
+
+TEST_F(BlackScreenTest, WithoutAShowThereIsNone) {
+  ASSERT_TRUE(program.start());
+  program.command(kCommandToggleBlack);
+  EXPECT_TRUE(blackWindows().empty());
+}
+
+TEST_F(BlackScreenTest, TheEndOfTheTimeBringsIt) {
+  Settings settings;
+  settings.duration = 4;
+  settings.black = true;
+  startAll(settings);
+  EXPECT_TRUE(waitUntil([&] { return !blackWindows().empty(); }));
+  EXPECT_TRUE(program.waitForText(L"已超时 00:02")) << "the overtime stays readable";
+  EXPECT_TRUE(program.isVisible());
+}
+
+TEST_F(BlackScreenTest, TheCommandThatBroughtItTakesItAway) {
+  cover();
+  program.command(kCommandToggleBlack);
+  EXPECT_TRUE(blackWindows().empty());
+  EXPECT_TRUE(showRuns());
+}
+
+TEST_F(BlackScreenTest, EscapeOnItEndsTheShowPausesTheTimerAndThenItGoes) {
+  cover();
+  ASSERT_TRUE(waitUntil([&] { return GetForegroundWindow() == blackWindows().front(); }));
+  pressKey(VK_ESCAPE);
+  EXPECT_TRUE(waitUntil([&] { return !showRuns(); }));
+  EXPECT_TRUE(uncovers());
+  EXPECT_TRUE(program.standsStill());
+}
+
+TEST_F(BlackScreenTest, EscapeOnTheClockDoesTheSame) {
+  cover();
+  PostMessageW(program.clock(), WM_KEYDOWN, VK_ESCAPE, 0);
+  EXPECT_TRUE(waitUntil([&] { return !showRuns(); }));
+  EXPECT_TRUE(uncovers());
+}
+
+TEST_F(BlackScreenTest, AShowThatEndsByItselfTakesItAlong) {
+  cover();
+  tell(L"exit");
+  EXPECT_TRUE(uncovers());
+}
+
+TEST_F(BlackScreenTest, ARightClickOffersOneItemAndChoosingItLeaves) {
+  cover();
+  rightClickAt(emptyPlace());
+  ASSERT_TRUE(waitUntil([&] { return menuOf(program.clock()) != nullptr; }));
+  const RECT menu = menuRect(program.clock());
+  EXPECT_GE(menu.bottom - menu.top, scaled(30));
+  EXPECT_LT(menu.bottom - menu.top, scaled(60));
+  clickAt({(menu.left + menu.right) / 2, (menu.top + menu.bottom) / 2});
+  EXPECT_TRUE(uncovers());
+  EXPECT_TRUE(showRuns());
+}
+
+TEST_F(BlackScreenTest, ItRefusesToBeClosed) {
+  cover();
+  const HWND window = blackWindows().front();
+  SendMessageW(window, WM_CLOSE, 0, 0);
+  EXPECT_TRUE(IsWindow(window));
+  EXPECT_FALSE(blackWindows().empty());
+}
+
+TEST_F(BlackScreenTest, ALeftClickAndOtherKeysMeanNothing) {
+  cover();
+  clickAt(emptyPlace());
+  pressKey(VK_SPACE);
+  pressKey(VK_F2);
+  EXPECT_TRUE(program.isCounting());
+  EXPECT_FALSE(blackWindows().empty());
+  EXPECT_TRUE(showRuns());
+}
+
+TEST_F(BlackScreenTest, TheEndOfTheProgramTakesItAlong) {
+  cover();
+  PostMessageW(program.clock(), WM_COMMAND, kCommandExit, 0);
+  DWORD exitCode = 99;
+  ASSERT_TRUE(program.waitForEnd(exitCode));
+  EXPECT_EQ(exitCode, 0u);
+  EXPECT_TRUE(blackWindows().empty());
+}
+
+}  // namespace
+}  // namespace mrl

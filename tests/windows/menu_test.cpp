@@ -1,0 +1,112 @@
+// The menu as a user meets it: on the clock, on its tray icon.
+#include <gtest/gtest.h>
+
+#include "core/command_ids.h"
+#include "core/tray_win.h"
+#include "windows/menu_window.h"
+#include "windows/program.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+class MenuTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    Settings settings;
+    settings.windowX = 200;
+    settings.windowY = 150;
+    program.prepare(settings);
+    ASSERT_TRUE(program.start());
+  }
+  POINT middle() const {
+    const RECT rect = program.rect();
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+  }
+  bool opens() {
+    return waitUntil([&] { return menuOf(program.clock()) != nullptr; });
+  }
+  bool closes() {
+    return waitUntil([&] { return menuOf(program.clock()) == nullptr; });
+  }
+  void openByMouse() {
+    rightClickAt(middle());
+    ASSERT_TRUE(opens());
+  }
+  POINT lastItem() const {
+    const RECT rect = menuRect(program.clock());
+    return {(rect.left + rect.right) / 2, rect.bottom - scaled(15)};
+  }
+  /// Above the last item and a separator.
+  POINT manualModeItem() const { return {lastItem().x, lastItem().y - scaled(40)}; }
+
+  Program program;
+};
+
+TEST_F(MenuTest, ARightClickOnTheClockOpensItThere) {
+  openByMouse();
+  const RECT rect = menuRect(program.clock());
+  EXPECT_EQ(rect.left, middle().x);
+  EXPECT_EQ(rect.top, middle().y);
+  EXPECT_GT(rect.bottom - rect.top, scaled(7 * 30));
+  EXPECT_LT(rect.bottom - rect.top, scaled(7 * 30 + 60)) << "seven items and three separators";
+}
+
+TEST_F(MenuTest, TheFirstItemStartsTheTimer) {
+  openByMouse();
+  pressKey(VK_DOWN);
+  pressKey(VK_RETURN);
+  EXPECT_TRUE(program.isCounting());
+}
+
+TEST_F(MenuTest, TheClockCountsWhileItIsOpen) {
+  program.command(kCommandToggleTimer);
+  openByMouse();
+  EXPECT_TRUE(program.isCounting());
+}
+
+TEST_F(MenuTest, TheMouseChoosesTheOtherMode) {
+  openByMouse();
+  clickAt(manualModeItem());
+  EXPECT_TRUE(waitUntil([&] { return !program.settings().autoMode; }));
+}
+
+TEST_F(MenuTest, TheLastItemEndsTheProgram) {
+  openByMouse();
+  clickAt(lastItem());
+  DWORD exitCode = 99;
+  ASSERT_TRUE(program.waitForEnd(exitCode));
+  EXPECT_EQ(exitCode, 0u);
+}
+
+TEST_F(MenuTest, EscapeClosesItAndNothingRuns) {
+  openByMouse();
+  pressKey(VK_ESCAPE);
+  EXPECT_TRUE(closes());
+  EXPECT_EQ(program.text(), L"15:00");
+  EXPECT_TRUE(program.settings().autoMode);
+}
+
+TEST_F(MenuTest, TheKeyboardOpensItAtTheCursor) {
+  moveTo({320, 260});
+  PostMessageW(program.clock(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(program.clock()), -1);
+  ASSERT_TRUE(opens());
+  EXPECT_EQ(menuRect(program.clock()).left, 320);
+  EXPECT_EQ(menuRect(program.clock()).top, 260);
+}
+
+TEST_F(MenuTest, ARightClickOnTheTrayIconOpensItAtTheCursor) {
+  moveTo({330, 270});
+  PostMessageW(program.clock(), kTrayNotify, 1, WM_RBUTTONUP);
+  ASSERT_TRUE(opens());
+  EXPECT_EQ(menuRect(program.clock()).left, 330);
+  EXPECT_EQ(menuRect(program.clock()).top, 270);
+  pressKey(VK_DOWN);
+  pressKey(VK_RETURN);
+  EXPECT_TRUE(program.isCounting());
+}
+
+}  // namespace
+}  // namespace mrl

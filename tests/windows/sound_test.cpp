@@ -1,0 +1,151 @@
+// The sound of an alert, as it reaches the sound card. That is a file here: where the variable
+// MARLUNE_SOUND names one, it receives what is played, a few times as fast as a card would take it.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "core/command_ids.h"
+#include "core/wide_win.h"
+#include "windows/program.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+constexpr int kRate = 8000;
+
+/// Of a tone with one channel and 16 bits.
+constexpr uintmax_t toneBytes(int seconds) { return uintmax_t{kRate} * 2 * seconds; }
+
+void writeTone(const std::wstring& path, int seconds) {
+  std::ofstream file(std::filesystem::path(path), std::ios::binary);
+  const auto put = [&](uint32_t value, int bytes) {
+    for (int i = 0; i < bytes; ++i) file.put(static_cast<char>(value >> (8 * i) & 0xFF));
+  };
+  const auto dataBytes = static_cast<uint32_t>(toneBytes(seconds));
+  file << "RIFF";
+  put(36 + dataBytes, 4);
+  file << "WAVEfmt ";
+  put(16, 4);
+  put(1, 2);
+  put(1, 2);
+  put(kRate, 4);
+  put(kRate * 2, 4);
+  put(2, 2);
+  put(16, 2);
+  file << "data";
+  put(dataBytes, 4);
+  for (int i = 0; i < kRate * seconds; ++i) {
+    put(static_cast<uint32_t>(std::lround(8000 * std::sin(i * 0.3456))), 2);
+  }
+}
+
+class SoundTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    const wchar_t* name = _wgetenv(L"MARLUNE_SOUND");
+    if (name == nullptr) GTEST_SKIP() << "no file receives the sound";
+    recording = name;
+    std::ofstream(recording, std::ios::binary | std::ios::trunc);
+  }
+  std::u16string tone(int seconds) {
+    const std::wstring path = folder.path() + L"\\tone " + std::to_wstring(seconds) + L".wav";
+    writeTone(path, seconds);
+    return u16From(path);
+  }
+  /// Starts the timer, and with it the second that is left until the sound.
+  void runOut(Settings settings) {
+    settings.duration = 1;
+    settings.sound = true;
+    program.prepare(settings);
+    ASSERT_TRUE(program.start());
+    program.command(kCommandToggleTimer);
+  }
+  uintmax_t recorded() const {
+    std::error_code ignored;
+    const uintmax_t size = std::filesystem::file_size(recording, ignored);
+    return ignored ? 0 : size;
+  }
+  bool begins() {
+    return waitUntil([&] { return recorded() > 0; });
+  }
+  bool grows() {
+    const uintmax_t before = recorded();
+    return waitUntil([&] { return recorded() > before; }, 2000);
+  }
+  /// Sees nothing more come for a second.
+  bool ends() {
+    uintmax_t last = recorded();
+    ULONGLONG since = GetTickCount64();
+    return waitUntil(
+        [&] {
+          if (recorded() != last) since = GetTickCount64();
+          last = recorded();
+          return GetTickCount64() - since > 1000;
+        },
+        15'000);
+  }
+  bool isAudible() const {
+    std::ifstream file(recording, std::ios::binary);
+    for (std::istreambuf_iterator<char> byte(file), end; byte != end; ++byte) {
+      if (*byte != 0) return true;
+    }
+    return false;
+  }
+
+  std::filesystem::path recording;
+  TemporaryFolder folder{L"marlune sound"};
+  Program program;
+};
+
+TEST_F(SoundTest, TheToneBeginsWhenTheTimeIsUpAndIsCutOffAfterItsSeconds) {
+  runOut({.soundFile = tone(60), .soundSeconds = 2});
+  ASSERT_TRUE(begins());
+  const ULONGLONG start = GetTickCount64();
+  ASSERT_TRUE(ends());
+  const ULONGLONG heardMs = GetTickCount64() - start - 1000;
+  EXPECT_GT(heardMs, 1000u);
+  EXPECT_LT(heardMs, 4000u);
+  EXPECT_LT(recorded(), toneBytes(60));
+  EXPECT_TRUE(isAudible());
+  EXPECT_TRUE(program.isCounting());
+}
+
+TEST_F(SoundTest, WithoutSecondsTheFilePlaysToItsEnd) {
+  runOut({.soundFile = tone(3)});
+  ASSERT_TRUE(begins());
+  ASSERT_TRUE(ends());
+  EXPECT_GE(recorded(), toneBytes(3));
+}
+
+TEST_F(SoundTest, WithoutSecondsAResetCutsItOff) {
+  runOut({.soundFile = tone(60)});
+  ASSERT_TRUE(begins());
+  EXPECT_TRUE(grows());
+  program.command(kCommandReset);
+  EXPECT_TRUE(ends());
+  EXPECT_LT(recorded(), toneBytes(60));
+}
+
+TEST_F(SoundTest, SecondsBeyondTheEndOfTheFileDoNoHarm) {
+  runOut({.soundFile = tone(1), .soundSeconds = 3});
+  ASSERT_TRUE(begins());
+  EXPECT_TRUE(ends());
+  EXPECT_TRUE(program.isCounting());
+  EXPECT_TRUE(program.waitForText(L"已超时 00:05"));
+}
+
+TEST_F(SoundTest, AFileThatIsGoneIsSilentAndTheTimerGoesOn) {
+  runOut({.soundFile = u"C:\\no such folder\\tone.wav"});
+  EXPECT_TRUE(program.waitForText(L"已超时 00:02"));
+  EXPECT_EQ(recorded(), 0u);
+}
+
+}  // namespace
+}  // namespace mrl
