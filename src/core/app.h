@@ -99,6 +99,9 @@ struct App {
   uint64_t switchAtMs = 0;
   uint64_t switchPulseUntilMs = 0;
   uint64_t switchPulseNextMs = 0;
+  std::u16string openPulseTarget;  // a deck that a remote command started
+  uint64_t openPulseUntilMs = 0;
+  uint64_t openPulseNextMs = 0;
 };
 
 /// Start-up: reads the arguments (without the program's name), loads the settings and brings the

@@ -1,6 +1,7 @@
 #include "core/expiry.h"
 
 #include "core/audio.h"
+#include "core/deck_switch.h"
 #include "overlay/clock_behaviour.h"
 #include "presentation/show_control.h"
 
@@ -32,10 +33,12 @@ void fireExpiry(App& app, uint64_t nowMs) {
   if (settings.sound) {
     playAudio(app, settings.soundFile, static_cast<int32_t>(settings.soundSeconds));
   }
-  (void)nowMs;
+  if (settings.switchPpt) beginDeckSwitch(app, nowMs);
 }
 
 void runTimedWork(App& app, uint64_t nowMs) {
+  continueDeckSwitch(app, nowMs);
+  raiseStartedShows(app, nowMs);
   if (app.soundStopMs != 0 && nowMs >= app.soundStopMs) closeAudio(app);
   if (app.blinkEndMs != 0 && nowMs >= app.blinkEndMs) {
     app.blinkActive = false;

@@ -1,0 +1,102 @@
+#include "core/deck_switch.h"
+
+#include <filesystem>
+
+#include "core/audio.h"
+#include "core/expiry.h"
+#include "core/show_identity.h"
+#include "core/text.h"
+#include "core/tick.h"
+#include "presentation/documents.h"
+#include "presentation/show_control.h"
+#include "presentation/show_poll.h"
+
+namespace mrl {
+namespace {
+
+constexpr uint64_t kExitDelayMs = 500;  // for the old show to go
+constexpr uint64_t kPulseLengthMs = 2000;
+constexpr uint64_t kPulsePeriodMs = 250;
+
+bool playTarget(App& app, std::u16string& error) {
+  try {
+    return openDocument(app.platform.presentation(), app.automation, app.switchTarget, true, error);
+  } catch (const std::filesystem::filesystem_error& failure) {
+    error = utf16From(failure.what());  // a drive that fails now must not end the program
+    return false;
+  }
+}
+
+/// The deck's show is followed at once: until the next poll the old one would still be believed.
+void lookForTarget(App& app) {
+  const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
+  if (!showsDocument(app.platform.files, status, app.switchTarget)) return;
+  app.switchHoldSeen = true;
+  followShow(app.follower, app.timer, app.settings, observe(app, status, false),
+             app.platform.clock.nowMs());
+}
+
+void holdForTarget(App& app) {
+  app.blinkActive = false;
+  app.blinkEndMs = 0;
+  closeAudio(app);
+  setBlack(app, false);
+  app.switchHold = true;
+  app.switchHoldSeen = false;
+  if (app.platform.clockWindow.isVisible()) {
+    app.platform.clockWindow.hide();
+    app.hiddenByRule = true;
+  }
+  lookForTarget(app);
+  app.switchPulseUntilMs = app.platform.clock.nowMs() + kPulseLengthMs;
+  app.switchPulseNextMs = 0;
+}
+
+void pulse(App& app, const std::u16string& target, uint64_t& untilMs, uint64_t& nextMs,
+           uint64_t nowMs) {
+  if (untilMs == 0) return;
+  if (nowMs >= untilMs) {
+    untilMs = nextMs = 0;
+  } else if (nowMs >= nextMs) {
+    raiseDocumentShow(app.platform.presentation(), app.automation, target);
+    nextMs = nowMs + kPulsePeriodMs;
+  }
+}
+
+}  // namespace
+
+void beginDeckSwitch(App& app, uint64_t nowMs) {
+  app.openPulseUntilMs = 0;
+  app.openPulseNextMs = 0;
+  app.openPulseTarget.clear();
+  pauseTimer(app.timer, nowMs);
+  app.switchTarget = app.settings.switchDeck;
+  app.follower.switchPending = true;
+  app.follower.switchSeen = false;
+  app.follower.resetAtMs = 0;
+  std::u16string ignored;  // there may be no show to exit
+  (void)sendShowCommand(app.platform.presentation(), app.automation, "exit", ignored);
+  app.switchAtMs = nowMs + kExitDelayMs;
+}
+
+void continueDeckSwitch(App& app, uint64_t nowMs) {
+  if (app.switchAtMs == 0 || nowMs < app.switchAtMs) return;
+  app.switchAtMs = 0;
+  std::u16string error;
+  if (playTarget(app, error)) {
+    holdForTarget(app);
+    return;
+  }
+  app.follower.switchPending = false;
+  app.follower.switchSeen = false;
+  app.switchTarget.clear();
+  setStatus(app, error);
+}
+
+void raiseStartedShows(App& app, uint64_t nowMs) {
+  pulse(app, app.switchTarget, app.switchPulseUntilMs, app.switchPulseNextMs, nowMs);
+  pulse(app, app.openPulseTarget, app.openPulseUntilMs, app.openPulseNextMs, nowMs);
+  if (app.openPulseUntilMs == 0) app.openPulseTarget.clear();
+}
+
+}  // namespace mrl

@@ -1,0 +1,217 @@
+#include "core/deck_switch.h"
+
+#include <algorithm>
+
+#include "core/app_fixture.h"
+#include "core/commands.h"
+#include "core/expiry.h"
+
+namespace mrl {
+namespace {
+
+class DeckSwitchTest : public AppFixture {
+ protected:
+  static constexpr uint64_t kExitDelayMs = 500;
+
+  void SetUp() override {
+    files().putFile(kDeck, "");
+    files().putFile(kOtherDeck, "");
+    Settings settings;
+    settings.duration = 10;
+    settings.blink = false;
+    settings.prompt2.enabled = false;
+    settings.switchPpt = true;
+    settings.switchDeck = kOtherDeck;
+    startWith(settings);
+    program->nextShowWindow = 600;
+    outside.automation.beforeCall = [this](const std::string& entry) {
+      if (entry == "method view.Exit") outside.windows.windows.clear();
+      // No show to a scan of the desktop: only automation tells of it.
+      if (entry == "method settings.Run") outside.addEditWindow(600, u"other.pptx");
+    };
+  }
+
+  /// The show of the first deck runs until its time is up, to the tick.
+  void runOut() {
+    startShow(kDeck);
+    waitForPoll();
+    while (!app.timer.expiredFired) runFor(kTickMs);
+  }
+  void switchOver() {
+    runOut();
+    runFor(kExitDelayMs);
+  }
+  /// What polls at the end of the deck that was switched to will see.
+  void endTarget() {
+    program->shows.clear();
+    outside.windows.windows.clear();
+  }
+  long times(const std::string& call) const {
+    return std::count(outside.log.begin(), outside.log.end(), call);
+  }
+};
+
+TEST_F(DeckSwitchTest, TheEndOfTheTimePausesTheTimerAndExitsTheShow) {
+  runOut();
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  EXPECT_EQ(elapsedMs(), 10'000);
+  EXPECT_TRUE(program->shows.empty());
+  EXPECT_EQ(app.switchTarget, kOtherDeck);
+  EXPECT_TRUE(app.follower.switchPending);
+  EXPECT_EQ(app.switchAtMs, clock.nowMs() + 500);
+}
+
+TEST_F(DeckSwitchTest, ItDropsAResetThatWasPendingAndAnOpenPulse) {
+  app.follower.resetAtMs = clock.nowMs() + 1;
+  app.openPulseTarget = kDeck;
+  app.openPulseUntilMs = app.openPulseNextMs = clock.nowMs() + 1000;
+  fireExpiry(app, clock.nowMs());
+  EXPECT_EQ(app.follower.resetAtMs, 0u);
+  EXPECT_EQ(app.openPulseTarget, u"");
+  EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 0u);
+}
+
+TEST_F(DeckSwitchTest, WithExitAsWellTheCommandGoesOutTwiceAndOnlyTheFirstIsReported) {
+  app.settings.exitShow = true;
+  runOut();
+  EXPECT_EQ(times("method view.Exit"), 1) << "the second finds no show";
+  EXPECT_EQ(app.lastError, u"");
+}
+
+TEST_F(DeckSwitchTest, AnExitThatFailsIsNotReported) {
+  outside.automation.fail("view.Exit");
+  fireExpiry(app, clock.nowMs());
+  EXPECT_EQ(app.lastError, u"");
+}
+
+TEST_F(DeckSwitchTest, TheDeckIsOpenedAndPlayedHalfASecondLater) {
+  runOut();
+  runFor(kExitDelayMs - kTickMs);
+  EXPECT_EQ(times("method settings.Run"), 0);
+  runFor(kTickMs);
+  EXPECT_EQ(times("method settings.Run"), 1);
+  ASSERT_EQ(program->shows.size(), 1u);
+  EXPECT_EQ(program->shows.front()->deck->path, kOtherDeck);
+  EXPECT_EQ(app.switchAtMs, 0u);
+}
+
+TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded) {
+  app.settings.blink = true;
+  app.settings.sound = true;
+  app.settings.soundFile = u"C:\\bell.wav";
+  app.settings.soundSeconds = 60;
+  app.settings.blinkSeconds = 60;
+  app.settings.black = true;
+  switchOver();
+  EXPECT_FALSE(clockWindow.visible);
+  EXPECT_TRUE(app.hiddenByRule && app.switchHold && app.switchHoldSeen);
+  EXPECT_FALSE(app.blinkActive || app.blackActive || blackScreen.covering);
+  EXPECT_EQ(app.blinkEndMs + app.soundStopMs, 0u);
+  runFor(30'000);
+  EXPECT_FALSE(clockWindow.visible) << "for as long as it is shown";
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+}
+
+TEST_F(DeckSwitchTest, TheShowIsRaisedFourTimesASecondForTwoSeconds) {
+  switchOver();
+  const long atStart = times("topmost 600");
+  runFor(2000);
+  // Ticks come every 100 ms, so the pulses of 250 ms fall on every third of them.
+  EXPECT_EQ(times("topmost 600") - atStart, 6);
+  EXPECT_EQ(app.switchPulseUntilMs + app.switchPulseNextMs, 0u);
+  const long atEnd = times("topmost 600");
+  runFor(5000);
+  EXPECT_EQ(times("topmost 600"), atEnd);
+}
+
+TEST_F(DeckSwitchTest, WhenTheDeckHasEndedTheClockComesBackAndTheTimerStaysPaused) {
+  switchOver();
+  waitForPoll();
+  endTarget();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+}
+
+TEST_F(DeckSwitchTest, WhenTheDeckIsClosedTheTimerIsReset) {
+  switchOver();
+  waitForPoll();
+  endTarget();
+  program->decks.clear();
+  waitForPoll();
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+  EXPECT_FALSE(app.follower.switchPending);
+}
+
+TEST_F(DeckSwitchTest, AnotherShowAfterTheDeckIsFollowedLikeAnyOther) {
+  switchOver();
+  waitForPoll();
+  endTarget();
+  startShow(kDeck);
+  waitForPoll();
+  EXPECT_FALSE(app.follower.switchPending);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+  EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, WhileTheOldShowIsStillExitingEverythingStaysAsItIs) {
+  outside.automation.fail("view.Exit");
+  outside.windows.keysTaken = 0;
+  runOut();
+  app.switchAtMs = clock.nowMs() + 60'000;  // a slow application
+  runFor(6000);
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  EXPECT_TRUE(app.follower.switchPending);
+  EXPECT_FALSE(app.follower.switchSeen);
+}
+
+TEST_F(DeckSwitchTest, ADeckThatIsGoneIsToldAndNothingHidesTheClock) {
+  app.settings.switchDeck = u"C:\\talks\\gone.pptx";
+  switchOver();
+  EXPECT_EQ(app.lastError, u"演示文件不存在");
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_FALSE(app.follower.switchPending || app.switchHold);
+  EXPECT_EQ(app.switchTarget, u"");
+}
+
+TEST_F(DeckSwitchTest, AnEmptyDeckIsToldTheSameWay) {
+  app.settings.switchDeck.clear();
+  switchOver();
+  EXPECT_EQ(app.lastError, u"演示文件不存在");
+  EXPECT_EQ(phase(), TimerPhase::Paused);
+}
+
+TEST_F(DeckSwitchTest, ADriveThatFailsIsToldAndTheProgramGoesOn) {
+  runOut();
+  files().failing = {FilesFake::Operation::Status};
+  runFor(kExitDelayMs);
+  EXPECT_NE(app.lastError, u"");
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_FALSE(app.follower.switchPending);
+}
+
+TEST_F(DeckSwitchTest, AResetBeforeTheDeckIsOpenedOpensNothing) {
+  runOut();
+  runFor(kExitDelayMs - 2 * kTickMs);
+  runCommand(app, kCommandReset);
+  runFor(5000);
+  EXPECT_EQ(times("method settings.Run"), 0);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(DeckSwitchTest, AShowThatARemoteCommandStartedIsRaisedForTwoSecondsToo) {
+  startShow(kDeck);
+  app.openPulseTarget = kDeck;
+  app.openPulseUntilMs = clock.nowMs() + 2000;
+  runFor(kTickMs);
+  EXPECT_EQ(times("topmost 500"), 1);
+  runFor(2000);
+  EXPECT_EQ(times("topmost 500"), 7);
+  EXPECT_EQ(app.openPulseTarget, u"");
+  EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 0u);
+}
+
+}  // namespace
+}  // namespace mrl
