@@ -100,7 +100,7 @@ TEST_F(BlackScreenTest, TwoMonitorsGetAWindowEachWithTheClockAboveBoth) {
   // The variable tells how many there should be, so that a display that has lost one is noticed.
   const wchar_t* expected = _wgetenv(L"MARLUNE_MONITORS");
   if (expected == nullptr) GTEST_SKIP() << "this display is not known to have two monitors";
-  ASSERT_EQ(monitors().size(), 2u);
+  ASSERT_TRUE(waitUntil([&] { return monitors().size() == 2; }));
   cover();
   expectEveryMonitorCovered();
   EXPECT_EQ(blackWindows().size(), 2u);
