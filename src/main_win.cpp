@@ -2,9 +2,14 @@
 #include <windows.h>
 
 #include <commctrl.h>
+#include <shellapi.h>
 #include <shobjidl.h>
 
+#include <string>
+#include <vector>
+
 #include "core/app_win.h"
+#include "core/wide_win.h"
 
 namespace {
 
@@ -18,6 +23,15 @@ struct ComApartment {
   }
 };
 
+std::vector<std::u16string> programArguments() {
+  int count = 0;
+  wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
+  std::vector<std::u16string> arguments;
+  for (int i = 1; list != nullptr && i < count; ++i) arguments.push_back(mrl::u16From(list[i]));
+  LocalFree(list);
+  return arguments;
+}
+
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int) {
@@ -26,5 +40,5 @@ int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, wchar_t*, int) {
   if (FAILED(apartment.result)) return mrl::kExitNoCom;
   const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_TAB_CLASSES | ICC_STANDARD_CLASSES};
   InitCommonControlsEx(&controls);
-  return mrl::AppWin(instance).run();
+  return mrl::AppWin(instance).run(programArguments());
 }

@@ -1,6 +1,5 @@
 #include "core/app_win.h"
 
-#include <shellapi.h>
 #include <windowsx.h>
 
 #include <string>
@@ -12,22 +11,12 @@
 #include "core/menu.h"
 #include "core/tick.h"
 #include "core/tray_icon.h"
-#include "core/wide_win.h"
 #include "core/window_classes_win.h"
 #include "overlay/clock_behaviour.h"
 #include "settings/settings_path_win.h"
 
 namespace mrl {
 namespace {
-
-std::vector<std::u16string> programArguments() {
-  int count = 0;
-  wchar_t** list = CommandLineToArgvW(GetCommandLineW(), &count);
-  std::vector<std::u16string> arguments;
-  for (int i = 1; list != nullptr && i < count; ++i) arguments.push_back(u16From(list[i]));
-  LocalFree(list);
-  return arguments;
-}
 
 bool isClass(HWND window, std::wstring_view name) {
   wchar_t buffer[80];
@@ -66,8 +55,8 @@ AppWin::AppWin(HINSTANCE programInstance)
       app({clock, files, automation, windows, screens, *this, clockWindow, resizeToolbar,
            blackScreen, audio, tray, menu}) {}
 
-int AppWin::run() {
-  if (const auto exitCode = startApp(app, programArguments(), settingsPath())) return *exitCode;
+int AppWin::run(const std::vector<std::u16string>& arguments) {
+  if (const auto exitCode = startApp(app, arguments, settingsPath())) return *exitCode;
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
     TranslateMessage(&message);

@@ -26,8 +26,9 @@ class AppWin : private MainLoop {
   AppWin(const AppWin&) = delete;
   AppWin& operator=(const AppWin&) = delete;
 
-  /// Start-up, message loop, shutdown. Returns the exit code.
-  int run();
+  /// Start-up, message loop, shutdown. `arguments` are those of the command line, without the
+  /// program's name. Returns the exit code.
+  int run(const std::vector<std::u16string>& arguments);
 
   LRESULT handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
