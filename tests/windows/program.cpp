@@ -35,8 +35,6 @@ HWND clockOf(DWORD processId) {
   return nullptr;
 }
 
-constexpr DWORD kMoveTo = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
-
 void sendMouse(DWORD flags, POINT point = {}) {
   INPUT input{};
   input.type = INPUT_MOUSE;
@@ -174,17 +172,15 @@ Settings Program::settings() const {
 
 void pressAt(POINT point) {
   moveTo(point);
-  sendMouse(MOUSEEVENTF_LEFTDOWN | kMoveTo, point);
+  sendMouse(MOUSEEVENTF_LEFTDOWN);
 }
 
 void moveTo(POINT point) {
-  // Again until it is there: a late word of the X server about the move before may undo this one.
+  sendMouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, point);
   (void)waitUntil([&] {
     POINT now{};
     GetCursorPos(&now);
-    if (now.x == point.x && now.y == point.y) return true;
-    sendMouse(kMoveTo, point);
-    return false;
+    return now.x == point.x && now.y == point.y;
   });
 }
 
@@ -197,7 +193,7 @@ void clickAt(POINT point) {
 
 void rightClickAt(POINT point) {
   moveTo(point);
-  sendMouse(MOUSEEVENTF_RIGHTDOWN | kMoveTo, point);
+  sendMouse(MOUSEEVENTF_RIGHTDOWN);
   sendMouse(MOUSEEVENTF_RIGHTUP);
 }
 
