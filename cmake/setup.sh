@@ -142,7 +142,7 @@ REG
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# A screen of our own, with a window manager: windows have no frame without one.
+# A screen of our own, with a window manager.
 start_display() {
   local number="$kBuild/display-$$"
   mkdir -p "$kBuild/log"
@@ -153,7 +153,21 @@ start_display() {
   DISPLAY=":$(<"$number")"
   export DISPLAY
   rm -f "$number"
-  openbox >"$kBuild/log/openbox.log" 2>&1 &
+  start_window_manager
+}
+
+# Windows have no frame without one. Wine shows the tray icons of a screen without a taskbar in a
+# window of its own, which must not take the focus from what a test has just opened.
+start_window_manager() {
+  local config="$kBuild/openbox.xml"
+  cat >"$config" <<'XML'
+<openbox_config xmlns="http://openbox.org/3.4/rc">
+  <applications>
+    <application title="Wine System Tray"><focus>no</focus><iconic>yes</iconic></application>
+  </applications>
+</openbox_config>
+XML
+  openbox --config-file "$config" >"$kBuild/log/openbox.log" 2>&1 &
   own_processes+=($!)
 }
 
@@ -196,8 +210,7 @@ CONF
   logged two-monitors "see build/log/xorg.log" xrandr --addmode DUMMY1 1024x768
   logged two-monitors "see build/log/xorg.log" \
     xrandr --output DUMMY1 --mode 1024x768 --right-of DUMMY0
-  openbox >"$kBuild/log/openbox.log" 2>&1 &
-  own_processes+=($!)
+  start_window_manager
 }
 
 # From here on what Wine plays goes to a file; MARLUNE_SOUND tells the tests its name.

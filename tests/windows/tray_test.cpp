@@ -1,5 +1,4 @@
-// The tray icon, seen from the shell: a window of the test's own stands in for the taskbar, under
-// the name by which programs find it.
+// The tray icon, seen from the shell.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -10,67 +9,13 @@
 
 #include "core/command_ids.h"
 #include "windows/program.h"
+#include "windows/shell_standin.h"
 #include "windows/standin_client.h"
 
 namespace mrl {
 namespace {
 
 using standin::waitUntil;
-
-class ShellStandIn {
- public:
-  struct Request {
-    ULONG_PTR kind;
-    HWND sender;
-    std::string bytes;
-  };
-
-  ShellStandIn() {
-    WNDCLASSEXW windowClass{};
-    windowClass.cbSize = sizeof windowClass;
-    windowClass.lpfnWndProc = procedure;
-    windowClass.hInstance = GetModuleHandleW(nullptr);
-    windowClass.lpszClassName = L"Shell_TrayWnd";
-    RegisterClassExW(&windowClass);
-    // Programs take the first one they find, so it must lie above a real taskbar.
-    window =
-        CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, L"Shell_TrayWnd", L"",
-                        WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, this);
-    SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  }
-  ShellStandIn(const ShellStandIn&) = delete;
-  ~ShellStandIn() {
-    DestroyWindow(window);
-    UnregisterClassW(L"Shell_TrayWnd", GetModuleHandleW(nullptr));
-  }
-
-  int count(ULONG_PTR kind) const {
-    int found = 0;
-    for (const Request& request : requests) found += request.kind == kind ? 1 : 0;
-    return found;
-  }
-
-  bool accepts = true;
-  std::vector<Request> requests;
-
- private:
-  static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-    if (message == WM_NCCREATE) {
-      const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
-      SetWindowLongPtrW(window, GWLP_USERDATA,
-                        reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
-    }
-    if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
-    auto* self = reinterpret_cast<ShellStandIn*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-    self->requests.push_back({data->dwData,
-                              reinterpret_cast<HWND>(wParam),
-                              {static_cast<const char*>(data->lpData), data->cbData}});
-    return self->accepts ? TRUE : FALSE;
-  }
-
-  HWND window = nullptr;
-};
 
 class TrayTest : public testing::Test {
  protected:

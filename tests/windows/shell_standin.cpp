@@ -1,0 +1,45 @@
+#include "windows/shell_standin.h"
+
+namespace mrl {
+namespace {
+
+constexpr wchar_t kClass[] = L"Shell_TrayWnd";
+
+}  // namespace
+
+ShellStandIn::ShellStandIn() {
+  WNDCLASSEXW windowClass{};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.lpfnWndProc = procedure;
+  windowClass.hInstance = GetModuleHandleW(nullptr);
+  windowClass.lpszClassName = kClass;
+  RegisterClassExW(&windowClass);  // again and in vain while there is another one
+  // Programs take the first one they find, so it must lie above a real taskbar.
+  window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClass, L"",
+                           WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, this);
+  SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
+ShellStandIn::~ShellStandIn() { DestroyWindow(window); }
+
+int ShellStandIn::count(ULONG_PTR kind) const {
+  int found = 0;
+  for (const Request& request : requests) found += request.kind == kind ? 1 : 0;
+  return found;
+}
+
+LRESULT CALLBACK ShellStandIn::procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+  }
+  if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
+  auto* self = reinterpret_cast<ShellStandIn*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
+  self->requests.push_back({data->dwData,
+                            reinterpret_cast<HWND>(wParam),
+                            {static_cast<const char*>(data->lpData), data->cbData}});
+  return self->accepts ? TRUE : FALSE;
+}
+
+}  // namespace mrl
