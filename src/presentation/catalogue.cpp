@@ -52,9 +52,12 @@ uint64_t fed(uint64_t hash, unsigned byte) { return (hash ^ byte) * kPrime; }
 std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder) {
   std::vector<std::u16string> paths;
   if (folder.empty()) return paths;
-  for (const FolderEntry& entry : files.list(folder)) {
+  const std::vector<FolderEntry> entries = files.list(folder);
+  paths.reserve(entries.size());
+  const std::u16string inside = joinedPath(folder, u"", files.separator());
+  for (const FolderEntry& entry : entries) {
     if (!isPresentation(entry)) continue;
-    paths.push_back(normalizePath(files, joinedPath(folder, entry.name, files.separator())));
+    paths.push_back(normalizePath(files, inside + entry.name));
   }
   sortPaths(paths);
   return paths;

@@ -2,6 +2,7 @@
 
 #include <dirent.h>
 #include <fcntl.h>
+#include <limits.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -137,10 +138,9 @@ std::vector<FolderEntry> FilesPosix::list(const std::u16string& folder) {
 }
 
 CanonicalResult FilesPosix::canonical(const std::u16string& path, std::u16string& result) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(
-      realpath(utf8From(path).c_str(), nullptr), &std::free);
-  if (resolved) {
-    result = utf16From(resolved.get());
+  char resolved[PATH_MAX];
+  if (realpath(utf8From(path).c_str(), resolved)) {
+    result = utf16From(resolved);
     return CanonicalResult::Found;
   }
   return isMissing(errno) ? CanonicalResult::Missing : CanonicalResult::Failed;
