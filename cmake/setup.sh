@@ -210,6 +210,8 @@ CONF
   logged two-monitors "see build/log/xorg.log" xrandr --addmode DUMMY1 1024x768
   logged two-monitors "see build/log/xorg.log" \
     xrandr --output DUMMY1 --mode 1024x768 --right-of DUMMY0
+  # Wine only reads what the server knows already; a plain query makes the server look.
+  logged two-monitors "see build/log/xorg.log" xrandr
   start_window_manager
 }
 
