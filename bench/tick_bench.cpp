@@ -2,36 +2,19 @@
 // for as long as the program runs.
 #include <benchmark/benchmark.h>
 
-#include "core/app.h"
-#include "core/black_screen_fake.h"
-#include "core/clock_fake.h"
-#include "core/main_loop_fake.h"
-#include "core/screens_fake.h"
+#include "core/app_fake.h"
 #include "core/tick.h"
-#include "overlay/clock_window_fake.h"
-#include "overlay/resize_toolbar_fake.h"
-#include "presentation/presentation_fake.h"
 
 namespace mrl {
 namespace {
 
 /// A talk in its first minute, between two polls.
-struct Evening {
+struct Evening : AppFake {
   Evening() {
     (void)startApp(app, {}, u"C:\\settings.dat");
     startTimer(app.timer, clock.nowMs());
     tick(app);
   }
-
-  ClockFake clock;
-  PresentationFake outside;
-  ScreensFake screens;
-  MainLoopFake loop;
-  ClockWindowFake clockWindow;
-  ResizeToolbarFake toolbar;
-  BlackScreenFake blackScreen;
-  App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
-           toolbar, blackScreen}};
 };
 
 // The least that a tick must do: read the clock, and make the text that it compares.

@@ -6,41 +6,19 @@
 #include <memory>
 #include <string>
 
-#include "core/app.h"
-#include "core/audio_player_fake.h"
-#include "core/black_screen_fake.h"
-#include "core/clock_fake.h"
-#include "core/main_loop_fake.h"
-#include "core/popup_menu_fake.h"
-#include "core/screens_fake.h"
+#include "core/app_fake.h"
 #include "core/tick.h"
-#include "core/tray_fake.h"
-#include "overlay/clock_window_fake.h"
-#include "overlay/resize_toolbar_fake.h"
-#include "presentation/presentation_fake.h"
 #include "settings/settings_file.h"
 
 namespace mrl {
 
-class AppFixture : public ::testing::Test {
+class AppFixture : public ::testing::Test, protected AppFake {
  protected:
   static constexpr char16_t kDeck[] = u"C:\\talks\\demo.pptx";
   static constexpr char16_t kOtherDeck[] = u"C:\\talks\\other.pptx";
   static constexpr char16_t kSettingsPath[] = u"C:\\data\\settings.dat";
   static constexpr uint64_t kTickMs = 100;
 
-  ClockFake clock;
-  PresentationFake outside;
-  ScreensFake screens;
-  MainLoopFake loop;
-  ClockWindowFake clockWindow;
-  ResizeToolbarFake toolbar;
-  BlackScreenFake blackScreen;
-  AudioPlayerFake audio;
-  TrayFake tray;
-  PopupMenuFake menu;
-  App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
-           toolbar, blackScreen, audio, tray, menu}};
   std::shared_ptr<FakeApplication> program = outside.automation.add(u"PowerPoint.Application");
 
   FilesFake& files() { return outside.files; }

@@ -1,0 +1,33 @@
+// An App whose every door is a fake, for tests and benchmarks.
+#pragma once
+
+#include "core/app.h"
+#include "core/audio_player_fake.h"
+#include "core/black_screen_fake.h"
+#include "core/clock_fake.h"
+#include "core/main_loop_fake.h"
+#include "core/popup_menu_fake.h"
+#include "core/screens_fake.h"
+#include "core/tray_fake.h"
+#include "overlay/clock_window_fake.h"
+#include "overlay/resize_toolbar_fake.h"
+#include "presentation/presentation_fake.h"
+
+namespace mrl {
+
+struct AppFake {
+  ClockFake clock;
+  PresentationFake outside;
+  ScreensFake screens;
+  MainLoopFake loop;
+  ClockWindowFake clockWindow;
+  ResizeToolbarFake toolbar;
+  BlackScreenFake blackScreen;
+  AudioPlayerFake audio;
+  TrayFake tray;
+  PopupMenuFake menu;
+  App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
+           toolbar, blackScreen, audio, tray, menu}};
+};
+
+}  // namespace mrl
