@@ -71,8 +71,9 @@ class BlackScreenTest : public testing::Test {
     return {rect.left + 100, rect.bottom - 150};
   }
   void expectEveryMonitorCovered() const {
+    // They come one after the other, and the clock is lifted behind the last.
+    ASSERT_TRUE(waitUntil([&] { return blackWindows().size() == monitors().size(); }));
     const std::vector<HWND> windows = blackWindows();
-    ASSERT_EQ(windows.size(), monitors().size());
     for (const RECT& monitor : monitors()) {
       int covering = 0;
       for (const HWND window : windows) {
@@ -82,7 +83,9 @@ class BlackScreenTest : public testing::Test {
       }
       EXPECT_EQ(covering, 1) << "the monitor that begins at " << monitor.left;
     }
-    for (const HWND window : windows) EXPECT_TRUE(isClockAbove(window));
+    for (const HWND window : windows) {
+      EXPECT_TRUE(waitUntil([&] { return isClockAbove(window); }));
+    }
   }
 
   TemporaryDeck deck{L"black.pptx"};
@@ -109,7 +112,7 @@ TEST_F(BlackScreenTest, TwoMonitorsGetAWindowEachWithTheClockAboveBoth) {
 TEST_F(BlackScreenTest, TwoMonitorsAreBothUncoveredAgain) {
   if (_wgetenv(L"MARLUNE_MONITORS") == nullptr) GTEST_SKIP() << "as above";
   cover();
-  ASSERT_EQ(blackWindows().size(), 2u);
+  ASSERT_TRUE(waitUntil([&] { return blackWindows().size() == 2; }));
   program.command(kCommandToggleBlack);
   EXPECT_TRUE(blackWindows().empty());
 }

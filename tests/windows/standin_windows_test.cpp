@@ -231,7 +231,7 @@ TEST_F(StandInDeckTest, AMonitorThatIsNotThereMeansThePrimaryOne) {
   EXPECT_TRUE(EqualRect(&window, &primary));
 }
 
-TEST_F(StandInDeckTest, ItShowsOnTheMonitorItIsTold) {
+TEST_F(StandInDeckTest, OfTwoMonitorsItShowsOnTheOneItIsTold) {
   if (GetSystemMetrics(SM_CMONITORS) < 2) GTEST_SKIP() << "needs two monitors";
   ASSERT_TRUE(standIn.start(L"powerpnt.exe", L"--deck=C:\\a.pptx --show --monitor=2"));
   const HWND show = findWindow(L"screenClass", kShowTitle);
