@@ -14,6 +14,7 @@
 #include "core/main_loop.h"
 #include "core/popup_menu.h"
 #include "core/screens.h"
+#include "core/shell.h"
 #include "core/show_follower.h"
 #include "core/timer.h"
 #include "core/tray.h"
@@ -22,8 +23,16 @@
 #include "overlay/resize_toolbar.h"
 #include "presentation/automation_access.h"
 #include "presentation/show_status.h"
+#include "remote/firewall_rules.h"
+#include "remote/network.h"
+#include "remote/remote_server.h"
+#include "remote/request_queue.h"
+#include "remote/service_host.h"
+#include "remote/sockets.h"
 #include "settings/files.h"
 #include "settings/settings.h"
+#include "settings_window/settings_form.h"
+#include "settings_window/settings_view.h"
 
 namespace mrl {
 
@@ -41,6 +50,13 @@ struct Platform {
   AudioPlayer& audio;
   Tray& tray;
   PopupMenu& menu;
+  Shell& shell;
+  SettingsView& settingsView;
+  Sockets& sockets;
+  RequestQueue& requests;
+  ServiceHost& serviceHost;
+  Network& network;
+  FirewallRules& firewall;
 
   [[nodiscard]] PresentationAccess presentation() const { return {automation, windows, files}; }
 };
@@ -81,6 +97,9 @@ struct App {
   uint64_t lastPollMs = 0;
 
   bool trayAdded = false;
+
+  SettingsForm form;
+  RemoteServer remote;
 
   std::optional<CornerDrag> drag;  // a corner drag of the clock in progress
 

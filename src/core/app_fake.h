@@ -8,10 +8,17 @@
 #include "core/main_loop_fake.h"
 #include "core/popup_menu_fake.h"
 #include "core/screens_fake.h"
+#include "core/shell_fake.h"
 #include "core/tray_fake.h"
 #include "overlay/clock_window_fake.h"
 #include "overlay/resize_toolbar_fake.h"
 #include "presentation/presentation_fake.h"
+#include "remote/firewall_rules_fake.h"
+#include "remote/network_fake.h"
+#include "remote/request_queue_fake.h"
+#include "remote/service_host_fake.h"
+#include "remote/sockets_fake.h"
+#include "settings_window/settings_view_fake.h"
 
 namespace mrl {
 
@@ -26,8 +33,25 @@ struct AppFake {
   AudioPlayerFake audio;
   TrayFake tray;
   PopupMenuFake menu;
-  App app{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
-           toolbar, blackScreen, audio, tray, menu}};
+  ShellFake shell;
+  SettingsViewFake settingsView;
+  SocketsFake sockets;
+  RequestQueueFake requests;
+  ServiceHostFake serviceHost;
+  NetworkFake network;
+  FirewallRulesFake firewall;
+  App app{doors(audio)};
+
+  /// All doors, the sound's chosen by the caller.
+  Platform doors(AudioPlayer& player) {
+    return {clock,           outside.files, outside.automation,
+            outside.windows, screens,       loop,
+            clockWindow,     toolbar,       blackScreen,
+            player,          tray,          menu,
+            shell,           settingsView,  sockets,
+            requests,        serviceHost,   network,
+            firewall};
+  }
 };
 
 }  // namespace mrl

@@ -53,7 +53,8 @@ AppWin::AppWin(HINSTANCE programInstance)
       blackScreen(programInstance, this),
       tray(programInstance, clockWindow),
       app({clock, files, automation, windows, screens, *this, clockWindow, resizeToolbar,
-           blackScreen, audio, tray, menu}) {}
+           blackScreen, audio, tray, menu, shell, settingsView, sockets, requests, serviceHost,
+           network, firewall}) {}
 
 int AppWin::run(const std::vector<std::u16string>& arguments) {
   if (const auto exitCode = startApp(app, arguments, settingsPath())) return *exitCode;

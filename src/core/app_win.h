@@ -10,13 +10,20 @@
 #include "core/clock_win.h"
 #include "core/popup_menu_win.h"
 #include "core/screens_win.h"
+#include "core/shell_win.h"
 #include "core/tray_win.h"
 #include "overlay/clock_painter_win.h"
 #include "overlay/clock_window_win.h"
 #include "overlay/resize_toolbar_win.h"
 #include "presentation/automation_win.h"
 #include "presentation/window_system_win.h"
+#include "remote/firewall_rules_win.h"
+#include "remote/network_win.h"
+#include "remote/request_queue_win.h"
+#include "remote/service_host_win.h"
+#include "remote/sockets_win.h"
 #include "settings/files_win.h"
+#include "settings_window/settings_view_win.h"
 
 namespace mrl {
 
@@ -59,6 +66,13 @@ class AppWin : private MainLoop {
   AudioPlayerWin audio;
   TrayWin tray;
   PopupMenuWin menu;
+  ShellWin shell;
+  SettingsViewWin settingsView;
+  SocketsWin sockets;
+  RequestQueueWin requests;
+  ServiceHostWin serviceHost;
+  NetworkWin network;
+  FirewallRulesWin firewall;
   ClockPainterWin painter;
   App app;
 };

@@ -45,8 +45,7 @@ class AudioPlayerWinTest : public AppFixture {
   }
 
   AudioPlayerWin player;
-  App real{{clock, outside.files, outside.automation, outside.windows, screens, loop, clockWindow,
-            toolbar, blackScreen, player, tray, menu}};
+  App real{doors(player)};
   std::wstring path;
 };
 

@@ -15,6 +15,8 @@ enum Command : int {
   kCommandExit = 107,
   kCommandShowClock = 108,
   kCommandHideClock = 109,
+  kCommandOpenRemote = 110,
+  kCommandRefreshRemote = 111,
   kCommandManualMode = 112,
   kCommandAutoMode = 113,
   kCommandPauseOrResume = 114,

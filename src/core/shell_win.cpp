@@ -1,0 +1,17 @@
+#include "core/shell_win.h"
+
+#include <windows.h>
+
+#include <shellapi.h>
+
+#include "core/wide_win.h"
+
+namespace mrl {
+
+bool ShellWin::open(const std::u16string& target) {
+  const HINSTANCE result =
+      ShellExecuteW(nullptr, L"open", wideFrom(target).c_str(), nullptr, nullptr, SW_SHOWNORMAL);
+  return reinterpret_cast<INT_PTR>(result) > 32;  // the codes up to there are errors
+}
+
+}  // namespace mrl

@@ -1,0 +1,13 @@
+// See core/shell.h.
+#pragma once
+
+#include "core/shell.h"
+
+namespace mrl {
+
+class ShellWin : public Shell {
+ public:
+  bool open(const std::u16string& target) override;
+};
+
+}  // namespace mrl

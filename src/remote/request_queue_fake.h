@@ -1,0 +1,9 @@
+#pragma once
+
+#include "remote/request_queue.h"
+
+namespace mrl {
+
+class RequestQueueFake : public RequestQueue {};
+
+}  // namespace mrl

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "remote/sockets.h"
+
+namespace mrl {
+
+class SocketsFake : public Sockets {};
+
+}  // namespace mrl

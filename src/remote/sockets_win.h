@@ -1,0 +1,9 @@
+#pragma once
+
+#include "remote/sockets.h"
+
+namespace mrl {
+
+class SocketsWin : public Sockets {};
+
+}  // namespace mrl
