@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/commands.h"
+#include "core/expiry.h"
 #include "core/geometry_win.h"
 #include "core/menu.h"
 #include "core/tick.h"
@@ -143,6 +144,9 @@ LRESULT AppWin::handleToolbarMessage(HWND window, UINT message, WPARAM wParam, L
 
 LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_WINDOWPOSCHANGED:
+      if (!(reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_NOZORDER)) onBlackRaised(app);
+      break;
     case WM_CLOSE:
     case WM_LBUTTONDOWN: return 0;  // only its own ways out end the black screen
     case WM_KEYDOWN:

@@ -99,6 +99,13 @@ TEST_F(BlackScreenTest, EveryMonitorIsCoveredWithTheClockAbove) {
   EXPECT_TRUE(program.isVisible());
 }
 
+TEST_F(BlackScreenTest, ABlackWindowThatIsActivatedAgainStaysBelowTheClock) {
+  cover();
+  const HWND window = blackWindows().front();
+  SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  EXPECT_TRUE(waitUntil([&] { return isClockAbove(window); }));
+}
+
 TEST_F(BlackScreenTest, TwoMonitorsGetAWindowEachWithTheClockAboveBoth) {
   // The variable tells how many there should be, so that a display that has lost one is noticed.
   const wchar_t* expected = _wgetenv(L"MARLUNE_MONITORS");
