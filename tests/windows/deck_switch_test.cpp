@@ -1,0 +1,116 @@
+// The deck that follows when the time is up: from the old show's exit to the clock's return.
+#include <gtest/gtest.h>
+
+#include "core/command_ids.h"
+#include "core/wide_win.h"
+#include "windows/program.h"
+#include "windows/standin_fixture.h"
+
+namespace mrl {
+namespace {
+
+using standin::TemporaryDeck;
+using standin::waitUntil;
+
+class DeckSwitchSystemTest : public testing::Test {
+ protected:
+  static constexpr int kSeconds = 4;
+
+  void runOut(const std::wstring& next) {
+    ASSERT_TRUE(presentations.start(L"powerpnt.exe"));
+    tell(L"open \"" + talk.path + L"\"");
+    tell(L"show");
+    Settings settings;
+    settings.duration = kSeconds;
+    settings.switchPpt = true;
+    settings.switchDeck = u16From(next);
+    program.prepare(settings);
+    ASSERT_TRUE(program.start());
+    ASSERT_TRUE(program.isCounting());
+    tell(L"clear-log");
+    ASSERT_TRUE(waitUntil([&] { return logHas(L"Exit"); })) << "the time is up";
+    exitedAtMs = GetTickCount64();
+  }
+  void tell(const std::wstring& command) { ASSERT_EQ(presentations.command(command), L"ok"); }
+  bool logHas(const std::wstring& words) {
+    return presentations.command(L"log").find(words) != std::wstring::npos;
+  }
+  bool shows(const TemporaryDeck& deck) {
+    const std::wstring name = deck.path.substr(deck.path.find_last_of(L'\\') + 1);
+    const std::wstring state = presentations.command(L"state");
+    const size_t from = state.find(L"deck " + name);
+    if (from == std::wstring::npos) return false;
+    return state.substr(from, state.find(L';', from) - from).find(L"show none") ==
+           std::wstring::npos;
+  }
+  int handlesAsked() {
+    const std::wstring log = presentations.command(L"log");
+    int count = 0;
+    for (size_t at = 0; (at = log.find(L"SlideShowWindow.HWND", at)) != std::wstring::npos; ++at) {
+      ++count;
+    }
+    return count;
+  }
+  /// The deck's show stays in front of a window that has just come up before it.
+  bool isRaisedAbove(HWND other) {
+    SetForegroundWindow(other);
+    BringWindowToTop(other);
+    return waitUntil([&] { return GetForegroundWindow() == showWindow(); });
+  }
+  static HWND showWindow() { return FindWindowW(L"screenClass", nullptr); }
+
+  TemporaryDeck talk{L"talk.pptx"};
+  TemporaryDeck next{L"next.pptx"};
+  standin::Client presentations;
+  Program program;
+  ULONGLONG exitedAtMs = 0;
+};
+
+TEST_F(DeckSwitchSystemTest, TheNextDeckIsPlayedInFrontAndTheClockComesBackAfterIt) {
+  runOut(next.path);
+  EXPECT_TRUE(waitUntil([&] { return !shows(talk); })) << "the old show ends";
+  ASSERT_TRUE(waitUntil([&] { return logHas(L"Presentations.Open("); }));
+  EXPECT_GE(GetTickCount64() - exitedAtMs, 300u) << "the old show is given time to go";
+  ASSERT_TRUE(waitUntil([&] { return shows(next); }));
+  EXPECT_TRUE(waitUntil([&] { return !program.isVisible(); })) << "the clock makes room";
+
+  const HWND other = CreateWindowExW(0, L"STATIC", L"in the way", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
+                                     50, 50, 200, 100, nullptr, nullptr, nullptr, nullptr);
+  EXPECT_TRUE(isRaisedAbove(other));
+  DestroyWindow(other);
+
+  // Over several polls, which all see the deck that the clock is hidden for.
+  tell(L"clear-log");
+  EXPECT_FALSE(waitUntil([&] { return program.isVisible(); }, 4000));
+  tell(L"exit next.pptx");
+  EXPECT_TRUE(waitUntil([&] { return program.isVisible(); })) << "the clock comes back";
+  EXPECT_TRUE(program.standsStill());
+}
+
+TEST_F(DeckSwitchSystemTest, TheNextShowIsRaisedFourTimesASecondForTwoSecondsAndThenLeftAlone) {
+  runOut(next.path);
+  ASSERT_TRUE(waitUntil([&] { return shows(next); }));
+  // A raise and a poll each ask once where the show is; polls alone make two in three seconds.
+  EXPECT_TRUE(waitUntil([&] { return handlesAsked() >= 6; }, 3000));
+  EXPECT_FALSE(waitUntil([&] { return false; }, 2000)) << "the raises have ended by now";
+  tell(L"clear-log");
+  EXPECT_FALSE(waitUntil([&] { return handlesAsked() > 3; }, 2500));
+}
+
+TEST_F(DeckSwitchSystemTest, ADeckThatIsGoneLeavesTheClockInSightAndStopped) {
+  runOut(L"C:\\no such folder\\gone.pptx");
+  EXPECT_TRUE(program.standsStill());
+  EXPECT_TRUE(program.isVisible());
+  EXPECT_FALSE(logHas(L"Presentations.Open("));
+}
+
+TEST_F(DeckSwitchSystemTest, AResetBeforeTheDeckIsOpenedOpensNothing) {
+  runOut(next.path);
+  program.command(kCommandReset);
+  EXPECT_FALSE(waitUntil([&] { return logHas(L"Presentations.Open("); }, 2000));
+  EXPECT_TRUE(waitUntil([&] { return !shows(talk); })) << "the old show had been told to go";
+  EXPECT_TRUE(program.isVisible());
+}
+
+}  // namespace
+}  // namespace mrl
