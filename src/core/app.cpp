@@ -119,14 +119,17 @@ void finishApp(App& app) { clearRuntime(app); }
 
 void setStatus(App& app, const std::u16string& text) { app.lastError = text; }
 
-bool adoptSettings(App& app, const Settings& changed) {
-  std::u16string error;
-  if (!saveSettings(app.platform.files, app.settingsPath, changed, error)) {
-    setStatus(app, error);
-    return false;
-  }
+bool adoptSettings(App& app, const Settings& changed, std::u16string& error) {
+  if (!saveSettings(app.platform.files, app.settingsPath, changed, error)) return false;
   app.settings = changed;
   return true;
+}
+
+bool adoptSettings(App& app, const Settings& changed) {
+  std::u16string error;
+  if (adoptSettings(app, changed, error)) return true;
+  setStatus(app, error);
+  return false;
 }
 
 }  // namespace mrl

@@ -140,8 +140,9 @@ void finishApp(App& app);
 /// The one way of telling the user something outside a dialog. Never blocks.
 void setStatus(App& app, const std::u16string& text);
 
-/// Saves `changed` and adopts it only if that worked; otherwise the user is told and false
-/// returned.
+/// Saves `changed` and adopts it only if that worked. Otherwise returns false, and the user is told
+/// by `error` or, without it, by the status.
+bool adoptSettings(App& app, const Settings& changed, std::u16string& error);
 bool adoptSettings(App& app, const Settings& changed);
 
 }  // namespace mrl

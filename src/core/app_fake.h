@@ -40,16 +40,16 @@ struct AppFake {
   ServiceHostFake serviceHost;
   NetworkFake network;
   FirewallRulesFake firewall;
-  App app{doors(audio)};
+  App app{doors(outside.files, audio)};
 
-  /// All doors, the sound's chosen by the caller.
-  Platform doors(AudioPlayer& player) {
-    return {clock,           outside.files, outside.automation,
-            outside.windows, screens,       loop,
-            clockWindow,     toolbar,       blackScreen,
-            player,          tray,          menu,
-            shell,           settingsView,  sockets,
-            requests,        serviceHost,   network,
+  /// All doors; the caller chooses those that are not always fakes.
+  Platform doors(Files& files, AudioPlayer& player) {
+    return {clock,           files,        outside.automation,
+            outside.windows, screens,      loop,
+            clockWindow,     toolbar,      blackScreen,
+            player,          tray,         menu,
+            shell,           settingsView, sockets,
+            requests,        serviceHost,  network,
             firewall};
   }
 };

@@ -45,7 +45,7 @@ class AudioPlayerWinTest : public AppFixture {
   }
 
   AudioPlayerWin player;
-  App real{doors(player)};
+  App real{doors(outside.files, player)};
   std::wstring path;
 };
 

@@ -7,6 +7,7 @@ namespace mrl {
 class ClockWin : public Clock {
  public:
   uint64_t nowMs() const override;
+  LocalTime localTime() const override;
 };
 
 }  // namespace mrl

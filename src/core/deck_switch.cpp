@@ -1,11 +1,8 @@
 #include "core/deck_switch.h"
 
-#include <filesystem>
-
 #include "core/audio.h"
 #include "core/expiry.h"
 #include "core/show_identity.h"
-#include "core/text.h"
 #include "core/tick.h"
 #include "presentation/documents.h"
 #include "presentation/show_control.h"
@@ -17,15 +14,6 @@ namespace {
 constexpr uint64_t kExitDelayMs = 500;  // for the old show to go
 constexpr uint64_t kPulseLengthMs = 2000;
 constexpr uint64_t kPulsePeriodMs = 250;
-
-bool playTarget(App& app, std::u16string& error) {
-  try {
-    return openDocument(app.platform.presentation(), app.automation, app.switchTarget, true, error);
-  } catch (const std::filesystem::filesystem_error& failure) {
-    error = utf16From(failure.what());  // a drive that fails now must not end the program
-    return false;
-  }
-}
 
 /// The deck's show is followed at once: until the next poll the old one would still be believed.
 void lookForTarget(App& app) {
@@ -83,7 +71,7 @@ void continueDeckSwitch(App& app, uint64_t nowMs) {
   if (app.switchAtMs == 0 || nowMs < app.switchAtMs) return;
   app.switchAtMs = 0;
   std::u16string error;
-  if (playTarget(app, error)) {
+  if (tryOpenDocument(app.platform.presentation(), app.automation, app.switchTarget, true, error)) {
     holdForTarget(app);
     return;
   }

@@ -6,11 +6,7 @@
 #include "presentation/show_control.h"
 
 namespace mrl {
-namespace {
-
-constexpr char16_t kNoShowToBlack[] = u"当前没有可控制的放映，黑屏不适用于已排除的文稿。";
-
-}  // namespace
+namespace {}  // namespace
 
 void startBlink(App& app, uint32_t seconds) {
   app.blinkActive = true;

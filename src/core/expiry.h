@@ -26,8 +26,10 @@ void clearRuntime(App& app);
 /// Ends the running show; a failure is told.
 void exitShow(App& app);
 
-/// Blacks out every monitor, or ends that. Without a running show that is timed it refuses with a
-/// message.
+inline constexpr char16_t kNoShowToBlack[] = u"当前没有可控制的放映，黑屏不适用于已排除的文稿。";
+
+/// Blacks out every monitor, or ends that. Without a running show that is timed it refuses with
+/// that message.
 void setBlack(App& app, bool on);
 
 /// A black window came to the top, as it does when it is activated: the overtime stays readable.

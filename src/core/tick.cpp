@@ -65,6 +65,18 @@ void fireWhatIsDue(App& app, uint64_t nowMs) {
   if (expiryDue(app.timer, nowMs, app.settings)) fireExpiry(app, nowMs);
 }
 
+void repaintIfChanged(App& app, uint64_t nowMs) {
+  const std::u16string text = timeText(app.timer, nowMs, app.settings);
+  const bool blinkOn = isBlinkOn(app);
+  if (text == app.lastClockText && blinkOn == app.lastBlinkOn) return;
+  app.lastClockText = text;
+  app.lastBlinkOn = blinkOn;
+  app.platform.clockWindow.setText(text);
+  app.platform.clockWindow.invalidate();
+}
+
+}  // namespace
+
 void applyHideRules(App& app) {
   ClockWindow& window = app.platform.clockWindow;
   const bool hide =
@@ -78,18 +90,6 @@ void applyHideRules(App& app) {
     app.hiddenByRule = false;
   }
 }
-
-void repaintIfChanged(App& app, uint64_t nowMs) {
-  const std::u16string text = timeText(app.timer, nowMs, app.settings);
-  const bool blinkOn = isBlinkOn(app);
-  if (text == app.lastClockText && blinkOn == app.lastBlinkOn) return;
-  app.lastClockText = text;
-  app.lastBlinkOn = blinkOn;
-  app.platform.clockWindow.setText(text);
-  app.platform.clockWindow.invalidate();
-}
-
-}  // namespace
 
 void tick(App& app) {
   const uint64_t nowMs = app.platform.clock.nowMs();

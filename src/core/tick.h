@@ -12,6 +12,9 @@ void tick(App& app);
 /// A status as the follower takes it: each new one, and the last one again when the mode changed.
 ShowObservation observe(App& app, const ShowStatus& status, bool excluded);
 
+/// Hides or shows the clock as the rules for hiding it ask. What the user hid stays hidden.
+void applyHideRules(App& app);
+
 /// Whether the clock is in the bright phase of a blink just now.
 bool isBlinkOn(const App& app);
 

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "core/char_rules.h"
+#include "core/fnv1a.h"
 #include "settings/path_rules.h"
 #include "settings/path_text.h"
 
@@ -41,12 +42,6 @@ void sortPaths(std::vector<std::u16string>& paths) {
             });
 }
 
-// FNV-1a of 64 bits.
-constexpr uint64_t kOffsetBasis = 0xCBF29CE484222325;
-constexpr uint64_t kPrime = 0x100000001B3;
-
-uint64_t fed(uint64_t hash, unsigned byte) { return (hash ^ byte) * kPrime; }
-
 }  // namespace
 
 std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder) {
@@ -64,9 +59,9 @@ std::vector<std::u16string> listPresentations(Files& files, const std::u16string
 }
 
 std::string fileId(Files& files, const std::u16string& path) {
-  uint64_t hash = kOffsetBasis;
+  uint64_t hash = kFnvOffsetBasis;
   for (const char16_t unit : lowerCopy(normalizePath(files, path))) {
-    hash = fed(fed(hash, unit & 0xFFU), unit >> 8U);
+    hash = fnv1a(fnv1a(hash, unit & 0xFFU), unit >> 8U);
   }
   char digits[17];
   std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));

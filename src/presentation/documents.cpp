@@ -2,8 +2,10 @@
 #include "presentation/documents.h"
 
 #include <algorithm>
+#include <filesystem>
 
 #include "core/show_identity.h"
+#include "core/text.h"
 #include "presentation/raise_window.h"
 #include "presentation/show_poll.h"
 #include "settings/file_kind.h"
@@ -160,6 +162,16 @@ bool openDocument(const PresentationAccess& access, AutomationState& automation,
   }
   return endCurrentShow(access, current, error) &&
          startShow(access, automation, presentation, target, slide, error);
+}
+
+bool tryOpenDocument(const PresentationAccess& access, AutomationState& automation,
+                     const std::u16string& path, bool play, std::u16string& error) {
+  try {
+    return openDocument(access, automation, path, play, error);
+  } catch (const std::filesystem::filesystem_error& failure) {
+    error = utf16From(failure.what());
+    return false;
+  }
 }
 
 bool closeDocument(const PresentationAccess& access, const AutomationState& automation,

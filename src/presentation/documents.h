@@ -18,6 +18,11 @@ namespace mrl {
 [[nodiscard]] bool openDocument(const PresentationAccess& access, AutomationState& automation,
                                 const std::u16string& path, bool play, std::u16string& error);
 
+/// The same, but with a failure of the file system told like any other: a drive that fails in the
+/// middle of a talk must not end the program.
+[[nodiscard]] bool tryOpenDocument(const PresentationAccess& access, AutomationState& automation,
+                                   const std::u16string& path, bool play, std::u16string& error);
+
 /// Closes the deck in whichever running application holds it; what becomes of its show is up to
 /// that application. On failure returns false and fills `error` with the text for the user.
 [[nodiscard]] bool closeDocument(const PresentationAccess& access,

@@ -17,6 +17,10 @@ bool replaceFile(Files& files, const std::u16string& path, const Settings& recor
     error = u"No configuration directory";
     return false;
   }
+  if (record.skipList.size() > kMaxSkipped) {  // the next start would refuse the whole file
+    error = u"Too many excluded presentations";
+    return false;
+  }
   const std::u16string folder(parentFolder(path));
   if (!folder.empty() && !files.createFolders(folder, error)) {
     error = u"create_directories: " + error + u" [" + folder + u"]";

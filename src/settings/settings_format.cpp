@@ -13,7 +13,6 @@ namespace {
 
 constexpr std::string_view kMagic = "MarluneNative2";
 constexpr std::string_view kOlderMagic = "MarluneNative1";
-constexpr uint64_t kMaxSkipped = 10000;
 
 template <typename Record>
 struct FieldRange {

@@ -1,11 +1,15 @@
 // The bytes of settings.dat: the record as text and back, without a file.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "settings/settings.h"
 
 namespace mrl {
+
+/// More entries of the skip list make a file that is refused.
+inline constexpr uint64_t kMaxSkipped = 10000;
 
 /// The whole file, in the current version.
 std::string composeSettings(const Settings& settings);

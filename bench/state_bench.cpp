@@ -1,0 +1,41 @@
+// The state document of a folder with 1,000 decks, beside the listing that it can't do without.
+#include <benchmark/benchmark.h>
+
+#include "core/app_fake.h"
+#include "core/text.h"
+#include "presentation/catalogue.h"
+#include "remote/state.h"
+#include "settings/files_place_posix.h"
+
+namespace mrl {
+namespace {
+
+constexpr int kFiles = 1'000;
+
+struct Folder : AppFake {
+  Folder() {
+    for (int number = 0; number < kFiles; ++number) {
+      (void)place.files.create(place.folder + u"/talk " + decimal(number) + u".pptx");
+    }
+    real.settings.pptFolder = place.folder;
+  }
+  PosixPlace place;
+  App real{doors(place.files, audio)};
+};
+
+void describeThousandFiles(benchmark::State& state) {
+  Folder folder;
+  for (auto _ : state) benchmark::DoNotOptimize(buildStateJson(folder.real));
+}
+BENCHMARK(describeThousandFiles)->Unit(benchmark::kMillisecond);
+
+void describeThousandFilesMinimum(benchmark::State& state) {
+  Folder folder;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(listPresentations(folder.place.files, folder.place.folder));
+  }
+}
+BENCHMARK(describeThousandFilesMinimum)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace mrl

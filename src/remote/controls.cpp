@@ -1,0 +1,220 @@
+#include "remote/controls.h"
+
+#include <charconv>
+#include <cstdio>
+#include <map>
+#include <string_view>
+
+#include "core/fnv1a.h"
+#include "core/tick.h"
+#include "remote/json_text.h"
+#include "remote/remote_refusals.h"
+#include "settings/settings_file.h"
+#include "settings_window/settings_form.h"
+
+namespace mrl {
+namespace {
+
+constexpr char16_t kMalformed[] = u"设置格式无效。";
+constexpr char16_t kStale[] = u"电脑设置已更新。遥控端草稿已保留，请重新加载后确认。";
+constexpr char16_t kIncomplete[] = u"设置字段不完整。";
+constexpr char16_t kNoBoolean[] = u"开关字段无效。";
+constexpr char16_t kOutOfRange[] = u"数值超出范围：";
+constexpr char16_t kUnknownField[] = u"请求包含不支持的字段，未修改任何设置。";
+constexpr char16_t kConflict[] = u"全屏黑屏不能与退出放映或播放指定文稿同时开启。";
+constexpr char16_t kApplied[] = u"遥控参数已保存并应用。";
+
+constexpr int32_t kMaxDurationSeconds = 59999;
+constexpr int32_t kMaxEffectSeconds = 3600;
+constexpr int32_t kMaxColour = 0xFFFFFF;
+
+template <typename Record>
+struct Row {
+  const char* name;
+  std::variant<uint32_t Record::*, bool Record::*> member;
+  int32_t minimum = 0;
+  int32_t maximum = 0;
+};
+
+constexpr Row<Settings> kRows[] = {
+    {"duration", &Settings::duration, 0, kMaxDurationSeconds},
+    {"down", &Settings::down},
+    {"perSlide", &Settings::perSlide},
+    {"hideNoDocument", &Settings::hideNoDocument},
+    {"hideZero", &Settings::hideZero},
+    {"hideExcluded", &Settings::hideExcluded},
+    {"resetDelay", &Settings::resetDelay, 0, kMaxEffectSeconds},
+    {"exitShow", &Settings::exitShow},
+    {"black", &Settings::black},
+    {"blink", &Settings::blink},
+    {"blinkSeconds", &Settings::blinkSeconds, 0, kMaxEffectSeconds},
+    {"sound", &Settings::sound},
+    {"soundSeconds", &Settings::soundSeconds, 0, kMaxEffectSeconds},
+    {"switchPpt", &Settings::switchPpt},
+    {"foreground", &Settings::foreground, 0, kMaxColour},
+    {"background", &Settings::background, 0, kMaxColour},
+    {"alert", &Settings::alert, 0, kMaxColour},
+    {"opacity", &Settings::opacity, 10, 100},
+    {"transparent", &Settings::transparent},
+    {"shape", &Settings::shape, 0, 2},
+    {"fontWeight", &Settings::fontWeight, 100, 999},
+    {"blinkOn", &Settings::blinkOn, 50, 10000},
+    {"blinkOff", &Settings::blinkOff, 50, 10000},
+    {"machineTime", &Settings::machineTime},
+};
+
+constexpr Row<PromptStage> kStageRows[] = {
+    {"enabled", &PromptStage::enabled},
+    {"advance", &PromptStage::advance, 0, kMaxDurationSeconds},
+    {"blinkWindow", &PromptStage::blinkWindow},
+    {"blinkBackground", &PromptStage::blinkBackground},
+    {"sound", &PromptStage::sound},
+    {"blinkSeconds", &PromptStage::blinkSeconds, 0, kMaxEffectSeconds},
+    {"soundSeconds", &PromptStage::soundSeconds, 0, kMaxEffectSeconds},
+};
+
+template <typename Record>
+ControlField fieldOf(const std::string& prefix, const Row<Record>& row, Record& record) {
+  ControlField field{prefix + row.name, {}, row.minimum, row.maximum};
+  std::visit([&](auto member) { field.target = &(record.*member); }, row.member);
+  return field;
+}
+
+using Form = std::map<std::string, std::string, std::less<>>;
+
+/// A final "&" is harmless; anything else that is no pair, or a key that comes twice, is not.
+bool splitForm(std::string_view text, Form& form) {
+  while (!text.empty()) {
+    const size_t end = text.find('&');
+    const std::string_view pair = text.substr(0, end);
+    const size_t equals = pair.find('=');
+    if (equals == pair.npos) return false;
+    if (!form.emplace(pair.substr(0, equals), pair.substr(equals + 1)).second) return false;
+    text.remove_prefix(end == text.npos ? text.size() : end + 1);
+  }
+  return true;
+}
+
+bool store(bool& target, const std::string& value, const ControlField& /*field*/,
+           std::u16string& error) {
+  if (value != "0" && value != "1") {
+    error = kNoBoolean;
+    return false;
+  }
+  target = value == "1";
+  return true;
+}
+
+bool store(uint32_t& target, const std::string& value, const ControlField& field,
+           std::u16string& error) {
+  int32_t number = 0;
+  const char* const end = value.data() + value.size();
+  const auto [stop, failure] = std::from_chars(value.data(), end, number);
+  if (failure != std::errc() || stop != end || number < field.minimum || number > field.maximum) {
+    error = kOutOfRange + std::u16string(field.name.begin(), field.name.end());
+    return false;
+  }
+  target = static_cast<uint32_t>(number);
+  return true;
+}
+
+/// Moves every row's value from the form into the record that `fields` points into.
+bool takeFields(Form& form, const std::vector<ControlField>& fields, std::u16string& error) {
+  for (const ControlField& field : fields) {
+    const auto entry = form.find(field.name);
+    if (entry == form.end()) {
+      error = kIncomplete;
+      return false;
+    }
+    if (!std::visit([&](auto* target) { return store(*target, entry->second, field, error); },
+                    field.target)) {
+      return false;
+    }
+    form.erase(entry);
+  }
+  return true;
+}
+
+/// The record that the form asks for; every check short of the save.
+bool readForm(const Settings& live, const std::string& text, Settings& changed,
+              std::u16string& error) {
+  Form form;
+  if (!splitForm(text, form)) {
+    error = kMalformed;
+    return false;
+  }
+  if (form["revision"] != controlsRevision(live)) {
+    error = kStale;
+    return false;
+  }
+  form.erase("revision");
+  if (!takeFields(form, controlFields(changed), error)) return false;
+  if (!form.empty()) {
+    error = kUnknownField;
+    return false;
+  }
+  if (hasBlackConflict(changed)) {
+    error = kConflict;
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::vector<ControlField> controlFields(Settings& settings) {
+  std::vector<ControlField> fields;
+  for (const Row<Settings>& row : kRows) fields.push_back(fieldOf("", row, settings));
+  for (const int stage : {1, 2}) {
+    PromptStage& prompt = stage == 1 ? settings.prompt1 : settings.prompt2;
+    const std::string prefix = "prompt" + std::to_string(stage) + '.';
+    for (const Row<PromptStage>& row : kStageRows) fields.push_back(fieldOf(prefix, row, prompt));
+  }
+  return fields;
+}
+
+std::string controlsValuesJson(const Settings& settings) {
+  Settings copy = settings;  // the rows point to fields that can be written
+  std::string values;
+  for (const ControlField& field : controlFields(copy)) {
+    if (!values.empty()) values += ',';
+    values += '"' + field.name + "\":";
+    if (const auto* const flag = std::get_if<bool*>(&field.target)) {
+      values += jsonBoolean(**flag);
+    } else {
+      values += std::to_string(*std::get<uint32_t*>(field.target));
+    }
+  }
+  return '{' + values + '}';
+}
+
+std::string controlsRevision(const Settings& settings) {
+  uint64_t hash = kFnvOffsetBasis;
+  for (const char byte : controlsValuesJson(settings)) {
+    hash = fnv1a(hash, static_cast<unsigned char>(byte));
+  }
+  char digits[17];
+  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
+  return digits;
+}
+
+std::string controlsSnapshotJson(const App& app) {
+  return "{\"revision\":\"" + controlsRevision(app.settings) +
+         "\",\"values\":" + controlsValuesJson(app.settings) + '}';
+}
+
+bool applyControlsForm(App& app, const std::string& form, std::u16string& error) {
+  if (hasUnfinishedInput(app, error)) return false;
+  Settings changed = app.settings;
+  if (!readForm(app.settings, form, changed, error)) return false;
+  if (!adoptSettings(app, changed, error)) return false;
+  if (app.form.isOpen) {
+    refillForm(app);
+    setStatus(app, kApplied);
+  }
+  app.platform.clockWindow.dropRegion();  // shape and look may have changed
+  applyHideRules(app);
+  return true;
+}
+
+}  // namespace mrl
