@@ -20,7 +20,6 @@
 #include "remote/sockets_win.h"
 
 namespace mrl {
-namespace {
 
 using Socket = SOCKET;
 constexpr Socket kNoSocket = INVALID_SOCKET;
@@ -30,8 +29,8 @@ constexpr int kStopSending = SD_SEND;
 using PlatformSockets = SocketsWin;
 using PlatformClock = ClockWin;
 
-void closeSocket(Socket socket) { closesocket(socket); }
-SocketLimit socketLimit(uint32_t ms) { return ms; }
+inline void closeSocket(Socket socket) { closesocket(socket); }
+inline SocketLimit socketLimit(uint32_t ms) { return ms; }
 
 struct WindowTraits {
   static HWND none() { return nullptr; }
@@ -62,8 +61,9 @@ class PumpedQueue : public RequestQueueWin {
       CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)};
 };
 
-}  // namespace
 }  // namespace mrl
+
+#include "remote/service_fixture.inc"
 
 #include "remote/service_contract.inc"
 
