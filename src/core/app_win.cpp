@@ -14,6 +14,7 @@
 #include "core/tray_icon.h"
 #include "core/window_classes_win.h"
 #include "overlay/clock_behaviour.h"
+#include "remote/hand_over.h"
 #include "settings/settings_path_win.h"
 
 namespace mrl {
@@ -132,6 +133,7 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       return 0;
     case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
     case kTrayNotify: onTrayMouse(app, LOWORD(lParam)); return 0;
+    case kRemoteRequestMessage: onRemoteRequest(app, *requestFrom(lParam)); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
 }
