@@ -1,4 +1,4 @@
-// The steady time of a POSIX system, for tests and for the program without a desktop.
+// The time of a POSIX system, for tests and for the program without a desktop.
 #pragma once
 
 #include "core/clock.h"
@@ -8,6 +8,7 @@ namespace mrl {
 class ClockPosix : public Clock {
  public:
   uint64_t nowMs() const override;
+  LocalTime localTime() const override;
 };
 
 }  // namespace mrl

@@ -1,6 +1,9 @@
 #include "remote/hand_over.h"
 
-#include "remote/api_stub.h"
+#include "remote/controls.h"
+#include "remote/json_text.h"
+#include "remote/remote_commands.h"
+#include "remote/state.h"
 
 namespace mrl {
 namespace {

@@ -15,6 +15,7 @@ namespace mrl {
 class PushedClock : public Clock {
  public:
   uint64_t nowMs() const override { return real.nowMs() + pushedMs; }
+  LocalTime localTime() const override { return real.localTime(); }
   void push(uint64_t byMs) { pushedMs += byMs; }
 
  private:
