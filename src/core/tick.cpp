@@ -6,6 +6,8 @@
 #include "overlay/clock_drawing.h"
 #include "presentation/show_poll.h"
 #include "settings/path_rules.h"
+#include "settings_window/auto_apply.h"
+#include "settings_window/status_line.h"
 
 namespace mrl {
 namespace {
@@ -65,6 +67,18 @@ void fireWhatIsDue(App& app, uint64_t nowMs) {
   if (expiryDue(app.timer, nowMs, app.settings)) fireExpiry(app, nowMs);
 }
 
+void repaintIfChanged(App& app, uint64_t nowMs) {
+  const std::u16string text = timeText(app.timer, nowMs, app.settings);
+  const bool blinkOn = isBlinkOn(app);
+  if (text == app.lastClockText && blinkOn == app.lastBlinkOn) return;
+  app.lastClockText = text;
+  app.lastBlinkOn = blinkOn;
+  app.platform.clockWindow.setText(text);
+  app.platform.clockWindow.invalidate();
+}
+
+}  // namespace
+
 void applyHideRules(App& app) {
   ClockWindow& window = app.platform.clockWindow;
   const bool hide =
@@ -79,19 +93,8 @@ void applyHideRules(App& app) {
   }
 }
 
-void repaintIfChanged(App& app, uint64_t nowMs) {
-  const std::u16string text = timeText(app.timer, nowMs, app.settings);
-  const bool blinkOn = isBlinkOn(app);
-  if (text == app.lastClockText && blinkOn == app.lastBlinkOn) return;
-  app.lastClockText = text;
-  app.lastBlinkOn = blinkOn;
-  app.platform.clockWindow.setText(text);
-  app.platform.clockWindow.invalidate();
-}
-
-}  // namespace
-
 void tick(App& app) {
+  applyPending(app, false);
   const uint64_t nowMs = app.platform.clock.nowMs();
   poll(app, nowMs);
   resetIfDue(app, nowMs);
@@ -99,6 +102,7 @@ void tick(App& app) {
   runTimedWork(app, nowMs);
   applyHideRules(app);
   repaintIfChanged(app, nowMs);
+  refreshStatusLine(app);
 }
 
 bool isBlinkOn(const App& app) {

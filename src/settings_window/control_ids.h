@@ -84,9 +84,7 @@ enum ControlId : int {
   kColourTitle = 652,
   kFontTitle = 653,
 
-  // The two stage alerts: each has the offsets below, counted from its first id.
-  kFirstStage = 400,
-  kSecondStage = 420,
+  // The two stage alerts; the rest of their controls are counted from kStageBases.
   kFirstStageTitle = 630,
   kFirstStageAdvanceLabel = 631,
   kFirstStageLengthLabel = 632,
@@ -130,6 +128,11 @@ enum ControlId : int {
   kShowTitle = 656,
 };
 
+/// Where the controls of the two stage alerts begin; what each of them is tells the offset.
+inline constexpr int kFirstStage = 400;
+inline constexpr int kSecondStage = 420;
+inline constexpr int kStageBases[] = {kFirstStage, kSecondStage};
+
 enum StageControl : int {
   kStageEnabled = 0,
   kStageMinutes = 1,
@@ -142,7 +145,5 @@ enum StageControl : int {
   kStageBlinkSeconds = 8,
   kStageSoundSeconds = 9,
 };
-
-inline constexpr int kStageBases[] = {kFirstStage, kSecondStage};
 
 }  // namespace mrl

@@ -7,15 +7,13 @@
 #include <vector>
 
 #include "core/geometry.h"
+#include "remote/qr_code.h"
 #include "settings/settings.h"
 #include "settings_window/settings_view.h"
 
 namespace mrl {
 
 struct App;
-
-/// A row per line of modules; true is a dark one. Empty: nothing to show.
-using QrMatrix = std::vector<std::vector<bool>>;
 
 /// A card of the page, in pixels of the pane.
 using Cards = std::vector<Rect>;
