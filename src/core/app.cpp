@@ -10,6 +10,8 @@
 #include "core/tray_icon.h"
 #include "overlay/clock_behaviour.h"
 #include "settings/settings_file.h"
+#include "settings_window/control_ids.h"
+#include "settings_window/settings_window.h"
 
 namespace mrl {
 namespace {
@@ -112,6 +114,7 @@ void onClockDestroyed(App& app) {
   removeTrayIcon(app);
   setBlack(app, false);
   app.platform.resizeToolbar.remove();
+  destroySettingsWindow(app);
   app.platform.loop.quit();
 }
 
@@ -121,7 +124,10 @@ void finishApp(App& app) {
   app.platform.requests.drain();  // last: with the listener gone nothing new comes
 }
 
-void setStatus(App& app, const std::u16string& text) { app.lastError = text; }
+void setStatus(App& app, const std::u16string& text) {
+  app.lastError = text;
+  if (app.form.isOpen) app.platform.settingsView.setText(kStatusText, text);
+}
 
 bool adoptSettings(App& app, const Settings& changed, std::u16string& error) {
   if (!saveSettings(app.platform.files, app.settingsPath, changed, error)) return false;

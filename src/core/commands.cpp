@@ -3,6 +3,8 @@
 #include "core/expiry.h"
 #include "core/tick.h"
 #include "overlay/clock_behaviour.h"
+#include "settings_window/form_sync.h"
+#include "settings_window/settings_window.h"
 
 namespace mrl {
 namespace {
@@ -11,6 +13,8 @@ namespace {
 constexpr int kKeyEscape = 0x1B;
 constexpr int kKeyF2 = 0x71;
 constexpr int kKeyF4 = 0x73;
+
+constexpr char16_t kAskExit[] = u"部分输入无效或保存失败，尚未生效。放弃这些输入并退出？";
 
 void toggleTimer(App& app) {
   const uint64_t nowMs = app.platform.clock.nowMs();
@@ -34,21 +38,27 @@ void setMode(App& app, bool automatic) {
   Settings changed = app.settings;
   changed.autoMode = automatic;
   if (!adoptSettings(app, changed)) return;
+  showChangedMode(app);
   // At once and not at the next poll: automatic mode chosen during a show starts the timer now.
   followShow(app.follower, app.timer, app.settings, observe(app, app.lastStatus, app.lastExcluded),
              app.platform.clock.nowMs());
+}
+
+void exitProgram(App& app) {
+  if (mayDiscardInput(app, kAskExit)) app.platform.clockWindow.destroy();
 }
 
 void dispatch(App& app, int command) {
   switch (command) {
     case kCommandToggleTimer: return toggleTimer(app);
     case kCommandReset: resetTimer(app.timer); return clearRuntime(app);
+    case kCommandOpenSettings: return openSettingsWindow(app);
     case kCommandToggleResizeMode: return toggleResizeMode(app);
     case kCommandDefaultSize: return restoreDefaultSize(app);
     case kCommandToggleVisibility:
       return setClockVisible(app, !app.platform.clockWindow.isVisible());
     case kCommandToggleBlack: return setBlack(app, !app.platform.blackScreen.isCovering());
-    case kCommandExit: return app.platform.clockWindow.destroy();
+    case kCommandExit: return exitProgram(app);
     case kCommandShowClock: return setClockVisible(app, true);
     case kCommandHideClock: return setClockVisible(app, false);
     case kCommandManualMode: return setMode(app, false);

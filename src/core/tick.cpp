@@ -6,6 +6,8 @@
 #include "overlay/clock_drawing.h"
 #include "presentation/show_poll.h"
 #include "settings/path_rules.h"
+#include "settings_window/auto_apply.h"
+#include "settings_window/status_line.h"
 
 namespace mrl {
 namespace {
@@ -92,6 +94,7 @@ void applyHideRules(App& app) {
 }
 
 void tick(App& app) {
+  applyPending(app, false);
   const uint64_t nowMs = app.platform.clock.nowMs();
   poll(app, nowMs);
   resetIfDue(app, nowMs);
@@ -99,6 +102,7 @@ void tick(App& app) {
   runTimedWork(app, nowMs);
   applyHideRules(app);
   repaintIfChanged(app, nowMs);
+  refreshStatusLine(app);
 }
 
 bool isBlinkOn(const App& app) {

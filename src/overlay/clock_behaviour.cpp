@@ -1,6 +1,7 @@
 #include "overlay/clock_behaviour.h"
 
 #include "core/tick.h"
+#include "settings_window/form_sync.h"
 
 namespace mrl {
 namespace {
@@ -54,7 +55,13 @@ void placeToolbar(App& app) {
 
 void toggleResizeMode(App& app) {
   app.resizeMode = !app.resizeMode;
-  if (!app.resizeMode && !saveGeometry(app)) app.resizeMode = true;
+  if (!app.resizeMode) {
+    if (saveGeometry(app)) {
+      showChangedSize(app);
+    } else {
+      app.resizeMode = true;
+    }
+  }
   updateResizeToolbar(app);
 }
 
@@ -65,6 +72,7 @@ void restoreDefaultSize(App& app) {
   if (!adoptSettings(app, changed)) return;
   ClockWindow& clock = app.platform.clockWindow;
   clock.resize(clockPixels(kDefaultClockUnits, clock.dpi()));
+  showChangedSize(app);
 }
 
 void onClockPress(App& app) { app.platform.clockWindow.beginMove(); }

@@ -3,12 +3,20 @@
 
 #include <cstdint>
 #include <map>
+#include <string>
+#include <vector>
 
+#include "core/geometry.h"
+#include "remote/qr_code.h"
 #include "settings/settings.h"
+#include "settings_window/settings_view.h"
 
 namespace mrl {
 
 struct App;
+
+/// A card of the page, in pixels of the pane.
+using Cards = std::vector<Rect>;
 
 struct SettingsForm {
   bool isOpen = false;
@@ -18,7 +26,14 @@ struct SettingsForm {
   bool portDirty = false;                // the port box differs from the live port
   bool controlsSuppressed = false;  // the controls are being filled: their changes mean nothing
   int page = 0;                     // 0 to 4
-  int previewPhase = 0;             // 0 to 2
+  int scrollPosition = 0;           // of the page, pixels
+  int wheelRemainder = 0;           // of the page, less than one pixel's worth
+  Cards cards;
+  int previewPhase = 0;                   // 0 to 2
+  Point previewScroll;                    // pixels
+  std::vector<std::u16string> filePaths;  // of the list's rows
+  QrMatrix qrMatrix;
+  CustomColours customColours{};  // these outlive the window
 };
 
 /// Puts the live record into the form and its controls, over whatever they showed. Without an open

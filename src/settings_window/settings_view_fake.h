@@ -1,9 +1,228 @@
+// The settings window in memory: every control of the table with its text, check, row, focus and
+// marks. It notifies like the real one, also when the program itself writes into a box, and plays
+// the person at the mouse and the keyboard.
 #pragma once
 
+#include <cassert>
+#include <functional>
+#include <map>
+#include <optional>
+#include <set>
+#include <utility>
+
+#include "settings_window/control_table.h"
 #include "settings_window/settings_view.h"
 
 namespace mrl {
 
-class SettingsViewFake : public SettingsView {};
+class SettingsViewFake : public SettingsView {
+ public:
+  // The person.
+  void type(int id, const std::u16string& text) {
+    takeFocus(id);
+    change(id, text);
+  }
+  void click(int id) {
+    takeFocus(id);
+    const Control& control = rowOf(id);
+    if (control.kind == ControlKind::Check) setChecked(id, !isChecked(id));
+    if (control.kind == ControlKind::Radio) {
+      for (const Control& other : allControls()) {
+        if (other.kind == ControlKind::Radio) setChecked(other.id, other.id == id);
+      }
+    }
+    notify(id, kClicked);
+  }
+  void select(int id, int row) {
+    takeFocus(id);
+    setRow(id, row);
+    notify(id, kSelectionChanged);
+  }
+  void doubleClick(int id, int row) {
+    select(id, row);
+    notify(id, kDoubleClicked);
+  }
+  /// The focus goes nowhere.
+  void leave(int id) {
+    if (focused == id) takeFocus(kNobody);
+  }
+
+  // The seam.
+  bool create(const Rect& rect) override {
+    assert(!open);
+    if (createFails) return false;
+    open = true;
+    ++creations;
+    windowRect = rect;
+    for (const Control& control : allControls()) texts[control.id] = control.text;
+    return true;
+  }
+  bool isOpen() const override { return open; }
+  WindowHandle handle() const override { return open ? WindowHandle{kHandle} : WindowHandle{}; }
+  void destroy() override {
+    takeFocus(kNobody);  // as the system does while the boxes still exist
+    open = false;
+    texts.clear();
+    checked.clear();
+    selected.clear();
+    lists.clear();
+    tops.clear();
+    disabled.clear();
+    hidden.clear();
+    marks.clear();
+    rects.clear();
+    bars.clear();
+  }
+  void show() override { calls.emplace_back("show"); }
+  void restore() override { calls.emplace_back("restore"); }
+
+  std::u16string text(int id) override { return open ? texts[id] : u""; }
+  void setText(int id, const std::u16string& text) override {
+    if (open) change(id, text);
+  }
+  bool isChecked(int id) override { return checked.contains(id); }
+  void setChecked(int id, bool on) override { put(checked, id, on); }
+  int row(int id) override { return selected.contains(id) ? selected[id] : -1; }
+  void setRow(int id, int row) override {
+    if (open) selected[id] = row;
+  }
+  void setListRows(int id, const std::vector<std::u16string>& rows) override {
+    if (!open) return;
+    lists[id] = rows;
+    selected.erase(id);
+    tops.erase(id);
+  }
+  int topRow(int id) override { return tops.contains(id) ? tops[id] : 0; }
+  void setTopRow(int id, int row) override {
+    if (open) tops[id] = row;
+  }
+  bool hasFocus(int id) override { return open && focused == id; }
+  void focus(int id) override { takeFocus(id); }
+  void enable(int id, bool enabled) override { put(disabled, id, !enabled); }
+  bool mark(int id, Mark mark) override { return marks.contains({id, mark}); }
+  void setMark(int id, Mark mark, bool on) override { put(marks, {id, mark}, on); }
+  void redrawFrame(int id) override { redrawnFrames.push_back(id); }
+  void invalidate(int id) override { invalidated.push_back(id); }
+
+  int dpi() const override { return open ? windowDpi : kUnitsPerInch; }
+  Size clientSize() const override { return open ? client : Size{}; }
+  Rect rectOf(int id) override { return rects.contains(id) ? rects[id] : Rect{}; }
+  void place(std::span<const Placement> placements) override {
+    if (!open) return;
+    for (const Placement& placement : placements) rects[placement.id] = placement.rect;
+  }
+  void setVisible(int id, bool visible) override { put(hidden, id, !visible); }
+  ScrollInfo scrollInfo(Bar bar) override { return bars.contains(bar) ? bars[bar] : ScrollInfo{}; }
+  void setScrollInfo(Bar bar, const ScrollInfo& info) override {
+    if (open) bars[bar] = info;
+  }
+  void redrawAll() override { calls.emplace_back("redrawAll"); }
+  void redrawPane() override { calls.emplace_back("redrawPane"); }
+  Size previewHostSize() override { return open ? previewHost : Size{}; }
+  void placePreview(const Rect& rect) override {
+    if (open) previewPlace = rect;
+  }
+
+  bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
+    questions.push_back({text, title, icon});
+    return answersYes;
+  }
+  void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
+    information.push_back({text, title, icon});
+  }
+  std::u16string pickFolder() override { return picked; }
+  std::u16string pickFile(FileFilter filter) override {
+    filters.push_back(filter);
+    return picked;
+  }
+  bool pickColour(uint32_t& colour, CustomColours& custom) override {
+    offeredColours.push_back(colour);
+    if (!pickedColour) return false;
+    colour = *pickedColour;
+    custom[0] = colour;
+    return true;
+  }
+  bool copyText(const std::u16string& text) override {
+    if (copyFails) return false;
+    clipboard = text;
+    return true;
+  }
+
+  struct Dialog {
+    std::u16string text;
+    std::u16string title;
+    DialogIcon icon;
+    bool operator==(const Dialog&) const = default;
+  };
+  static constexpr int64_t kHandle = 900;
+  static constexpr int kNobody = -1;
+
+  // What steers it.
+  std::function<void(int id, int notification)> notify = [](int, int) {};
+  bool createFails = false;
+  bool answersYes = false;
+  bool copyFails = false;
+  std::u16string picked;                 // empty: the person cancels
+  std::optional<uint32_t> pickedColour;  // none: the person cancels
+  int windowDpi = kUnitsPerInch;
+  Size client{1040, 740};
+  Size previewHost{700, 112};
+
+  // What it was told.
+  int creations = 0;
+  std::vector<Dialog> questions;
+  std::vector<Dialog> information;
+  std::vector<FileFilter> filters;
+  std::vector<uint32_t> offeredColours;
+  std::u16string clipboard;
+  std::vector<std::string> calls;
+
+  // What stands in the window; gone with it.
+  bool open = false;
+  Rect windowRect;
+  int focused = kNobody;
+  std::map<int, std::u16string> texts;
+  std::set<int> checked;
+  std::map<int, int> selected;
+  std::map<int, std::vector<std::u16string>> lists;
+  std::map<int, int> tops;
+  std::set<int> disabled;
+  std::set<int> hidden;
+  std::set<std::pair<int, Mark>> marks;
+  std::map<int, Rect> rects;
+  std::map<Bar, ScrollInfo> bars;
+  Rect previewPlace;
+  std::vector<int> redrawnFrames;
+  std::vector<int> invalidated;
+
+ private:
+  static const Control& rowOf(int id) {
+    assert(findControl(id));
+    return *findControl(id);
+  }
+  template <class Set>
+  void put(Set& set, const typename Set::value_type& value, bool in) {
+    if (!open) return;
+    if (in) {
+      set.insert(value);
+    } else {
+      set.erase(value);
+    }
+  }
+  /// The system notifies of every write into a box of one line, even one that changes nothing.
+  void change(int id, const std::u16string& text) {
+    texts[id] = text;
+    const ControlKind kind = rowOf(id).kind;
+    if (kind == ControlKind::NumberBox || kind == ControlKind::TextBox) notify(id, kTextChanged);
+  }
+  /// The one that loses it has lost it when it says so.
+  void takeFocus(int id) {
+    if (!open || focused == id) return;
+    const int before = focused;
+    focused = id;
+    if (before != kNobody && isEditBox(rowOf(before).kind)) notify(before, kFocusLost);
+    if (id != kNobody && isEditBox(rowOf(id).kind)) notify(id, kFocusTaken);
+  }
+};
 
 }  // namespace mrl

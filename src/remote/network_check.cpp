@@ -1,0 +1,7 @@
+#include "remote/network_check.h"
+
+namespace mrl {
+
+void checkAndRepairNetwork(App& /*app*/) {}
+
+}  // namespace mrl

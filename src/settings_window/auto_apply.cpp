@@ -1,0 +1,186 @@
+#include "settings_window/auto_apply.h"
+
+#include <vector>
+
+#include "core/text.h"
+#include "core/tick.h"
+#include "overlay/clock_geometry.h"
+#include "remote/remote_service.h"
+#include "settings/settings_file.h"
+#include "settings_window/control_ids.h"
+#include "settings_window/field_check.h"
+#include "settings_window/form_sync.h"
+#include "settings_window/remote_page.h"
+#include "settings_window/settings_window.h"
+
+namespace mrl {
+namespace {
+
+constexpr char16_t kPortWaits[] = u"端口尚未应用；点击“应用端口”后生效。";
+constexpr char16_t kPortUnchanged[] = u"端口未更改。";
+constexpr char16_t kEditing[] = u"正在编辑，输入有效后自动应用。";
+constexpr char16_t kTyping[] = u"正在编辑，输入完成后自动应用。";
+constexpr char16_t kReadOnly[] = u"配置文件无法读取，未自动覆盖；请先恢复配置文件。";
+constexpr char16_t kNotApplied[] = u" 此项尚未应用，其他设置可继续使用。";
+constexpr char16_t kSaveFailed[] = u"设置保存失败，此项尚未生效：";
+constexpr char16_t kConflict[] = u"设置已生效；与之冲突的结束动作已关闭。";
+constexpr char16_t kPortApplied[] = u"端口已更新，遥控服务已停止；请重新启动并授权。";
+constexpr char16_t kOthersWait[] = u"设置已生效；另有输入尚未完成。";
+constexpr char16_t kApplied[] = u"设置已自动保存并生效。";
+
+void recomputeDirty(App& app) {
+  app.form.settingsDirty = !app.form.pendingEdits.empty() || app.form.portDirty;
+}
+
+/// The edit stays until it is corrected or a forced pass tries it again.
+bool keepWaiting(App& app, int id, const std::u16string& status) {
+  app.form.pendingEdits[id] = kNotDue;
+  setStatus(app, status);
+  return false;
+}
+
+/// Of two actions that exclude each other the one touched last wins. True when the other went off.
+bool resolveConflicts(int id, Settings& candidate) {
+  if (!hasBlackConflict(candidate)) return false;
+  if (id == kBlackCheck) {
+    candidate.exitShow = false;
+    candidate.switchPpt = false;
+    return true;
+  }
+  const bool wins =
+      (id == kExitShowCheck && candidate.exitShow) || (id == kSwitchCheck && candidate.switchPpt);
+  if (wins) candidate.black = false;
+  return wins;
+}
+
+void showActions(App& app) {
+  SettingsView& view = app.platform.settingsView;
+  {
+    const SuppressControls quiet(app);
+    view.setChecked(kBlackCheck, app.settings.black);
+    view.setChecked(kExitShowCheck, app.settings.exitShow);
+    view.setChecked(kSwitchCheck, app.settings.switchPpt);
+  }
+  syncForm(app);
+}
+
+/// The clock follows what was just adopted.
+void showOnClock(App& app, int id) {
+  ClockWindow& clock = app.platform.clockWindow;
+  if (id == kWidthBox || id == kHeightBox) {
+    const Size units{static_cast<int>(app.settings.windowWidth),
+                     static_cast<int>(app.settings.windowHeight)};
+    clock.resize(clockPixels(units, clock.dpi()));
+  }
+  clock.dropRegion();
+  clock.invalidate();
+}
+
+struct Applied {
+  bool conflict = false;
+  bool portOfRunning = false;  // the port changed under the running service
+};
+
+std::u16string appliedStatus(const App& app, const Applied& applied) {
+  if (applied.conflict) return kConflict;
+  if (applied.portOfRunning) return kPortApplied;
+  return app.form.settingsDirty ? kOthersWait : kApplied;
+}
+
+/// The rest of an apply, once the record is saved and adopted.
+void carryOut(App& app, const Field& field, const Applied& applied) {
+  SettingsView& view = app.platform.settingsView;
+  if (applied.conflict) showActions(app);
+  view.setMark(field.id, Mark::Invalid, false);
+  if (field.kind == FieldKind::Time) view.setMark(field.secondsId, Mark::Invalid, false);
+  showOnClock(app, field.id);
+  if (applied.portOfRunning) {
+    stopRemote(app);
+    refreshRemotePage(app);
+  }
+  bool startFailed = false;
+  if (field.id == kAutoStartCheck && app.settings.remoteAutoStart && !app.remote.running) {
+    startFailed = !startRemote(app, true);
+    refreshRemotePage(app);
+  }
+  applyHideRules(app);
+  app.platform.clockWindow.invalidate();
+  if (field.id == kFolderBox || field.id == kToggleExclusion) reloadFileList(app);
+  // The start has told why it failed.
+  if (!startFailed) setStatus(app, appliedStatus(app, applied));
+  refreshEnableStates(app);
+}
+
+bool applyField(App& app, const Field& field) {
+  Settings candidate = app.settings;
+  const FieldCheck check = takeField(app, field, candidate);
+  if (check.typing) return keepWaiting(app, field.id, kTyping);
+  if (!check.valid) {
+    app.platform.settingsView.setMark(check.errorId, Mark::Invalid, true);
+    app.platform.settingsView.redrawFrame(check.errorId);
+    return keepWaiting(app, field.id, check.error + kNotApplied);
+  }
+  Applied applied{.conflict = resolveConflicts(field.id, candidate)};
+  // A move of the clock that has not been saved goes along.
+  const Rect clock = app.platform.clockWindow.rect();
+  candidate.windowX = clock.left;
+  candidate.windowY = clock.top;
+  std::u16string error;
+  if (!saveSettings(app.platform.files, app.settingsPath, candidate, error)) {
+    return keepWaiting(app, field.id, kSaveFailed + error);
+  }
+  applied.portOfRunning = app.remote.running && candidate.remotePort != app.settings.remotePort;
+  app.settings = candidate;
+  app.form.pendingEdits.erase(field.id);
+  if (field.id == kPortBox) app.form.portDirty = false;
+  recomputeDirty(app);
+  carryOut(app, field, applied);
+  return true;
+}
+
+void notePortInput(App& app) {
+  app.form.portDirty = app.platform.settingsView.text(kPortBox) != decimal(app.settings.remotePort);
+  recomputeDirty(app);
+  setStatus(app, app.form.portDirty ? kPortWaits : kPortUnchanged);
+}
+
+}  // namespace
+
+void bookEdit(App& app, int id, uint64_t delayMs) {
+  if (!app.form.isOpen || app.form.controlsSuppressed) return;
+  app.form.pendingEdits[bookedId(id)] = app.platform.clock.nowMs() + delayMs;
+  app.form.settingsDirty = true;
+}
+
+void markEdited(App& app, int id, bool immediate) {
+  if (!app.form.isOpen || app.form.controlsSuppressed) return;
+  // A port takes effect only by its button: it stops the service.
+  if (id == kPortBox && !immediate) return notePortInput(app);
+  bookEdit(app, id, immediate ? 0 : kEditDelayMs);
+  if (immediate) {
+    applyEdit(app, bookedId(id));
+  } else {
+    setStatus(app, kEditing);
+  }
+}
+
+void applyPending(App& app, bool force) {
+  if (!app.form.isOpen || app.form.controlsSuppressed) return;
+  std::vector<int> due;  // a copy: applying changes the map
+  for (const auto& [id, dueMs] : app.form.pendingEdits) {
+    if (force || dueMs <= app.platform.clock.nowMs()) due.push_back(id);
+  }
+  for (const int id : due) applyEdit(app, id);
+}
+
+bool applyEdit(App& app, int id) {
+  if (!app.form.isOpen || !app.form.pendingEdits.contains(id)) return true;
+  if (!app.settingsWritable) return keepWaiting(app, id, kReadOnly);
+  const Field* field = findField(id);
+  if (field) return applyField(app, *field);
+  app.form.pendingEdits.erase(id);
+  recomputeDirty(app);
+  return true;
+}
+
+}  // namespace mrl

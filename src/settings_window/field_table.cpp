@@ -1,0 +1,106 @@
+#include "settings_window/field_table.h"
+
+#include <algorithm>
+
+namespace mrl {
+namespace {
+
+using enum FieldKind;
+
+constexpr uint32_t kMostWait = 3600;  // seconds
+constexpr uint32_t kShortestBlink = 50;
+constexpr uint32_t kLongestBlink = 10000;
+
+constexpr PromptStage Settings::*kStage1 = &Settings::prompt1;
+constexpr PromptStage Settings::*kStage2 = &Settings::prompt2;
+
+constexpr FlagField flag(bool Settings::*field) { return {.direct = field}; }
+constexpr NumberField number(uint32_t Settings::*field) { return {.direct = field}; }
+constexpr TextField text(std::u16string Settings::*field) { return {.direct = field}; }
+constexpr FlagField flag(PromptStage Settings::*stage, bool PromptStage::*field) {
+  return {.stage = stage, .ofStage = field};
+}
+constexpr NumberField number(PromptStage Settings::*stage, uint32_t PromptStage::*field) {
+  return {.stage = stage, .ofStage = field};
+}
+constexpr TextField text(PromptStage Settings::*stage, std::u16string PromptStage::*field) {
+  return {.stage = stage, .ofStage = field};
+}
+
+constexpr Field kFields[] = {
+    {kMinutesBox, Time, number(&Settings::duration), 0, kMostMinutes, kSecondsBox},
+    {kDownRadio, DownRadio, flag(&Settings::down)},
+    {kUpRadio, DownRadio, flag(&Settings::down)},
+    {kPerSlideCheck, Check, flag(&Settings::perSlide)},
+    {kHideNoDocumentCheck, Check, flag(&Settings::hideNoDocument)},
+    {kHideZeroCheck, Check, flag(&Settings::hideZero)},
+    {kHideExcludedCheck, Check, flag(&Settings::hideExcluded)},
+    {kExitShowCheck, Check, flag(&Settings::exitShow)},
+    {kBlackCheck, Check, flag(&Settings::black)},
+    {kBlinkCheck, Check, flag(&Settings::blink)},
+    {kSoundCheck, Check, flag(&Settings::sound)},
+    {kSwitchCheck, Check, flag(&Settings::switchPpt)},
+    {kTransparentCheck, Check, flag(&Settings::transparent)},
+    {kMachineTimeCheck, Check, flag(&Settings::machineTime)},
+    {kAutoStartCheck, Check, flag(&Settings::remoteAutoStart)},
+    {kResetDelayBox, Number, number(&Settings::resetDelay), 0, kMostWait},
+    {kBlinkSecondsBox, Number, number(&Settings::blinkSeconds), 0, kMostWait},
+    {kSoundSecondsBox, Number, number(&Settings::soundSeconds), 0, kMostWait},
+    {kPortBox, Number, number(&Settings::remotePort), 1024, 65535},
+    {kWidthBox, Number, number(&Settings::windowWidth), 120, 1200},
+    {kHeightBox, Number, number(&Settings::windowHeight), 50, 600},
+    {kOpacityBox, Number, number(&Settings::opacity), 10, 100},
+    {kBlinkOnBox, Number, number(&Settings::blinkOn), kShortestBlink, kLongestBlink},
+    {kBlinkOffBox, Number, number(&Settings::blinkOff), kShortestBlink, kLongestBlink},
+    {kForegroundBox, Colour, number(&Settings::foreground)},
+    {kBackgroundBox, Colour, number(&Settings::background)},
+    {kAlertBox, Colour, number(&Settings::alert)},
+    {kShapeCombo, Shape, number(&Settings::shape)},
+    {kFontWeightCombo, FontWeight, number(&Settings::fontWeight)},
+    {kFontNameBox, FontName, text(&Settings::fontName)},
+    {kFolderBox, Folder, text(&Settings::pptFolder)},
+    {kSwitchDeckBox, File, text(&Settings::switchDeck)},
+    {kSoundFileBox, File, text(&Settings::soundFile)},
+    {kToggleExclusion, SkipList, std::monostate{}},
+
+    {kFirstStage + kStageEnabled, Check, flag(kStage1, &PromptStage::enabled)},
+    {kFirstStage + kStageMinutes, Time, number(kStage1, &PromptStage::advance), 0, kMostMinutes,
+     kFirstStage + kStageSeconds},
+    {kFirstStage + kStageBlinkWindow, Check, flag(kStage1, &PromptStage::blinkWindow)},
+    {kFirstStage + kStageBlinkBackground, Check, flag(kStage1, &PromptStage::blinkBackground)},
+    {kFirstStage + kStageSound, Check, flag(kStage1, &PromptStage::sound)},
+    {kFirstStage + kStageSoundFile, StageSound, text(kStage1, &PromptStage::soundFile)},
+    {kFirstStage + kStageBlinkSeconds, Number, number(kStage1, &PromptStage::blinkSeconds), 0,
+     kMostWait},
+    {kFirstStage + kStageSoundSeconds, Number, number(kStage1, &PromptStage::soundSeconds), 0,
+     kMostWait},
+
+    {kSecondStage + kStageEnabled, Check, flag(kStage2, &PromptStage::enabled)},
+    {kSecondStage + kStageMinutes, Time, number(kStage2, &PromptStage::advance), 0, kMostMinutes,
+     kSecondStage + kStageSeconds},
+    {kSecondStage + kStageBlinkWindow, Check, flag(kStage2, &PromptStage::blinkWindow)},
+    {kSecondStage + kStageBlinkBackground, Check, flag(kStage2, &PromptStage::blinkBackground)},
+    {kSecondStage + kStageSound, Check, flag(kStage2, &PromptStage::sound)},
+    {kSecondStage + kStageSoundFile, StageSound, text(kStage2, &PromptStage::soundFile)},
+    {kSecondStage + kStageBlinkSeconds, Number, number(kStage2, &PromptStage::blinkSeconds), 0,
+     kMostWait},
+    {kSecondStage + kStageSoundSeconds, Number, number(kStage2, &PromptStage::soundSeconds), 0,
+     kMostWait},
+};
+
+}  // namespace
+
+std::span<const Field> allFields() { return kFields; }
+
+const Field* findField(int id) {
+  const auto* found = std::ranges::find(kFields, id, &Field::id);
+  return found == std::end(kFields) ? nullptr : found;
+}
+
+int bookedId(int id) {
+  const auto* pair = std::ranges::find_if(
+      kFields, [&](const Field& field) { return field.kind == Time && field.secondsId == id; });
+  return pair == std::end(kFields) ? id : pair->id;
+}
+
+}  // namespace mrl

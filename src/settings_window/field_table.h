@@ -1,0 +1,73 @@
+// Which control edits which field of the record: the one table that checking, filling and reading
+// back go by. Constant data, any thread.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <variant>
+
+#include "settings/settings.h"
+#include "settings_window/control_ids.h"
+
+namespace mrl {
+
+enum class FieldKind {
+  Check,
+  DownRadio,   // one of the pair of radio buttons
+  Number,      // whole, within the range
+  Time,        // minutes, with a box of seconds beside it
+  Colour,      // #RRGGBB
+  Shape,       // the row itself
+  FontWeight,  // one of kFontWeights by the row
+  FontName,    // any text but none
+  Folder,      // of these three, empty stands for none
+  File,
+  StageSound,
+  SkipList,  // edited in the list of files
+};
+
+/// A field of the record, or of one of its stages.
+template <class T>
+struct FieldOf {
+  T Settings::*direct = nullptr;
+  PromptStage Settings::*stage = nullptr;
+  T PromptStage::*ofStage = nullptr;
+
+  [[nodiscard]] T& in(Settings& record) const {
+    return stage ? record.*stage.*ofStage : record.*direct;
+  }
+  [[nodiscard]] const T& in(const Settings& record) const {
+    return stage ? record.*stage.*ofStage : record.*direct;
+  }
+};
+using FlagField = FieldOf<bool>;
+using NumberField = FieldOf<uint32_t>;
+using TextField = FieldOf<std::u16string>;
+
+struct Field {
+  int id;  // of the control; for a time that of the minutes
+  FieldKind kind;
+  std::variant<std::monostate, FlagField, NumberField, TextField> place;
+  uint32_t lowest = 0;  // of a number
+  uint32_t highest = 0;
+  int secondsId = 0;  // of a time
+
+  [[nodiscard]] const FlagField& flag() const { return std::get<FlagField>(place); }
+  [[nodiscard]] const NumberField& number() const { return std::get<NumberField>(place); }
+  [[nodiscard]] const TextField& text() const { return std::get<TextField>(place); }
+};
+
+inline constexpr uint32_t kMostMinutes = 999;
+inline constexpr uint32_t kMostSeconds = 59;
+inline constexpr uint32_t kFontWeights[] = {300, 400, 700, 900};
+inline constexpr int kOtherWeightRow = 2;
+inline constexpr int kShapeCount = 3;
+
+std::span<const Field> allFields();
+/// Null for a control that edits none.
+const Field* findField(int id);
+/// The control under which an edit is booked: that of the minutes for a box of seconds, else `id`.
+int bookedId(int id);
+
+}  // namespace mrl

@@ -1,0 +1,25 @@
+// The preview of the clock in its true size, and the sentence about what happens when the time is
+// up. Both show the form, applied or not. UI thread.
+#pragma once
+
+#include "core/app.h"
+#include "overlay/clock_drawing.h"
+
+namespace mrl {
+
+/// Places the preview in its host and writes the sentence. Without a window it does nothing.
+void refreshPreview(App& app);
+
+/// What the preview shows now. It refers to the form's record.
+ClockPicture previewPicture(const App& app);
+
+std::u16string expirySummary(const Settings& settings);
+
+enum class ScrollStep { LineBack, LineForward, PageBack, PageForward, Track, None };
+/// Of the host: `bar` is one of the preview's.
+void scrollPreview(App& app, Bar bar, ScrollStep step);
+
+/// The user dragged a corner of the preview to a new size, in pixels.
+void onPreviewDragged(App& app, Size pixels);
+
+}  // namespace mrl

@@ -1,0 +1,187 @@
+#include "settings_window/settings_commands.h"
+
+#include <algorithm>
+
+#include "core/commands.h"
+#include "core/text.h"
+#include "overlay/clock_geometry.h"
+#include "remote/network_check.h"
+#include "settings_window/auto_apply.h"
+#include "settings_window/control_ids.h"
+#include "settings_window/control_table.h"
+#include "settings_window/field_table.h"
+#include "settings_window/field_values.h"
+#include "settings_window/form_sync.h"
+#include "settings_window/presentation_page.h"
+#include "settings_window/preview.h"
+#include "settings_window/remote_page.h"
+#include "settings_window/settings_window.h"
+
+namespace mrl {
+namespace {
+
+enum class Picker { Folder, Presentation, Audio };
+struct PickButton {
+  int id;
+  Picker kind;
+  int box;
+};
+constexpr PickButton kPickButtons[] = {
+    {kPickFolderButton, Picker::Folder, kFolderBox},
+    {kPickDeckButton, Picker::Presentation, kSwitchDeckBox},
+    {kPickSoundButton, Picker::Audio, kSoundFileBox},
+    {kFirstStage + kStagePickSound, Picker::Audio, kFirstStage + kStageSoundFile},
+    {kSecondStage + kStagePickSound, Picker::Audio, kSecondStage + kStageSoundFile},
+};
+
+struct ColourButton {
+  int id;
+  int box;
+};
+constexpr ColourButton kColourButtons[] = {
+    {kPickForegroundButton, kForegroundBox},
+    {kPickBackgroundButton, kBackgroundBox},
+    {kPickAlertButton, kAlertBox},
+};
+
+void clearInvalid(App& app, int id) {
+  SettingsView& view = app.platform.settingsView;
+  if (!view.mark(id, Mark::Invalid)) return;
+  view.setMark(id, Mark::Invalid, false);
+  view.redrawFrame(id);
+}
+
+std::u16string pick(SettingsView& view, Picker kind) {
+  switch (kind) {
+    case Picker::Folder: return view.pickFolder();
+    case Picker::Presentation: return view.pickFile(FileFilter::Presentation);
+    case Picker::Audio: break;
+  }
+  return view.pickFile(FileFilter::Audio);
+}
+
+void pickPath(App& app, const PickButton& button) {
+  SettingsView& view = app.platform.settingsView;
+  const std::u16string path = pick(view, button.kind);
+  if (path.empty() || !app.form.isOpen) return;
+  view.setText(button.box, path);  // the box books the edit, as if it had been typed
+  syncForm(app);
+  app.form.settingsDirty = true;
+  if (button.kind == Picker::Folder) reloadFileList(app);
+}
+
+void pickColour(App& app, int box) {
+  const NumberField& field = findField(box)->number();
+  SettingsView& view = app.platform.settingsView;
+  uint32_t colour = field.in(app.form.settings);
+  if (!view.pickColour(colour, app.form.customColours) || !app.form.isOpen) return;
+  field.in(app.form.settings) = colour;
+  view.setText(box, colourText(colour));  // books the edit
+  app.form.settingsDirty = true;
+  refreshPreview(app);
+  applyPending(app, true);
+}
+
+void resetSize(App& app) {
+  SettingsView& view = app.platform.settingsView;
+  view.setText(kWidthBox, decimal(kDefaultClockUnits.width));  // books the edit
+  view.setText(kHeightBox, decimal(kDefaultClockUnits.height));
+  applyPending(app, true);
+}
+
+bool onPickButton(App& app, int id) {
+  const auto* path = std::ranges::find(kPickButtons, id, &PickButton::id);
+  if (path != std::end(kPickButtons)) {
+    pickPath(app, *path);
+    return true;
+  }
+  const auto* colour = std::ranges::find(kColourButtons, id, &ColourButton::id);
+  if (colour == std::end(kColourButtons)) return false;
+  pickColour(app, colour->box);
+  return true;
+}
+
+/// What has a function of its own when it is clicked, or comes from the keys. False for the rest.
+bool onClick(App& app, int id) {
+  if (id >= kFirstSection && id < kFirstSection + kPageCount) {
+    selectPage(app, id - kFirstSection);
+    return true;
+  }
+  switch (id) {
+    case kEscapeKey:
+    case kCloseButton: closeSettingsWindow(app); return true;
+    case kEnterKey: applyPending(app, true); return true;
+    case kApplyAll:
+      applyPending(app, true);
+      refreshEnableStates(app);
+      return true;
+    case kToggleButton: runCommand(app, kCommandToggleTimer); return true;
+    case kResetButton: runCommand(app, kCommandReset); return true;
+    case kOpenRemoteButton: runCommand(app, kCommandOpenRemote); return true;
+    case kDefaultSizeButton: resetSize(app); return true;
+    case kServiceButton: toggleRemote(app); return true;
+    case kCopyAddressButton: copyRemoteAddress(app); return true;
+    case kApplyPortButton: applyPort(app); return true;
+    case kCheckNetworkButton: checkAndRepairNetwork(app); return true;
+    case kToggleExclusion: toggleSelectedExclusion(app); return true;
+    default: return onPickButton(app, id) || onPresentationButton(app, id);
+  }
+}
+
+void selectMode(App& app) {
+  const bool automatic = app.platform.settingsView.row(kModeCombo) == 0;
+  runCommand(app, automatic ? kCommandAutoMode : kCommandManualMode);
+  showChangedMode(app);  // back to the old one when the save failed
+}
+
+/// A selection in a list or a combo that edits no field. False for the rest.
+bool onSelection(App& app, int id) {
+  switch (id) {
+    case kModeCombo: selectMode(app); return true;
+    case kPreviewPhaseCombo:
+      app.form.previewPhase = app.platform.settingsView.row(id);
+      refreshPreview(app);
+      return true;
+    case kFileList: refreshEnableStates(app); return true;
+    default: return false;
+  }
+}
+
+void onFocusLost(App& app, int id) {
+  SettingsView& view = app.platform.settingsView;
+  const Control* control = findControl(id);
+  if (control && control->kind == ControlKind::NumberBox && view.text(id).empty()) {
+    view.setText(id, u"0");
+  }
+  applyPending(app, true);
+}
+
+void onInput(App& app, int id, bool immediate) {
+  syncForm(app);
+  if (id == kFolderBox) reloadFileList(app);
+  refreshPreview(app);
+  markEdited(app, id, immediate);
+}
+
+}  // namespace
+
+bool onSettingsCommand(App& app, int id, int notification) {
+  if (!app.form.isOpen || app.form.controlsSuppressed) return true;
+  switch (notification) {
+    case kTextChanged:
+      clearInvalid(app, id);
+      onInput(app, id, false);
+      return true;
+    case kFocusLost: onFocusLost(app, id); return true;
+    case kClicked:
+      if (!onClick(app, id)) onInput(app, id, true);
+      return true;
+    case kSelectionChanged:
+      if (!onSelection(app, id)) onInput(app, id, true);
+      return true;
+    case kDoubleClicked: return id == kFileList && onPresentationButton(app, kOpenFileButton);
+    default: return false;
+  }
+}
+
+}  // namespace mrl
