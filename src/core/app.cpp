@@ -6,9 +6,11 @@
 
 #include "core/commands.h"
 #include "core/expiry.h"
+#include "core/test_files.h"
 #include "core/text.h"
 #include "core/tray_icon.h"
 #include "overlay/clock_behaviour.h"
+#include "remote/remote_service.h"
 #include "settings/settings_file.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/settings_window.h"
@@ -28,12 +30,6 @@ void readArguments(App& app, const std::vector<std::u16string>& arguments) {
     app.testMode = true;
     app.testRoot = argument.substr(prefix.size());
   }
-}
-
-std::u16string inTestRoot(const App& app, const std::u16string& name) {
-  const char16_t separator = app.platform.files.separator();
-  const bool needsSeparator = !app.testRoot.empty() && app.testRoot.back() != separator;
-  return app.testRoot + (needsSeparator ? std::u16string(1, separator) : u"") + name;
 }
 
 bool fileExists(App& app) {
@@ -86,6 +82,7 @@ void announceReady(App& app) {
                                             std::make_error_code(std::errc::io_error));
   }
   const std::unique_ptr<FileWriter> ready = files.create(inTestRoot(app, u"ready.txt"));
+  if (app.remote.running) writeTestFile(app, u"remote.txt", app.remote.pairingKey);
   if (ready) (void)ready->write(std::to_string(app.platform.loop.processId()));
 }
 
@@ -104,6 +101,7 @@ std::optional<int> startApp(App& app, const std::vector<std::u16string>& argumen
   showClock(app);
   app.platform.clockWindow.paintNow();
   addTrayIcon(app);
+  if (app.settings.remoteAutoStart) startRemote(app, true);
   if (app.testMode) announceReady(app);
   app.platform.loop.postCommand(kCommandOpenSettings);
   return std::nullopt;

@@ -14,6 +14,9 @@ namespace mrl {
 
 class AppFixture : public ::testing::Test, protected AppFake {
  protected:
+  /// A service that runs already is not started: no network is asked and no thread begins.
+  AppFixture() { app.remote.running = true; }
+
   static constexpr char16_t kDeck[] = u"C:\\talks\\demo.pptx";
   static constexpr char16_t kOtherDeck[] = u"C:\\talks\\other.pptx";
   static constexpr char16_t kSettingsPath[] = u"C:\\data\\settings.dat";

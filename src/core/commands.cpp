@@ -3,6 +3,7 @@
 #include "core/expiry.h"
 #include "core/tick.h"
 #include "overlay/clock_behaviour.h"
+#include "remote/remote_service.h"
 #include "settings_window/form_sync.h"
 #include "settings_window/settings_window.h"
 
@@ -61,6 +62,8 @@ void dispatch(App& app, int command) {
     case kCommandExit: return exitProgram(app);
     case kCommandShowClock: return setClockVisible(app, true);
     case kCommandHideClock: return setClockVisible(app, false);
+    case kCommandOpenRemote: return openRemotePage(app);
+    case kCommandRefreshRemote: return refreshRemoteAddress(app);
     case kCommandManualMode: return setMode(app, false);
     case kCommandAutoMode: return setMode(app, true);
     case kCommandPauseOrResume:

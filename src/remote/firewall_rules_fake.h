@@ -1,9 +1,56 @@
 #pragma once
 
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "remote/firewall_rules.h"
 
 namespace mrl {
 
-class FirewallRulesFake : public FirewallRules {};
+class FirewallRulesFake : public FirewallRules {
+ public:
+  std::u16string programPath() override { return path; }
+  std::u16string systemFolder() override { return system; }
+  std::u16string expanded(const std::u16string& text) override {
+    return text == u"%program%" ? path : text;
+  }
+  RuleWalk forEach(const std::function<bool(const FirewallRule&)>& visit) override {
+    if (walk == RuleWalk::NoFirewall || walk == RuleWalk::NoEnumeration) return walk;
+    for (const FirewallRule& rule : rules) {
+      if (!visit(rule)) return RuleWalk::Ended;
+    }
+    return walk;
+  }
+  RuleSearch find(const std::u16string& name, FirewallRule& found) override {
+    searched.push_back(name);
+    if (search != RuleSearch::Found) return search;
+    for (const FirewallRule& rule : rules) {
+      if (rule.name != name) continue;
+      found = rule;
+      return RuleSearch::Found;
+    }
+    return RuleSearch::NotFound;
+  }
+  ElevatedRun runElevated(WindowHandle window, const std::u16string& program,
+                          const std::u16string& arguments) override {
+    owner = window;
+    commands.push_back(program + u" " + arguments);
+    if (run.started && run.exitCode == 0) rules.insert(rules.end(), made.begin(), made.end());
+    return run;
+  }
+
+  std::u16string path = u"C:\\Marlune\\marlune.exe";
+  std::u16string system = u"C:\\Windows\\system32";
+  std::vector<FirewallRule> rules;
+  RuleWalk walk = RuleWalk::Ended;        // anything else is how the walk fails
+  RuleSearch search = RuleSearch::Found;  // anything else is how each search fails
+  ElevatedRun run{.started = true};
+  std::vector<FirewallRule> made;  // what the elevated command adds
+
+  WindowHandle owner;
+  std::vector<std::u16string> commands;
+  std::vector<std::u16string> searched;
+};
 
 }  // namespace mrl

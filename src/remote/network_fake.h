@@ -4,6 +4,36 @@
 
 namespace mrl {
 
-class NetworkFake : public Network {};
+class NetworkFake : public Network {
+ public:
+  ConnectionsResult connectedInterfaces(std::vector<uint32_t>& indices) override {
+    ++questions;
+    indices = connected;
+    return result;
+  }
+  bool listAdapters(std::vector<NetworkAdapter>& list) override {
+    ++questions;
+    if (adaptersFail) return false;
+    list = adapters;
+    return true;
+  }
+
+  /// A connected card with a gateway.
+  NetworkAdapter& add(uint32_t index, const std::vector<uint32_t>& addresses) {
+    connected.push_back(index);
+    adapters.push_back({.index = index,
+                        .isUp = true,
+                        .isHardware = true,
+                        .hasGateway = true,
+                        .addresses = addresses});
+    return adapters.back();
+  }
+
+  ConnectionsResult result = ConnectionsResult::Listed;
+  std::vector<uint32_t> connected;
+  bool adaptersFail = false;
+  std::vector<NetworkAdapter> adapters;
+  int questions = 0;
+};
 
 }  // namespace mrl

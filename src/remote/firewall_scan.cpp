@@ -1,0 +1,163 @@
+// The part of the firewall check that looks for rules which block.
+#include <algorithm>
+#include <charconv>
+#include <optional>
+#include <vector>
+
+#include "core/char_rules.h"
+#include "core/text.h"
+#include "remote/firewall.h"
+
+namespace mrl {
+namespace {
+
+constexpr char16_t kNoRules[] = u"无法读取 Windows 防火墙规则。";
+constexpr char16_t kNoEnumeration[] = u"无法检查可能冲突的防火墙规则。";
+constexpr char16_t kUnreadable[] = u"无法读取防火墙规则，不能确认权限状态。";
+constexpr char16_t kNoPorts[] = u"无法读取阻止规则的端口范围。";
+constexpr char16_t kNoName[] = u"无法读取阻止规则名称。";
+constexpr char16_t kBroken[] = u"检查防火墙规则时发生错误。";
+constexpr char16_t kAllPorts[] = u"全部端口";
+constexpr char16_t kAllProtocols[] = u"所有协议及端口";
+constexpr char16_t kUnnamed[] = u"（未命名规则）";
+constexpr char16_t kThisProgram[] = u"本程序";
+constexpr char16_t kAllPrograms[] = u"所有程序";
+constexpr char16_t kFoundHead[] = u"发现可能阻止遥控的入站规则：";
+constexpr char16_t kFoundTail[] =
+    u"\n规则可能受地址、接口、服务或策略限制，来源请在防火墙控制台核实。点击“检查与修复”查看处理方"
+    u"式"
+    u"。";
+
+constexpr size_t kListed = 4;
+constexpr int32_t kTcp = 6;
+constexpr int32_t kAnyProtocol = 256;
+constexpr int32_t kInbound = 1;
+constexpr int32_t kBlock = 0;
+constexpr int32_t kProfiles = 7;
+
+struct BlockScan {
+  FirewallRules& rules;
+  const std::u16string& exePath;
+  int32_t port;
+  size_t count = 0;
+  std::vector<std::u16string> lines = {};
+  std::u16string failure = {};
+};
+
+bool isReadable(const FirewallRule& rule) {
+  return rule.enabled && rule.direction && rule.action && rule.profiles && rule.protocol &&
+         rule.application;
+}
+
+/// REQUIRES: the rule is readable.
+bool blocksInbound(const FirewallRule& rule) {
+  return *rule.enabled && *rule.direction == kInbound && *rule.action == kBlock &&
+         (*rule.profiles & kProfiles) != 0 &&
+         (*rule.protocol == kTcp || *rule.protocol == kAnyProtocol);
+}
+
+bool fail(BlockScan& scan, const char16_t* reason) {
+  scan.failure = reason;
+  return false;
+}
+
+/// Looks at one rule; false when the walk must end.
+bool look(BlockScan& scan, const FirewallRule& rule) {
+  if (!isReadable(rule)) return fail(scan, kUnreadable);
+  if (!blocksInbound(rule)) return true;
+  const std::u16string application = scan.rules.expanded(*rule.application);
+  const bool namesProgram = !application.empty() && application != u"*";
+  if (namesProgram && lowerCopy(application) != lowerCopy(scan.exePath)) return true;
+
+  std::u16string ports = kAllProtocols;
+  if (*rule.protocol == kTcp) {
+    if (!rule.localPorts) return fail(scan, kNoPorts);
+    if (!portSpecCovers(*rule.localPorts, scan.port)) return true;
+    ports = rule.localPorts->empty() ? kAllPorts : *rule.localPorts;
+  }
+  if (!rule.name) return fail(scan, kNoName);
+  ++scan.count;
+  if (scan.lines.size() < kListed) {
+    scan.lines.push_back((rule.name->empty() ? kUnnamed : *rule.name) + u"（" +
+                         (namesProgram ? kThisProgram : kAllPrograms) + u"；端口：" + ports +
+                         u"）");
+  }
+  return true;
+}
+
+std::u16string reportOf(const BlockScan& scan) {
+  std::u16string report = kFoundHead;
+  for (const std::u16string& line : scan.lines) report += u"\n• " + line;
+  if (scan.count > scan.lines.size()) {
+    report += u"\n以及其他 " + decimal(static_cast<int64_t>(scan.count - scan.lines.size())) +
+              u" 条规则。";
+  }
+  return report + kFoundTail;
+}
+
+std::u16string failureOf(const BlockScan& scan, RuleWalk walk) {
+  switch (walk) {
+    case RuleWalk::NoFirewall: return kNoRules;
+    case RuleWalk::NoEnumeration: return kNoEnumeration;
+    case RuleWalk::NoRule: return kUnreadable;
+    case RuleWalk::Broken: return kBroken;
+    case RuleWalk::Ended: break;
+  }
+  return scan.failure;
+}
+
+std::u16string_view trimmed(std::u16string_view text) {
+  const size_t from = text.find_first_not_of(u" \t");
+  if (from == text.npos) return {};
+  return text.substr(from, text.find_last_not_of(u" \t") - from + 1);
+}
+
+std::optional<int32_t> portOf(std::u16string_view text) {
+  if (text.empty() || text.size() > 5) return std::nullopt;
+  int32_t value = 0;
+  for (const char16_t digit : text) {
+    if (digit < u'0' || digit > u'9') return std::nullopt;
+    value = value * 10 + (digit - u'0');
+  }
+  if (value < 1 || value > 65535) return std::nullopt;
+  return value;
+}
+
+/// A port or a range of them; what is neither may mean any port.
+bool tokenCovers(std::u16string_view token, int32_t port) {
+  const size_t dash = token.find(u'-');
+  const std::optional<int32_t> first = portOf(trimmed(token.substr(0, dash)));
+  const std::optional<int32_t> last =
+      dash == token.npos ? first : portOf(trimmed(token.substr(dash + 1)));
+  if (!first || !last || *first > *last) return true;
+  return *first <= port && port <= *last;
+}
+
+}  // namespace
+
+bool scanBlockRules(FirewallRules& rules, const std::u16string& exePath, int32_t port,
+                    std::u16string& message, bool& blockedFound) {
+  BlockScan scan{rules, exePath, port};
+  const RuleWalk walk = rules.forEach([&](const FirewallRule& rule) { return look(scan, rule); });
+  const std::u16string failure = failureOf(scan, walk);
+  if (!failure.empty()) {
+    message = failure;
+    return false;
+  }
+  if (scan.count == 0) return true;
+  blockedFound = true;
+  message = reportOf(scan);
+  return false;
+}
+
+bool portSpecCovers(std::u16string_view spec, int32_t port) {
+  if (port < 1024 || port > 65535 || spec.empty() || spec == u"*") return true;
+  while (true) {
+    const size_t comma = spec.find(u',');
+    if (tokenCovers(trimmed(spec.substr(0, comma)), port)) return true;
+    if (comma == spec.npos) return false;
+    spec.remove_prefix(comma + 1);
+  }
+}
+
+}  // namespace mrl
