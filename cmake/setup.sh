@@ -11,8 +11,8 @@ readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool lib
 # shellcheck disable=SC2034
 readonly kTwoMonitorsPackages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils)
 # shellcheck disable=SC2034
-readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev clang libclang-rt-14-dev clang-format
-  clang-tidy shellcheck)
+readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev libcpp-httplib-dev libmicrohttpd-dev clang
+  libclang-rt-14-dev clang-format clang-tidy shellcheck)
 
 say() { printf '%s\n' "$*" >&2; }
 
