@@ -9,6 +9,10 @@ target_link_libraries(marlune_tests PRIVATE marlune_edges GTest::gtest_main)
 include(GoogleTest)
 gtest_discover_tests(marlune_tests DISCOVERY_TIMEOUT 60)
 
+add_executable(marlune_headless tests/headless/main.cpp tests/headless/headless.cpp)
+target_include_directories(marlune_headless PRIVATE tests)
+target_link_libraries(marlune_headless PRIVATE marlune_edges)
+
 find_package(benchmark REQUIRED)
 file(GLOB BENCHMARKS CONFIGURE_DEPENDS bench/*_bench.cpp)
 add_executable(marlune_bench ${BENCHMARKS})

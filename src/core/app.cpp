@@ -115,7 +115,11 @@ void onClockDestroyed(App& app) {
   app.platform.loop.quit();
 }
 
-void finishApp(App& app) { clearRuntime(app); }
+void finishApp(App& app) {
+  stopServer(app.remote);
+  clearRuntime(app);
+  app.platform.requests.drain();  // last: with the listener gone nothing new comes
+}
 
 void setStatus(App& app, const std::u16string& text) { app.lastError = text; }
 

@@ -7,12 +7,14 @@
 #include <vector>
 
 #include "core/commands.h"
+#include "core/expiry.h"
 #include "core/geometry_win.h"
 #include "core/menu.h"
 #include "core/tick.h"
 #include "core/tray_icon.h"
 #include "core/window_classes_win.h"
 #include "overlay/clock_behaviour.h"
+#include "remote/hand_over.h"
 #include "settings/settings_path_win.h"
 
 namespace mrl {
@@ -131,6 +133,7 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       return 0;
     case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
     case kTrayNotify: onTrayMouse(app, LOWORD(lParam)); return 0;
+    case kRemoteRequestMessage: onRemoteRequest(app, *requestFrom(lParam)); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -143,6 +146,9 @@ LRESULT AppWin::handleToolbarMessage(HWND window, UINT message, WPARAM wParam, L
 
 LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
+    case WM_WINDOWPOSCHANGED:
+      if (!(reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_NOZORDER)) onBlackRaised(app);
+      break;
     case WM_CLOSE:
     case WM_LBUTTONDOWN: return 0;  // only its own ways out end the black screen
     case WM_KEYDOWN:

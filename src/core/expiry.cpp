@@ -83,4 +83,8 @@ void setBlack(App& app, bool on) {
   if (app.platform.clockWindow.isVisible()) showClock(app);
 }
 
+void onBlackRaised(App& app) {
+  if (app.platform.clockWindow.isVisible()) app.platform.clockWindow.raise();
+}
+
 }  // namespace mrl

@@ -30,4 +30,7 @@ void exitShow(App& app);
 /// message.
 void setBlack(App& app, bool on);
 
+/// A black window came to the top, as it does when it is activated: the overtime stays readable.
+void onBlackRaised(App& app);
+
 }  // namespace mrl

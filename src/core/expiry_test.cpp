@@ -128,6 +128,17 @@ TEST_F(ExpiryActionsTest, ASecondBlackScreenChangesNothingAndSaysNothingEvenWhen
   EXPECT_EQ(app.lastError, u"");
 }
 
+TEST_F(ExpiryActionsTest, ABlackWindowThatComesToTheTopTakesAVisibleClockAlong) {
+  start();
+  clockWindow.calls.clear();
+  onBlackRaised(app);
+  EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"raise"});
+  clockWindow.hide();
+  clockWindow.calls.clear();
+  onBlackRaised(app);
+  EXPECT_TRUE(clockWindow.calls.empty());
+}
+
 TEST_F(ExpiryActionsTest, TheClockIsLiftedAboveTheBlackScreenOnlyIfItIsVisible) {
   startShow(kDeck);
   waitForPoll();

@@ -2,11 +2,11 @@
 
 namespace mrl {
 
-bool startRemote(App& app, bool /*interactive*/) { return app.remote.running; }
-
-void stopRemote(App& app) {
-  app.remote.running = false;
-  ++app.remote.generation;
+bool startRemote(App& app, bool /*interactive*/) {
+  std::u16string error;
+  return startServer(app, {}, error);
 }
+
+void stopRemote(App& app) { stopServer(app.remote); }
 
 }  // namespace mrl

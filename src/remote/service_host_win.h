@@ -1,3 +1,4 @@
+// The system's random source, and the web page among the program's resources.
 #pragma once
 
 #include "remote/service_host.h"
@@ -6,8 +7,8 @@ namespace mrl {
 
 class ServiceHostWin : public ServiceHost {
  public:
-  bool fillRandom(std::span<uint8_t> /*bytes*/) override { return false; }
-  bool readPage(std::string& /*page*/) override { return false; }
+  bool fillRandom(std::span<uint8_t> bytes) override;
+  bool readPage(std::string& page) override;
 };
 
 }  // namespace mrl

@@ -1,0 +1,14 @@
+#include "core/clock_posix.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace mrl {
+
+uint64_t ClockPosix::nowMs() const {
+  const auto sinceStart = std::chrono::steady_clock::now().time_since_epoch();
+  const auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(sinceStart).count();
+  return static_cast<uint64_t>(std::max<int64_t>(ms, 1));
+}
+
+}  // namespace mrl

@@ -1,0 +1,24 @@
+// The answer to a request, byte for byte.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace mrl {
+
+constexpr std::string_view kPlainText = "text/plain; charset=utf-8";
+constexpr std::string_view kHtml = "text/html; charset=utf-8";
+constexpr std::string_view kJson = "application/json; charset=utf-8";
+
+struct Answer {
+  int status = 400;
+  std::string body = "Bad request";
+  std::string_view type = kPlainText;
+
+  bool operator==(const Answer&) const = default;
+};
+
+/// Head and body. The head is the same for every answer, errors included.
+std::string responseBytes(const Answer& answer);
+
+}  // namespace mrl

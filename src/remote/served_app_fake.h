@@ -1,0 +1,25 @@
+// An App over fakes that a real listener serves: sockets, queue and time are the caller's.
+#pragma once
+
+#include "core/app_fake.h"
+
+namespace mrl {
+
+struct ServedApp {
+  ServedApp(Sockets& sockets, RequestQueue& requests, Clock& clock)
+      : app(doors(fakes.app.platform, sockets, requests, clock)) {}
+
+  AppFake fakes;  // its own app is not used
+  App app;
+
+ private:
+  static Platform doors(const Platform& from, Sockets& sockets, RequestQueue& requests,
+                        Clock& clock) {
+    return {clock,     from.files,       from.automation,    from.windows,      from.screens,
+            from.loop, from.clockWindow, from.resizeToolbar, from.blackScreen,  from.audio,
+            from.tray, from.menu,        from.shell,         from.settingsView, sockets,
+            requests,  from.serviceHost, from.network,       from.firewall};
+  }
+};
+
+}  // namespace mrl
