@@ -64,6 +64,8 @@ pageTest('no key does anything without a connection', { complaints: true }, asyn
   await shows(page, '#connection', '断线重连');
   service.refusal = null;
   await pressInVain(page, ['ArrowLeft', 'PageDown', 'Escape'], service);
+  assert.equal(await page.evaluate(() => document.body.dispatchEvent(
+    new KeyboardEvent('keydown', { key: 'PageDown', bubbles: true, cancelable: true }))), true);  // it scrolls
 });
 
 pageTest('a key with a modifier does nothing', {}, async (page, service) => {
