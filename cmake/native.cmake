@@ -9,6 +9,11 @@ target_link_libraries(marlune_tests PRIVATE marlune_edges GTest::gtest_main)
 include(GoogleTest)
 gtest_discover_tests(marlune_tests DISCOVERY_TIMEOUT 60)
 
+# What takes long: run under the thread and the address sanitizer only.
+file(GLOB LOAD_TESTS CONFIGURE_DEPENDS tests/load/*.cpp)
+add_executable(marlune_load_tests ${LOAD_TESTS})
+target_link_libraries(marlune_load_tests PRIVATE marlune_edges GTest::gtest_main)
+
 add_executable(marlune_headless tests/headless/main.cpp tests/headless/headless.cpp)
 target_include_directories(marlune_headless PRIVATE tests)
 target_link_libraries(marlune_headless PRIVATE marlune_edges)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <cassert>
 #include <chrono>
 #include <deque>
@@ -83,6 +84,7 @@ class SocketsFake : public Sockets {
   std::vector<size_t> askedToWait;  // how many listeners each wait was given
   int sessions = 0;                 // open now
   int starts = 0;
+  std::atomic<int> idleWaits = 0;  // waits to which nobody came
 };
 
 namespace sockets_fake {
@@ -118,6 +120,7 @@ class Session : public SocketSession {
   ListeningSocket* wait(std::span<const std::unique_ptr<ListeningSocket>> listeners) override {
     net.askedToWait.push_back(listeners.size());
     if (!net.waiting.empty()) return listeners[net.waiting.front().listener].get();
+    ++net.idleWaits;
     if (net.onIdle) {
       net.onIdle();
     } else {
