@@ -23,6 +23,10 @@ file(GLOB BENCHMARKS CONFIGURE_DEPENDS bench/*_bench.cpp)
 add_executable(marlune_bench ${BENCHMARKS})
 target_link_libraries(marlune_bench PRIVATE marlune_edges benchmark::benchmark_main)
 
+add_executable(marlune_remote_bench bench/remote_bench_posix.cpp)
+target_link_libraries(marlune_remote_bench PRIVATE marlune_edges GTest::gtest cpp-httplib
+                                                   microhttpd)
+
 if(MARLUNE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)
   file(GLOB FUZZERS CONFIGURE_DEPENDS src/*/*_fuzz.cpp)

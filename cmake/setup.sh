@@ -1,6 +1,7 @@
 # shellcheck shell=bash
 # What both commands share: getting a bare Debian 12 ready, building, Wine prefixes and displays.
-# Sourced from the project's root with `set -euo pipefail`. Everything made lies below build/.
+# Sourced from the project's root with `set -euo pipefail`. Everything made lies below build/, but for
+# tests/page/node_modules: Node.js looks for modules only above the files that ask for them.
 
 readonly kBuild="$PWD/build"
 # shellcheck disable=SC2034  # each command takes the lists that it needs
@@ -11,8 +12,10 @@ readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool lib
 # shellcheck disable=SC2034
 readonly kTwoMonitorsPackages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils)
 # shellcheck disable=SC2034
-readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev clang libclang-rt-14-dev clang-format
-  clang-tidy shellcheck)
+readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev libcpp-httplib-dev libmicrohttpd-dev clang
+  libclang-rt-14-dev clang-format clang-tidy shellcheck)
+# shellcheck disable=SC2034
+readonly kPagePackages=(chromium nodejs fonts-liberation fonts-noto-cjk)
 
 say() { printf '%s\n' "$*" >&2; }
 
@@ -87,6 +90,18 @@ ensure_qrcodegen() {
     fail "$archive is not the file that was expected" "try again with another Debian mirror"
   tar -xzf "$state/$archive" -C "$target" --strip-components=1
   rm -rf "$state"
+}
+
+# What the tests of the remote's page import, at the versions of package-lock.json.
+ensure_page_modules() {
+  local folder=tests/page
+  [[ ! $folder/node_modules/.package-lock.json -nt $folder/package-lock.json ]] || return 0
+  # Some builds of Node.js bring npm along and exclude Debian's package of it.
+  command -v npm >/dev/null || ensure_packages npm
+  say "Fetching the modules of the page's tests"
+  logged npm "check the network and that npm can reach its registry" \
+    npm ci --prefix "$folder" --ignore-scripts --no-audit --no-fund
+  touch "$folder/node_modules/.package-lock.json"
 }
 
 configure() {

@@ -1,6 +1,8 @@
 #include "remote/hand_over.h"
 
 #include "core/app_fixture.h"
+#include "remote/controls.h"
+#include "remote/state.h"
 
 namespace mrl {
 namespace {
@@ -167,6 +169,32 @@ TEST_F(HandOverTest, ACommandWhoseClientHasGivenUpIsStillCarriedOut) {
   clock.advance(2400);
   onRemoteRequest(app, *requests.queued.front());
   EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(HandOverTest, ACommandIsAnsweredWithTheStateThatItLeft) {
+  const auto request = run("toggle");
+  EXPECT_EQ(request->response, buildStateJson(app));
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(HandOverTest, ControlsAreAnsweredWithTheControls) {
+  const auto request = run("controls");
+  EXPECT_EQ(request->status, 200);
+  EXPECT_EQ(request->response, controlsSnapshotJson(app));
+}
+
+TEST_F(HandOverTest, AFormThatIsRefusedIsAConflictAndChangesNothing) {
+  const Settings before = app.settings;
+  const auto request = make("controls-save");
+  request->body = "duration=abc";
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->status, 409);
+  EXPECT_TRUE(request->response.starts_with("{\"error\":\"")) << request->response;
+  EXPECT_TRUE(app.settings == before);
+}
+
+TEST_F(HandOverTest, TheInternalWordWithoutABodyIsRefused) {
+  EXPECT_EQ(run("controls-save")->status, 409);
 }
 
 TEST_F(HandOverTest, TheEndOfTheProgramLetsGoOfWhatIsQueuedAndRunsNoneOfIt) {

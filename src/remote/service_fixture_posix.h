@@ -21,6 +21,7 @@
 #include "remote/request_queue_posix.h"
 #include "remote/served_app_fake.h"
 #include "remote/sockets_posix.h"
+#include "settings/settings_file.h"
 
 namespace mrl {
 

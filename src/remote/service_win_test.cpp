@@ -18,6 +18,7 @@
 #include "remote/request_queue_win.h"
 #include "remote/served_app_fake.h"
 #include "remote/sockets_win.h"
+#include "settings/settings_file.h"
 
 namespace mrl {
 

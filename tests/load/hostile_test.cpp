@@ -34,6 +34,9 @@ class HostileRequests {
     for (int i = 0; i < 20; ++i) headers += "Origin: http://site.example\r\n";
     return headers;
   }
+  static std::string form(const std::string& body) {
+    return post("/api/controls", "Content-Length: " + std::to_string(body.size()) + "\r\n", body);
+  }
   static std::string rubbish() {
     std::string bytes;
     for (int i = 0; i < 3000; ++i) bytes += static_cast<char>(i * i + 7);
@@ -55,6 +58,9 @@ class HostileRequests {
       "POST /api/toggle HTTP/1.1\r\n\r\n",
       "POST /api/toggle HTTP/1.1\r\n" + siteOrigins() + "Host: localhost\r\n\r\n",
       "POST /api/controls HTTP/1.1\r\nHost: rebound.example\r\nContent-Length: 5\r\n\r\na=b&c",
+      form("duration=abcdef&down=maybe&opacity=-100&stale=stale"),
+      form("%zz%zz%zz%zz%zz%zz&&&&&&====&&&&duration"),
+      form(std::string(8192, '&')),
       "POST /api/controls HTTP/1.1\r\nHost: localhost\r\nTransfer-Encoding: chunked\r\n\r\n3\r\n",
       "POST /api/controls HTTP/1.1\r\nHost: localhost\r\nContent-Length: -2000000\r\n\r\n",
       "POST /api/controls HTTP/1.1\r\nHost: localhost\r\nContent-Length: 99999999999999\r\n\r\n",

@@ -1,0 +1,388 @@
+// The form of the advanced settings: its fields, and how a draft is kept, saved and refused.
+import assert from 'node:assert/strict';
+import { nextPoll, pageTest, shows, until } from './browser.js';
+import { someValues } from './service_fake.js';
+
+const stale = '电脑设置已更新。遥控端草稿已保留，请重新加载后确认。';
+const field = (name) => `#control-form [name="${name}"]`;
+const forms = (service) => service.asked('controls').filter(({ method }) => method === 'POST')
+  .map(({ body }) => Object.fromEntries(new URLSearchParams(body)));
+const draft = (page) => page.evaluate(() => ({
+  dirty: controlDirty, saving: controlSaving, pending: Object.fromEntries(controlPending),
+  invalid: [...controlInvalid],
+}));
+const clean = { dirty: false, saving: false, pending: {}, invalid: [] };
+
+async function openForm(page) {
+  await page.click('#settings-tab');
+  await shows(page, '#advanced-status', '已加载电脑当前参数。');
+  await page.click('#advanced summary');
+}
+
+function formTest(name, options, body) {
+  pageTest(name, options, async (page, service) => {
+    await openForm(page);
+    await body(page, service);
+  });
+}
+
+/** Sets a box from the outside as a finger does; the drawn switch moves, so no click may miss it. */
+const set = (page, name, on) => page.setChecked(field(name), on);
+
+const saved = (page) => shows(page, '#advanced-status', '设置已自动保存并生效。');
+
+const number = (minimum, maximum) => `number ${minimum} ${maximum}`;
+const stage = (number_) => Object.fromEntries(Object.entries({
+  enabled: ['启用提醒', 'checkbox'], advance: ['提前（秒）', number(0, 59999)],
+  blinkWindow: ['悬浮窗闪烁', 'checkbox'], blinkBackground: ['悬浮窗背景颜色闪烁', 'checkbox'],
+  sound: ['播放电脑已选提示音', 'checkbox'], blinkSeconds: ['闪烁时长（秒）', number(0, 3600)],
+  soundSeconds: ['音频时长（秒）', number(0, 3600)],
+}).map(([name, row]) => [`prompt${number_}.${name}`, row]));
+const expectedGroups = {
+  计时与动作: {
+    duration: ['基础时长（秒）', number(0, 59999)], down: ['倒计时', 'checkbox'],
+    perSlide: ['单页独立计时', 'checkbox'], hideNoDocument: ['无文档时隐藏', 'checkbox'],
+    hideZero: ['归零后隐藏', 'checkbox'], hideExcluded: ['排除文件时隐藏', 'checkbox'],
+    resetDelay: ['关闭文稿后延迟重置（秒）', number(0, 3600)], exitShow: ['到期退出放映', 'checkbox'],
+    black: ['到期黑屏并保留超时', 'checkbox'], blink: ['到期闪烁', 'checkbox'],
+    blinkSeconds: ['闪烁时长（0 为持续）', number(0, 3600)], sound: ['到期提示音', 'checkbox'],
+    soundSeconds: ['音频时长（0 为完整）', number(0, 3600)], switchPpt: ['到期切换电脑指定文稿', 'checkbox'],
+  },
+  外观: {
+    foreground: ['数字颜色', 'color'], background: ['背景颜色', 'color'], alert: ['警告闪烁颜色', 'color'],
+    opacity: ['背景不透明度（%）', number(10, 100)], transparent: ['纯文字模式', 'checkbox'],
+    shape: ['窗口形状', 'select-one 0 直角矩形,1 圆角矩形,2 极简椭圆'],
+    fontWeight: ['字体粗细', 'select-one 300 细,400 常规,700 粗,900 极粗'],
+    blinkOn: ['闪烁亮间隔（毫秒）', number(50, 10000)], blinkOff: ['闪烁暗间隔（毫秒）', number(50, 10000)],
+    machineTime: ['显示系统时钟', 'checkbox'],
+  },
+  '阶段 1 提醒': stage(1),
+  '阶段 2 提醒': stage(2),
+};
+
+formTest('the form has all 38 fields with their labels, kinds and ranges', {}, async (page) => {
+  const groups = await page.$$eval('.control-group', (all_) => Object.fromEntries(all_.map((group) => [
+    group.querySelector('h3').textContent,
+    Object.fromEntries([...group.querySelectorAll('label.control-field')].map((label_) => {
+      const input = label_.querySelector('input, select');
+      let kind = input.type;
+      if (input.required) kind += ` ${input.min} ${input.max}`;
+      if (input.options) kind += ' ' + [...input.options].map((option) => `${option.value} ${option.text}`);
+      return [input.name, [label_.querySelector('span').textContent, kind]];
+    })),
+  ])));
+  assert.deepEqual(groups, expectedGroups);
+  const names = Object.values(groups).flatMap(Object.keys);
+  assert.equal(names.length, 38);
+  assert.deepEqual([...names].sort(), Object.keys(someValues()).sort());
+});
+
+formTest('the form shows the values of the computer',
+  { prepare: (service) => { service.values = someValues({ background: 0x0a0b0c, opacity: 35, shape: 2, sound: true }); } },
+  async (page) => {
+    assert.equal(await page.inputValue(field('background')), '#0a0b0c');
+    assert.equal(await page.inputValue(field('opacity')), '35');
+    assert.equal(await page.inputValue(field('shape')), '2');
+    assert.equal(await page.isChecked(field('sound')), true);
+    assert.equal(await page.isChecked(field('black')), false);
+    assert.deepEqual(await draft(page), clean);
+  });
+
+pageTest('the settings are loaded at the first visit only, and a draft is kept', {}, async (page, service) => {
+  await openForm(page);
+  await page.$eval(field('opacity'), (input) => { input.id = 'same'; });
+  await page.click('#back-control');
+  await page.click('#settings-tab');
+  await nextPoll(page);  // what was asked for before it has arrived by then
+  assert.equal(service.asked('controls').length, 1);
+  assert.equal(await page.isVisible('#same'), true);
+
+  page.on('dialog', () => assert.fail('asked whether to give up the draft'));
+  await page.fill(field('opacity'), '5');
+  await page.click('#back-control');
+  await page.click('#settings-tab');
+  assert.equal(await page.inputValue(field('opacity')), '5');
+});
+
+pageTest('without a connection the settings are not asked for', { complaints: true }, async (page, service) => {
+  service.refusal = 'gone';
+  await page.clock.runFor(1000);
+  await shows(page, '#connection', '断线重连');
+  await page.click('#settings-tab');
+  assert.equal(service.asked('controls').length, 0);
+});
+
+pageTest('a failed load says why and is tried again at the next visit', { complaints: true },
+  async (page, service) => {
+    service.refuse(503, '暂时不可用');
+    await page.click('#settings-tab');
+    await shows(page, '#advanced-status', '暂时不可用');
+    service.refusal = null;
+    await page.click('#back-control');
+    await page.click('#settings-tab');
+    await shows(page, '#advanced-status', '已加载电脑当前参数。');
+  });
+
+formTest('a poll never touches the form', {}, async (page, service) => {
+  await page.fill(field('opacity'), '');
+  service.values.opacity = 50;
+  service.state.duration = 1;
+  await page.clock.runFor(3000);
+  assert.equal(await page.inputValue(field('opacity')), '');
+  assert.equal(service.asked('controls').length, 1);
+});
+
+formTest('a box is saved at once, with the complete form', {}, async (page, service) => {
+  await set(page, 'sound', true);
+  await shows(page, '#advanced-status', '正在应用…');
+  await page.clock.runFor(1);
+  await saved(page);
+  const expected = Object.fromEntries(
+    Object.entries(someValues({ sound: true })).map(([name, value]) => [name, String(Number(value))]));
+  assert.deepEqual(forms(service), [{ revision: '0000000000000001', ...expected }]);
+  assert.equal(service.asked('controls').at(-1).headers['content-type'], 'application/x-www-form-urlencoded');
+  assert.deepEqual(await draft(page), clean);
+});
+
+formTest('a choice is saved at once', {}, async (page, service) => {
+  await page.selectOption(field('fontWeight'), '900');
+  await page.clock.runFor(1);
+  await saved(page);
+  assert.equal(forms(service)[0].fontWeight, '900');
+});
+
+formTest('a number waits for 700 milliseconds without another key', {}, async (page, service) => {
+  await page.fill(field('opacity'), '4');
+  await page.fill(field('opacity'), '45');
+  await page.clock.runFor(690);
+  assert.equal(forms(service).length, 0);
+  await page.fill(field('opacity'), '46');
+  await page.clock.runFor(690);
+  assert.equal(forms(service).length, 0);
+  await page.clock.runFor(20);
+  await saved(page);
+  assert.deepEqual(forms(service).map(({ opacity }) => opacity), ['46']);
+});
+
+formTest('a colour is sent as a decimal number after the same wait', {}, async (page, service) => {
+  await page.fill(field('foreground'), '#0102ff');
+  await page.clock.runFor(690);
+  assert.equal(forms(service).length, 0);
+  await page.clock.runFor(20);
+  await saved(page);
+  assert.equal(forms(service)[0].foreground, String(0x0102ff));
+});
+
+formTest('a number and then a box go out together and at once', {}, async (page, service) => {
+  await page.fill(field('opacity'), '45');
+  await page.clock.runFor(300);
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await saved(page);
+  await page.clock.runFor(1000);
+  assert.deepEqual(forms(service).map(({ opacity, sound }) => [opacity, sound]), [['45', '1']]);
+});
+
+formTest('each save goes on from the revision of the one before', {}, async (page, service) => {
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await saved(page);
+  await set(page, 'sound', false);
+  await page.clock.runFor(1);
+  await until(async () => assert.equal(forms(service).length, 2));
+  await saved(page);
+  assert.deepEqual(forms(service).map(({ revision }) => revision), ['0000000000000001', '0000000000000002']);
+});
+
+for (const value of ['9', '101', '', '10.5']) {
+  formTest(`an opacity of "${value}" is not sent and does not block the others`, {}, async (page, service) => {
+    await page.fill(field('opacity'), value);
+    await shows(page, '#advanced-status', '输入无效，其他设置可继续使用。');
+    await page.clock.runFor(1000);
+    assert.equal(forms(service).length, 0);
+    assert.deepEqual(await draft(page), { ...clean, dirty: true, invalid: ['opacity'] });
+    await set(page, 'sound', true);
+    await page.clock.runFor(1);
+    await shows(page, '#advanced-status', '有效设置已生效；请修正无效输入。');
+    assert.deepEqual(forms(service).map(({ opacity, sound }) => [opacity, sound]), [['80', '1']]);
+    assert.equal(await page.inputValue(field('opacity')), value);
+
+    await page.fill(field('opacity'), '60');
+    await page.clock.runFor(700);
+    await saved(page);
+    assert.deepEqual(await draft(page), clean);
+  });
+}
+
+formTest('a value that turns invalid is taken back before it is sent', {}, async (page, service) => {
+  await page.fill(field('opacity'), '45');
+  await page.fill(field('opacity'), '450');
+  await page.clock.runFor(1000);
+  assert.equal(forms(service).length, 0);
+});
+
+formTest('turning the black screen on turns its rivals off',
+  { prepare: (service) => { service.values = someValues({ exitShow: true, switchPpt: true }); } },
+  async (page, service) => {
+    await set(page, 'black', true);
+    assert.equal(await page.isChecked(field('exitShow')), false);
+    assert.equal(await page.isChecked(field('switchPpt')), false);
+    await page.clock.runFor(1);
+    await saved(page);
+    const [{ black, exitShow, switchPpt }] = forms(service);
+    assert.deepEqual([black, exitShow, switchPpt], ['1', '0', '0']);
+  });
+
+for (const name of ['exitShow', 'switchPpt']) {
+  formTest(`turning ${name} on turns the black screen off`,
+    { prepare: (service) => { service.values = someValues({ black: true }); } }, async (page, service) => {
+      await set(page, name, true);
+      assert.equal(await page.isChecked(field('black')), false);
+      await page.clock.runFor(1);
+      await saved(page);
+      assert.deepEqual([forms(service)[0][name], forms(service)[0].black], ['1', '0']);
+    });
+}
+
+formTest('ending the show and changing the deck go together', {}, async (page, service) => {
+  await set(page, 'exitShow', true);
+  await set(page, 'switchPpt', true);
+  await page.clock.runFor(1);
+  await saved(page);
+  assert.deepEqual([service.values.exitShow, service.values.switchPpt], [true, true]);
+});
+
+formTest('turning the black screen off leaves its rivals alone', {
+  prepare: (service) => { service.values = someValues({ black: true }); },
+}, async (page) => {
+  await set(page, 'black', false);
+  assert.deepEqual((await draft(page)).pending, { black: '0' });
+});
+
+formTest('an edit during a save stays pending and goes out right after it', {}, async (page, service) => {
+  const release = service.hold();
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await until(async () => assert.equal(forms(service).length, 1));
+  await set(page, 'sound', false);
+  await page.fill(field('opacity'), '30');
+  release();
+  await until(async () => assert.equal((await draft(page)).saving, false));
+  assert.deepEqual((await draft(page)).pending, { sound: '0', opacity: '30' });
+  await page.clock.runFor(1);  // not the 700 milliseconds of a number
+  await until(async () => assert.deepEqual(await draft(page), clean));
+  assert.deepEqual(forms(service).map(({ revision, sound, opacity }) => [revision, sound, opacity]),
+    [['0000000000000001', '1', '80'], ['0000000000000002', '0', '30']]);
+});
+
+formTest('one save is in flight at a time', {}, async (page, service) => {
+  const release = service.hold();
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await set(page, 'blink', false);
+  await page.clock.runFor(1000);
+  await until(async () => assert.equal(forms(service).length, 1));
+  release();
+  await until(async () => assert.equal((await draft(page)).saving, false));
+  await page.clock.runFor(300);
+  await until(async () => assert.equal(forms(service).length, 2));
+  assert.equal(forms(service)[1].blink, '0');
+});
+
+formTest('a save waits for a command, 300 milliseconds at a time', {}, async (page, service) => {
+  const release = service.hold();
+  await page.click('[data-cmd=manual]');
+  await set(page, 'sound', true);
+  await page.clock.runFor(650);
+  assert.equal(forms(service).length, 0);
+  release();
+  await shows(page, '#message', '操作已完成');
+  await page.clock.runFor(300);
+  await saved(page);
+});
+
+formTest('a stale revision keeps the draft and is not tried again', { complaints: true },
+  async (page, service) => {
+    service.revision = 7;
+    await set(page, 'sound', true);
+    await page.clock.runFor(1);
+    await shows(page, '#advanced-status', stale + ' 输入已保留。');
+    assert.deepEqual(await draft(page), { ...clean, dirty: true, pending: { sound: '1' } });
+    assert.equal(await page.isChecked(field('sound')), true);
+    await page.clock.runFor(10_000);
+    assert.equal(forms(service).length, 1);
+  });
+
+formTest('what a failed save kept goes out with the next edit', { complaints: true }, async (page, service) => {
+  service.refusal = 'gone';
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await until(async () => assert.match(await page.textContent('#advanced-status'), / 输入已保留。$/));
+  service.refusal = null;
+  await set(page, 'blink', false);
+  await page.clock.runFor(1);
+  await saved(page);
+  assert.deepEqual(forms(service).map(({ sound, blink }) => [sound, blink]), [['1', '1'], ['1', '0']]);
+});
+
+for (const [type, body] of [['application/json', '{}'], ['text/plain', 'Bad request']]) {
+  formTest(`a refusal without a reason (${type}) says that saving failed`, { complaints: true },
+    async (page, service) => {
+      service.refusal = { status: 400, type, body };
+      await set(page, 'sound', true);
+      await page.clock.runFor(1);
+      await shows(page, '#advanced-status', '保存失败 输入已保留。');
+    });
+}
+
+formTest('a save without an answer gives up after four seconds and keeps the draft', { complaints: true },
+  async (page, service) => {
+    service.hold();
+    await set(page, 'sound', true);
+    await page.clock.runFor(1);
+    await page.clock.runFor(4100);
+    await until(async () => assert.match(await page.textContent('#advanced-status'), / 输入已保留。$/));
+    assert.deepEqual((await draft(page)).pending, { sound: '1' });
+  });
+
+formTest('reloading over a draft asks first', {}, async (page, service) => {
+  const questions = [];
+  let answer = false;
+  page.on('dialog', (dialog) => {
+    questions.push(dialog.message());
+    return answer ? dialog.accept() : dialog.dismiss();
+  });
+  await page.fill(field('opacity'), '5');
+  await page.click('#load-controls');
+  assert.deepEqual(questions, ['重新加载会放弃当前遥控端草稿，继续？']);
+  assert.equal(await page.inputValue(field('opacity')), '5');
+  assert.equal(service.asked('controls').length, 1);
+
+  answer = true;
+  await page.click('#load-controls');
+  await shows(page, '#advanced-status', '已加载电脑当前参数。');
+  assert.equal(await page.inputValue(field('opacity')), '80');
+  assert.deepEqual(await draft(page), clean);
+});
+
+formTest('reloading without a draft does not ask', {}, async (page, service) => {
+  service.values.opacity = 33;
+  await page.click('#load-controls');
+  await until(async () => assert.equal(await page.inputValue(field('opacity')), '33'));
+});
+
+formTest('what waited to be saved does not go out after a reload', {}, async (page, service) => {
+  page.on('dialog', (dialog) => dialog.accept());
+  await page.fill(field('opacity'), '45');
+  await page.click('#load-controls');
+  await until(async () => assert.equal(await page.inputValue(field('opacity')), '80'));
+  await page.clock.runFor(2000);
+  assert.equal(forms(service).length, 0);
+});
+
+formTest('the Enter key in a number does not send the form away', {}, async (page, service) => {
+  await page.focus(field('opacity'));
+  await page.keyboard.press('Enter');
+  assert.equal(new URL(page.url()).search, '');
+  assert.equal(service.requests.filter(({ method }) => method === 'POST').length, 0);
+});
