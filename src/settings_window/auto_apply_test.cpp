@@ -367,5 +367,16 @@ TEST_F(AutoApplyTest, TurningTheAutoStartOnStartsTheService) {
   EXPECT_EQ(status(), kApplied);
 }
 
+TEST_F(AutoApplyTest, AStartThatFailsLeavesTheSettingSavedAndHasTheLastWord) {
+  Settings off;
+  off.remoteAutoStart = false;
+  openWith(off);
+  view().click(kAutoStartCheck);
+  EXPECT_TRUE(saved().remoteAutoStart);
+  EXPECT_FALSE(app.remote.running);
+  EXPECT_NE(status(), kApplied);
+  EXPECT_FALSE(isPending(kAutoStartCheck));
+}
+
 }  // namespace
 }  // namespace mrl

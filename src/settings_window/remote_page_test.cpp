@@ -60,6 +60,13 @@ TEST_F(RemotePageTest, TheCodeGoesWithTheService) {
   EXPECT_EQ(view().text(kServiceButton), u"启动遥控服务");
 }
 
+TEST_F(RemotePageTest, AStartThatFailsHasTheLastWord) {
+  view().click(kServiceButton);
+  EXPECT_FALSE(app.remote.running);
+  EXPECT_NE(status(), u"遥控服务已启动；如无法连接请检查网络与防火墙规则。");
+  EXPECT_EQ(view().text(kServiceButton), u"启动遥控服务");
+}
+
 TEST_F(RemotePageTest, TheFirstAddressIsCopied) {
   serve();
   view().click(kCopyAddressButton);
