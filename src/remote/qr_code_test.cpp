@@ -1,0 +1,54 @@
+#include "remote/qr_code.h"
+
+#include <gtest/gtest.h>
+
+namespace mrl {
+namespace {
+
+TEST(QrCodeTest, AnAddressGivesASquareWithItsThreeFinders) {
+  QrMatrix matrix;
+  ASSERT_TRUE(encodeQrCode(u"http://192.168.1.10:22222/", matrix));
+  ASSERT_EQ(matrix.size(), 25u);  // version 2
+  for (const auto& row : matrix) EXPECT_EQ(row.size(), matrix.size());
+  const size_t last = matrix.size() - 7;
+  for (const auto& [top, left] : {std::pair<size_t, size_t>{0, 0}, {0, last}, {last, 0}}) {
+    EXPECT_TRUE(matrix[top][left]);
+    EXPECT_FALSE(matrix[top + 1][left + 1]);
+    EXPECT_TRUE(matrix[top + 3][left + 3]);
+  }
+  EXPECT_TRUE(matrix[matrix.size() - 8][8]);  // the module that is always dark
+}
+
+TEST(QrCodeTest, RowsAreNotColumns) {
+  QrMatrix matrix;
+  ASSERT_TRUE(encodeQrCode(u"http://127.0.0.1:22222/", matrix));
+  // The lower left has a finder, the lower right has none.
+  EXPECT_TRUE(matrix[matrix.size() - 1][0] && matrix[matrix.size() - 1][6]);
+  EXPECT_TRUE(matrix[0][matrix.size() - 1] && matrix[6][matrix.size() - 1]);
+}
+
+TEST(QrCodeTest, DifferentTextsGiveDifferentCodes) {
+  QrMatrix first;
+  QrMatrix second;
+  ASSERT_TRUE(encodeQrCode(u"http://10.0.0.1:22222/", first));
+  ASSERT_TRUE(encodeQrCode(u"http://10.0.0.2:22222/", second));
+  EXPECT_NE(first, second);
+}
+
+TEST(QrCodeTest, ATextThatIsTooLongGivesNoneAndThrowsNothing) {
+  QrMatrix matrix{{true}};
+  EXPECT_FALSE(encodeQrCode(std::u16string(3000, u'a'), matrix));
+  EXPECT_TRUE(matrix.empty());
+}
+
+TEST(QrCodeTest, ItStandsInTheMiddleWithWholePixels) {
+  EXPECT_EQ(placeQrCode(200, 200, 25), (QrPlace{6, 25, 25}));
+  EXPECT_EQ(placeQrCode(300, 200, 25), (QrPlace{6, 75, 25}));
+}
+
+TEST(QrCodeTest, AControlThatIsTooSmallStillGetsOnePixelAModule) {
+  EXPECT_EQ(placeQrCode(20, 20, 25), (QrPlace{1, -2, -2}));
+}
+
+}  // namespace
+}  // namespace mrl
