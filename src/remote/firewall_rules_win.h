@@ -1,9 +1,20 @@
+// See remote/firewall_rules.h.
 #pragma once
 
 #include "remote/firewall_rules.h"
 
 namespace mrl {
 
-class FirewallRulesWin : public FirewallRules {};
+/// REQUIRES: COM is initialised on the calling thread.
+class FirewallRulesWin : public FirewallRules {
+ public:
+  std::u16string programPath() override;
+  std::u16string systemFolder() override;
+  std::u16string expanded(const std::u16string& text) override;
+  RuleWalk forEach(const std::function<bool(const FirewallRule&)>& visit) override;
+  RuleSearch find(const std::u16string& name, FirewallRule& rule) override;
+  ElevatedRun runElevated(WindowHandle owner, const std::u16string& program,
+                          const std::u16string& arguments) override;
+};
 
 }  // namespace mrl

@@ -1,9 +1,15 @@
+// See remote/network.h.
 #pragma once
 
 #include "remote/network.h"
 
 namespace mrl {
 
-class NetworkWin : public Network {};
+/// REQUIRES: COM is initialised on the calling thread.
+class NetworkWin : public Network {
+ public:
+  ConnectionsResult connectedInterfaces(std::vector<uint32_t>& indices) override;
+  bool listAdapters(std::vector<NetworkAdapter>& adapters) override;
+};
 
 }  // namespace mrl
