@@ -118,9 +118,9 @@ build() {
     cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
-# use_prefix NAME DPI MANAGED: makes the Wine prefix once, and turns this shell to it. MANAGED is Y
-# where a window manager moves and activates windows, N where Wine does it all by itself, as Windows
-# does and as the tests expect.
+# use_prefix NAME DPI: makes the Wine prefix once, and turns this shell to it. Wine moves, stacks and
+# activates windows all by itself, as Windows does: a window manager would keep a full-screen show
+# above the black screen.
 use_prefix() {
   export WINEPREFIX="$kBuild/wine/$1" WINEARCH=win64 WINEDEBUG=-all
   export WINEDLLOVERRIDES='mscoree=;mshtml='  # neither is used, and each would ask to be fetched
@@ -146,7 +146,7 @@ REGEDIT4
 "csmt"=dword:00000000
 
 [HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]
-"Managed"="$3"
+"Managed"="N"
 REG
   logged "wine-$1-registry" "remove build/wine and run this again" \
     wine regedit /S "$(windows_path "$WINEPREFIX/setup.reg")"

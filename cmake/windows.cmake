@@ -43,8 +43,5 @@ if(SYSTEM_TESTS)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest)
 endif()
 
-add_executable(watch_clock tests/watch/watch_clock.cpp)
-target_link_options(watch_clock PRIVATE -municode)
-
 add_executable(marlune_paint_bench bench/clock_paint_bench_win.cpp)
 target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)
