@@ -14,9 +14,6 @@ namespace mrl {
 
 class AppFixture : public ::testing::Test, protected AppFake {
  protected:
-  /// A service that runs already is not started: no network is asked and no thread begins.
-  AppFixture() { app.remote.running = true; }
-
   static constexpr char16_t kDeck[] = u"C:\\talks\\demo.pptx";
   static constexpr char16_t kOtherDeck[] = u"C:\\talks\\other.pptx";
   static constexpr char16_t kSettingsPath[] = u"C:\\data\\settings.dat";
@@ -32,7 +29,11 @@ class AppFixture : public ::testing::Test, protected AppFake {
     ASSERT_TRUE(saveSettings(files(), kSettingsPath, settings, error));
     start();
   }
-  void start() { ASSERT_EQ(startApp(app, {}, kSettingsPath), std::nullopt); }
+  void start() {
+    app.remote.running = true;  // what runs already is not started: no network, no thread
+    ASSERT_EQ(startApp(app, {}, kSettingsPath), std::nullopt);
+    app.remote.running = false;
+  }
 
   /// Ticks as the window timer does, for `ms`.
   void runFor(uint64_t ms) {

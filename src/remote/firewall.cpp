@@ -11,7 +11,6 @@ namespace {
 
 constexpr char16_t kNotAuthorized[] = u"遥控服务尚未授权，请在远程遥控中点击启动服务。";
 constexpr char16_t kNoPathOrPort[] = u"无法确定程序路径或端口无效。";
-constexpr char16_t kNoRules[] = u"无法读取 Windows 防火墙规则。";
 constexpr char16_t kNoSearch[] = u"无法查询 Windows 防火墙规则。";
 constexpr char16_t kNoMemory[] = u"内存不足。";
 constexpr char16_t kNoDetails[] = u"无法读取防火墙规则详情。";
