@@ -42,6 +42,16 @@ void sortPaths(std::vector<std::u16string>& paths) {
             });
 }
 
+std::string idOf(const std::u16string& normal) {
+  uint64_t hash = kFnvOffsetBasis;
+  for (const char16_t unit : lowerCopy(normal)) {
+    hash = fnv1a(fnv1a(hash, unit & 0xFFU), unit >> 8U);
+  }
+  char digits[17];
+  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
+  return digits;
+}
+
 }  // namespace
 
 std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder) {
@@ -59,28 +69,20 @@ std::vector<std::u16string> listPresentations(Files& files, const std::u16string
 }
 
 std::string fileId(Files& files, const std::u16string& path) {
-  uint64_t hash = kFnvOffsetBasis;
-  for (const char16_t unit : lowerCopy(normalizePath(files, path))) {
-    hash = fnv1a(fnv1a(hash, unit & 0xFFU), unit >> 8U);
-  }
-  char digits[17];
-  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
-  return digits;
+  return idOf(normalizePath(files, path));
 }
 
-std::vector<std::u16string>::const_iterator findFile(Files& files,
-                                                     const std::vector<std::u16string>& list,
+std::vector<std::u16string>::const_iterator findFile(const std::vector<std::u16string>& list,
                                                      std::string_view id) {
   return std::find_if(list.begin(), list.end(),
-                      [&](const std::u16string& path) { return fileId(files, path) == id; });
+                      [&](const std::u16string& path) { return idOf(path) == id; });
 }
 
-PresentationFile presentationFile(Files& files, const Settings& settings,
-                                  const std::u16string& path) {
-  return {.id = fileId(files, path),
+PresentationFile presentationFile(const Settings& settings, const std::u16string& path) {
+  return {.id = idOf(path),
           .path = path,
           .name = path.substr(path.find_last_of(u"\\/") + 1),  // the whole path without either
-          .skip = isSkipped(files, settings, path)};
+          .skip = isSkipped(settings, path)};
 }
 
 void toggleSkip(Files& files, Settings& settings, const std::u16string& path) {

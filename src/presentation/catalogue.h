@@ -29,14 +29,13 @@ std::vector<std::u16string> listPresentations(Files& files, const std::u16string
 /// survive restarts and change with a move or a new name.
 std::string fileId(Files& files, const std::u16string& path);
 
-/// The first of `list` with that id, compared byte for byte, or the end.
-std::vector<std::u16string>::const_iterator findFile(Files& files,
-                                                     const std::vector<std::u16string>& list,
+/// The first of `list`, which listPresentations made, with that id, compared byte for byte, or the
+/// end.
+std::vector<std::u16string>::const_iterator findFile(const std::vector<std::u16string>& list,
                                                      std::string_view id);
 
 /// `path` comes from listPresentations.
-PresentationFile presentationFile(Files& files, const Settings& settings,
-                                  const std::u16string& path);
+PresentationFile presentationFile(const Settings& settings, const std::u16string& path);
 
 /// Puts a listed file on the list of those that are not timed, as the last one, or takes it off.
 void toggleSkip(Files& files, Settings& settings, const std::u16string& path);

@@ -188,35 +188,35 @@ TEST_F(CatalogueTest, TheIdKeepsItsLeadingZeros) {
 TEST_F(CatalogueTest, AFileIsFoundByItsId) {
   put({u"a.pptx", u"b.pptx", u"c.pptx"});
   const Paths all = list();
-  EXPECT_EQ(findFile(files, all, fileId(files, at(u"b.pptx"))), all.begin() + 1);
+  EXPECT_EQ(findFile(all, fileId(files, at(u"b.pptx"))), all.begin() + 1);
 }
 
 TEST_F(CatalogueTest, TheFirstOfTwoFilesWithTheSameIdIsFound) {
   const Paths all{at(u"a.pptx"), at(u"b.pptx"), at(u"B.pptx")};
-  EXPECT_EQ(findFile(files, all, fileId(files, at(u"b.pptx"))), all.begin() + 1);
+  EXPECT_EQ(findFile(all, fileId(files, at(u"b.pptx"))), all.begin() + 1);
 }
 
 TEST_F(CatalogueTest, TheFirstMatchEndsTheSearch) {
   const Paths all{at(u"a.pptx"), at(u"b.pptx")};
   const std::string id = fileId(files, all[0]);
   files.done.clear();
-  EXPECT_EQ(findFile(files, all, id), all.begin());
+  EXPECT_EQ(findFile(all, id), all.begin());
   for (const FilesFake::Step& step : files.done) EXPECT_NE(step.path, all[1]);
 }
 
 TEST_F(CatalogueTest, AnIdInCapitalsFindsNothing) {
   const Paths all{u"C:\\Talks\\demo.pptx"};
-  ASSERT_NE(findFile(files, all, "e4735fa962cd71cc"), all.end());
-  EXPECT_EQ(findFile(files, all, "E4735FA962CD71CC"), all.end());
+  ASSERT_NE(findFile(all, "e4735fa962cd71cc"), all.end());
+  EXPECT_EQ(findFile(all, "E4735FA962CD71CC"), all.end());
 }
 
 TEST_F(CatalogueTest, WhatIsNoIdFindsNothing) {
   const Paths all{u"C:\\Talks\\demo.pptx"};
   for (const char* id : {"", "e4735fa962cd71c", "e4735fa962cd71cc ", "0000000000000000"}) {
-    EXPECT_EQ(findFile(files, all, id), all.end()) << id;
+    EXPECT_EQ(findFile(all, id), all.end()) << id;
   }
   const Paths none;
-  EXPECT_EQ(findFile(files, none, "e4735fa962cd71cc"), none.end());
+  EXPECT_EQ(findFile(none, "e4735fa962cd71cc"), none.end());
 }
 
 // --- rows ---
@@ -227,19 +227,19 @@ TEST_F(CatalogueTest, ARowTellsIdPathNameAndWhetherItIsSkipped) {
                              .path = u"C:\\Talks\\demo.pptx",
                              .name = u"demo.pptx",
                              .skip = true};
-  EXPECT_EQ(presentationFile(files, settings, u"C:\\Talks\\demo.pptx"), row);
+  EXPECT_EQ(presentationFile(settings, u"C:\\Talks\\demo.pptx"), row);
 }
 
 TEST_F(CatalogueTest, ARowThatIsNotOnTheListIsNotSkipped) {
   settings.skipList = {at(u"other.pptx")};
-  EXPECT_FALSE(presentationFile(files, settings, at(u"demo.pptx")).skip);
+  EXPECT_FALSE(presentationFile(settings, at(u"demo.pptx")).skip);
 }
 
 TEST_F(CatalogueTest, TheNameStandsBehindTheLastSeparatorOfEitherKind) {
   for (const auto& [path, name] :
        {std::pair(u"C:\\a/b.pptx", u"b.pptx"), std::pair(u"/a\\b.pptx", u"b.pptx"),
         std::pair(u"b.pptx", u"b.pptx"), std::pair(u"C:\\a\\", u"")}) {
-    EXPECT_EQ(presentationFile(files, settings, path).name, name);
+    EXPECT_EQ(presentationFile(settings, path).name, name);
   }
 }
 

@@ -12,10 +12,13 @@ constexpr std::string_view kFixedHead =
     "\r\nReferrer-Policy: no-referrer"
     "\r\nConnection: close\r\n\r\n";
 
+constexpr size_t kHeadRoom = 512;  // more than what stands between status and body
+
 }  // namespace
 
 std::string responseBytes(const Answer& answer) {
   std::string bytes = "HTTP/1.1 " + std::to_string(answer.status) + " Response\r\nContent-Type: ";
+  bytes.reserve(bytes.size() + kHeadRoom + answer.body.size());
   bytes.append(answer.type).append("\r\nContent-Length: ");
   bytes.append(std::to_string(answer.body.size())).append(kFixedHead).append(answer.body);
   return bytes;

@@ -103,7 +103,7 @@ bool startShow(const Call& call) {
 bool findListed(const Call& call, std::u16string& path) {
   Files& files = call.app.platform.files;
   const auto list = listPresentations(files, call.app.settings.pptFolder);
-  const auto row = findFile(files, list, call.argument);
+  const auto row = findFile(list, call.argument);
   if (row == list.end()) {
     call.error = kFileGone;
     return false;

@@ -22,7 +22,7 @@ std::string filesJson(App& app) {
   std::string rows;
   Files& files = app.platform.files;
   for (const std::u16string& path : listPresentations(files, app.settings.pptFolder)) {
-    const PresentationFile file = presentationFile(files, app.settings, path);
+    const PresentationFile file = presentationFile(app.settings, path);
     if (!rows.empty()) rows += ',';
     rows += "{\"id\":\"" + file.id + "\",\"name\":" + jsonString(file.name) +
             ",\"skip\":" + jsonBoolean(file.skip) + '}';

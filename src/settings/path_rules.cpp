@@ -79,7 +79,10 @@ bool titleNamesDocument(std::u16string_view title, std::u16string_view path) {
 }
 
 bool isSkipped(Files& files, const Settings& settings, const std::u16string& path) {
-  const std::u16string normal = normalizePath(files, path);
+  return isSkipped(settings, normalizePath(files, path));
+}
+
+bool isSkipped(const Settings& settings, const std::u16string& normal) {
   return std::any_of(settings.skipList.begin(), settings.skipList.end(),
                      [&](const std::u16string& entry) { return samePath(normal, entry); });
 }

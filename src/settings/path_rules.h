@@ -26,5 +26,7 @@ bool titleNamesDocument(std::u16string_view title, std::u16string_view path);
 
 /// Whether `path` is in the list of files that are excluded from timing.
 bool isSkipped(Files& files, const Settings& settings, const std::u16string& path);
+/// The same for a path that is normalised already, without asking the file system again.
+bool isSkipped(const Settings& settings, const std::u16string& normal);
 
 }  // namespace mrl

@@ -33,7 +33,7 @@ std::u16string selectedPath(App& app) {
 std::vector<std::u16string> listRows(App& app) {
   std::vector<std::u16string> rows;
   for (const std::u16string& path : app.form.filePaths) {
-    const PresentationFile file = presentationFile(app.platform.files, app.form.settings, path);
+    const PresentationFile file = presentationFile(app.form.settings, path);
     rows.push_back((file.skip ? kSkipped : kTimed) + file.name);
   }
   return rows;
