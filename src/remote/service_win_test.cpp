@@ -15,6 +15,7 @@
 #include "core/unique_handle.h"
 #include "remote/hand_over.h"
 #include "remote/ipv4.h"
+#include "remote/raw_client_win.h"
 #include "remote/request_queue_win.h"
 #include "remote/served_app_fake.h"
 #include "remote/sockets_win.h"
@@ -22,16 +23,8 @@
 
 namespace mrl {
 
-using Socket = SOCKET;
-constexpr Socket kNoSocket = INVALID_SOCKET;
-using SocketLimit = DWORD;
-constexpr int kSendFlags = 0;
-constexpr int kStopSending = SD_SEND;
 using PlatformSockets = SocketsWin;
 using PlatformClock = ClockWin;
-
-inline void closeSocket(Socket socket) { closesocket(socket); }
-inline SocketLimit socketLimit(uint32_t ms) { return ms; }
 
 struct WindowTraits {
   static HWND none() { return nullptr; }

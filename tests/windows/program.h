@@ -55,6 +55,8 @@ class Program {
   /// Waits for the end of the process; false when it does not come.
   [[nodiscard]] bool waitForEnd(DWORD& exitCode);
 
+  /// Where the program keeps what it keeps.
+  const std::wstring& folder() const { return root.path(); }
   std::wstring settingsPath() const { return root.path() + L"\\settings.dat"; }
   std::string settingsBytes() const;
   Settings settings() const;

@@ -1,0 +1,25 @@
+// The peer of the tests over Winsock. REQUIRES: Winsock is started when one is made.
+#pragma once
+
+#include <winsock2.h>
+
+#include <string>
+#include <string_view>
+
+#include "core/unique_handle.h"
+#include "remote/ipv4.h"
+
+namespace mrl {
+
+using Socket = SOCKET;
+constexpr Socket kNoSocket = INVALID_SOCKET;
+using SocketLimit = DWORD;
+constexpr int kSendFlags = 0;
+constexpr int kStopSending = SD_SEND;
+
+inline void closeSocket(Socket socket) { closesocket(socket); }
+inline SocketLimit socketLimit(uint32_t ms) { return ms; }
+
+}  // namespace mrl
+
+#include "remote/raw_client.inc"
