@@ -36,6 +36,8 @@ if(STANDIN)
   endforeach()
 endif()
 
+add_executable(netsh tests/netsh/netsh.cpp)
+
 file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
 if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
