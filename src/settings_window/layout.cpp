@@ -269,9 +269,8 @@ void layoutPage(App& app) {
   for (const Control& control : allControls()) {
     view.setVisible(control.id, control.page == kEveryPage || control.page == app.form.page);
   }
-  view.setScrollInfo(Bar::Page, {.last = layout.extent - 1,
-                                 .page = layout.paneHeight,
-                                 .position = layout.scroll});
+  view.setScrollInfo(
+      Bar::Page, {.last = layout.extent - 1, .page = layout.paneHeight, .position = layout.scroll});
   refreshPreview(app);
   view.redrawAll();
 }

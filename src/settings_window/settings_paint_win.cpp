@@ -62,11 +62,6 @@ bool isTitle(int id) {
 
 bool isReadOnly(HWND edit) { return (GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY) != 0; }
 
-RECT inset(RECT rect, int by) {
-  InflateRect(&rect, -by, -by);
-  return rect;
-}
-
 std::wstring rowText(const DRAWITEMSTRUCT& item, UINT lengthMessage, UINT textMessage) {
   const LRESULT length = SendMessageW(item.hwndItem, lengthMessage, item.itemID, 0);
   if (length <= 0) return {};
@@ -171,8 +166,8 @@ void SettingsLook::paintQrCode(HWND window, const QrMatrix& matrix) {
   FillRect(paint.dc, &paint.client, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
   if (matrix.empty()) return;
   const auto black = static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH));
-  const QrPlace place = placeQrCode(paint.client.right, paint.client.bottom,
-                                    static_cast<int>(matrix.size()));
+  const QrPlace place =
+      placeQrCode(paint.client.right, paint.client.bottom, static_cast<int>(matrix.size()));
   const int side = place.modulePixels;
   int top = place.top;
   for (const std::vector<bool>& row : matrix) {
@@ -273,9 +268,8 @@ void SettingsLook::drawFileRow(const DRAWITEMSTRUCT& item) const {
     drawLine(dc, at(4, 9), at(7, 12), kWhite, scale(2));
     drawLine(dc, at(7, 12), at(14, 5), kWhite, scale(2));
   }
-  drawText(dc, L"跳过计时",
-           {boxLeft + scale(26), row.top, row.right - scale(8), row.bottom}, body.get(), kInk,
-           kOneLine);
+  drawText(dc, L"跳过计时", {boxLeft + scale(26), row.top, row.right - scale(8), row.bottom},
+           body.get(), kInk, kOneLine);
 }
 
 HBRUSH SettingsLook::controlColours(UINT message, HDC dc, HWND control) const {

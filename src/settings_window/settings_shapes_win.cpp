@@ -1,7 +1,7 @@
 #include "settings_window/settings_shapes_win.h"
 
-#include <algorithm>
 #include <objbase.h>
+#include <algorithm>
 // After <objbase.h>, which it leans on.
 #include <gdiplus.h>
 
@@ -91,7 +91,7 @@ class GlyphPen {
         side(static_cast<float>(place.right - place.left)),
         colour(glyphColour),
         pen(penOf(glyphColour, std::max(side / 12, 1.4F))) {
-      GdipSetPenLineCap197819(pen.get(), Gdiplus::LineCapRound, Gdiplus::LineCapRound,
+    GdipSetPenLineCap197819(pen.get(), Gdiplus::LineCapRound, Gdiplus::LineCapRound,
                             Gdiplus::DashCapRound);
   }
   void line(float x1, float y1, float x2, float y2) {
