@@ -6,7 +6,7 @@ add_link_options(-static)
 add_library(marlune_edges STATIC ${EDGES_WIN})
 target_link_libraries(
   marlune_edges PUBLIC marlune_logic ole32 oleaut32 uuid user32 gdi32 shell32 comctl32 d2d1 dwrite
-                       shlwapi winmm ws2_32 bcrypt iphlpapi)
+                       shlwapi winmm ws2_32 gdiplus uxtheme dwmapi comdlg32 bcrypt iphlpapi)
 
 if(EXISTS ${CMAKE_SOURCE_DIR}/src/main_win.cpp)
   enable_language(RC)

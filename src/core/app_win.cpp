@@ -54,14 +54,17 @@ AppWin::AppWin(HINSTANCE programInstance)
       resizeToolbar(programInstance, this, clockWindow),
       blackScreen(programInstance, this),
       tray(programInstance, clockWindow),
+      settingsView(programInstance, this, app.form),
       app({clock, files, automation, windows, screens, *this, clockWindow, resizeToolbar,
            blackScreen, audio, tray, menu, shell, settingsView, sockets, requests, serviceHost,
-           network, firewall}) {}
+           network, firewall}),
+      settingsMessages(app, settingsView, painter) {}
 
 int AppWin::run(const std::vector<std::u16string>& arguments) {
   if (const auto exitCode = startApp(app, arguments, settingsPath())) return *exitCode;
   MSG message{};
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (settingsMessages.takesFromLoop(message)) continue;
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }
@@ -71,7 +74,7 @@ int AppWin::run(const std::vector<std::u16string>& arguments) {
 
 LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_DPICHANGED: moveToSuggestedRect(window, lParam); return 0;
+    case WM_DPICHANGED: moveToSuggestedRect(window, lParam); break;
     case WM_MEASUREITEM:
       if (measureMenuItem(window, *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
       break;
@@ -85,7 +88,8 @@ LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
   if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);
   if (isClass(window, kResizeClass)) return handleToolbarMessage(window, message, wParam, lParam);
   if (isClass(window, kBlackClass)) return handleBlackMessage(window, message, wParam, lParam);
-  return DefWindowProcW(window, message, wParam, lParam);
+  if (const auto result = settingsMessages.handle(window, message, wParam, lParam)) return *result;
+  return message == WM_DPICHANGED ? 0 : DefWindowProcW(window, message, wParam, lParam);
 }
 
 LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -107,6 +111,7 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       info->ptMaxTrackSize = {limits.largest.width, limits.largest.height};
       return 0;
     }
+    case WM_DPICHANGED: return 0;
     case WM_WINDOWPOSCHANGED: placeToolbar(app); break;
     case WM_NCHITTEST: {
       const CornerHit hit = clockHitTest(app, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});

@@ -23,6 +23,7 @@
 #include "remote/service_host_win.h"
 #include "remote/sockets_win.h"
 #include "settings/files_win.h"
+#include "settings_window/settings_messages_win.h"
 #include "settings_window/settings_view_win.h"
 
 namespace mrl {
@@ -75,6 +76,7 @@ class AppWin : private MainLoop {
   FirewallRulesWin firewall;
   ClockPainterWin painter;
   App app;
+  SettingsMessagesWin settingsMessages;
 };
 
 }  // namespace mrl

@@ -14,6 +14,8 @@ class PaintScope {
   PaintScope& operator=(const PaintScope&) = delete;
   ~PaintScope() { EndPaint(window, &paint); }
 
+  [[nodiscard]] HDC dc() const { return paint.hdc; }
+
  private:
   HWND window;
   PAINTSTRUCT paint{};
@@ -80,16 +82,14 @@ void ClockPainterWin::paintPreview(HWND window, const ClockPicture& picture) {
   const Size size = clientSize(window);
   if (isEmpty(size)) return;
   const int dpi = dpiOf(window);
-  const D2D1_SIZE_U pixels{static_cast<UINT32>(size.width), static_cast<UINT32>(size.height)};
   if (!previewTarget) {
-    const D2D1_RENDER_TARGET_PROPERTIES properties = softwareTarget({}, dpi);
-    const D2D1_HWND_RENDER_TARGET_PROPERTIES onWindow{window, pixels, D2D1_PRESENT_OPTIONS_NONE};
-    if (FAILED(
-            drawingFactory->CreateHwndRenderTarget(&properties, &onWindow, previewTarget.put()))) {
-      return;
-    }
+    const D2D1_RENDER_TARGET_PROPERTIES properties =
+        softwareTarget({DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_IGNORE}, dpi);
+    if (FAILED(drawingFactory->CreateDCRenderTarget(&properties, previewTarget.put()))) return;
   }
-  previewTarget->Resize(&pixels);
+  // Into the paint's own context: the preview lies in a pane that the system composes.
+  const RECT box{0, 0, size.width, size.height};
+  if (FAILED(previewTarget->BindDC(paint.dc(), &box))) return;
   if (renderClock(*previewTarget, *fonts, picture, size, dpi)) previewTarget.reset();
 }
 

@@ -36,7 +36,7 @@ class ClockPainterWin {
   ComRef<IDWriteFactory> fonts;
   ClockBitmap clockBitmap;
   ComRef<ID2D1DCRenderTarget> clockTarget;
-  ComRef<ID2D1HwndRenderTarget> previewTarget;
+  ComRef<ID2D1DCRenderTarget> previewTarget;
 };
 
 }  // namespace mrl

@@ -5,10 +5,32 @@
 
 namespace mrl {
 
+/// A page laid out for one window; all in pixels.
+struct PageLayout {
+  std::vector<Placement> frame;  // on the window, the pane among them
+  std::vector<Placement> page;   // on the pane, scrolled
+  Cards cards;                   // on the pane, scrolled
+  int extent = 0;                // the height of the whole page
+  int paneHeight = 0;
+  int scroll = 0;  // what was asked for, within the range
+};
+
+/// `page` is 0 to 4, `client` the window's. Pure.
+PageLayout layOut(Size client, int dpi, int page, int scroll);
+
 /// Places everything anew for the window's present size and DPI.
 void layoutPage(App& app);
 
 /// Scrolls the page; a position outside the range counts as its nearer end. Pixels.
 void scrollTo(App& app, int position);
+
+enum class PageScroll { LineUp, LineDown, PageUp, PageDown, Track, Top, Bottom };
+/// The page's scroll bar.
+void scrollPage(App& app, PageScroll step);
+/// The mouse wheel; 120 is a notch, positive is away from the user. Parts of a pixel add up.
+void turnWheel(App& app, int delta);
+
+/// The window came to a monitor of another DPI.
+void onSettingsDpiChanged(App& app);
 
 }  // namespace mrl

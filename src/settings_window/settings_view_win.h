@@ -1,55 +1,84 @@
-// The window itself is still to come: until then it can't be opened.
+// The settings window of the system: see settings_view.h. Its painting is SettingsLook's, what its
+// messages mean is told in settings_messages_win.h.
 #pragma once
 
+#include <windows.h>
+
+#include <map>
+
+#include "settings_window/control_table.h"
+#include "settings_window/settings_paint_win.h"
 #include "settings_window/settings_view.h"
 
 namespace mrl {
 
 class SettingsViewWin : public SettingsView {
  public:
-  bool create(const Rect& /*rect*/) override { return false; }
-  bool isOpen() const override { return false; }
-  WindowHandle handle() const override { return {}; }
-  void destroy() override {}
-  void show() override {}
-  void restore() override {}
-  std::u16string text(int /*id*/) override { return {}; }
-  void setText(int /*id*/, const std::u16string& /*text*/) override {}
-  bool isChecked(int /*id*/) override { return false; }
-  void setChecked(int /*id*/, bool /*checked*/) override {}
-  int row(int /*id*/) override { return -1; }
-  void setRow(int /*id*/, int /*row*/) override {}
-  void setListRows(int /*id*/, const std::vector<std::u16string>& /*rows*/) override {}
-  int topRow(int /*id*/) override { return 0; }
-  void setTopRow(int /*id*/, int /*row*/) override {}
-  bool hasFocus(int /*id*/) override { return false; }
-  void focus(int /*id*/) override {}
-  void enable(int /*id*/, bool /*enabled*/) override {}
-  bool mark(int /*id*/, Mark /*mark*/) override { return false; }
-  void setMark(int /*id*/, Mark /*mark*/, bool /*on*/) override {}
-  void redrawFrame(int /*id*/) override {}
-  void invalidate(int /*id*/) override {}
-  int dpi() const override { return kUnitsPerInch; }
-  Size clientSize() const override { return {}; }
-  Rect rectOf(int /*id*/) override { return {}; }
-  void place(std::span<const Placement> /*placements*/) override {}
-  void setVisible(int /*id*/, bool /*visible*/) override {}
-  ScrollInfo scrollInfo(Bar /*bar*/) override { return {}; }
-  void setScrollInfo(Bar /*bar*/, const ScrollInfo& /*info*/) override {}
-  void redrawAll() override {}
-  void redrawPane() override {}
-  Size previewHostSize() override { return {}; }
-  void placePreview(const Rect& /*rect*/) override {}
-  bool askYesNo(const std::u16string& /*text*/, const std::u16string& /*title*/,
-                DialogIcon /*icon*/) override {
-    return false;
-  }
-  void inform(const std::u16string& /*text*/, const std::u16string& /*title*/,
-              DialogIcon /*icon*/) override {}
-  std::u16string pickFolder() override { return {}; }
-  std::u16string pickFile(FileFilter /*filter*/) override { return {}; }
-  bool pickColour(uint32_t& /*colour*/, CustomColours& /*custom*/) override { return false; }
-  bool copyText(const std::u16string& /*text*/) override { return false; }
+  /// `owner` is what the window classes' procedure expects. The form must outlive this.
+  SettingsViewWin(HINSTANCE programInstance, void* owner, const SettingsForm& form)
+      : look(form), instance(programInstance), creationParameter(owner) {}
+
+  bool create(const Rect& rect) override;
+  bool isOpen() const override { return window != nullptr; }
+  WindowHandle handle() const override;
+  void destroy() override;
+  void show() override;
+  void restore() override;
+  std::u16string text(int id) override;
+  void setText(int id, const std::u16string& text) override;
+  bool isChecked(int id) override;
+  void setChecked(int id, bool checked) override;
+  int row(int id) override;
+  void setRow(int id, int row) override;
+  void setListRows(int id, const std::vector<std::u16string>& rows) override;
+  int topRow(int id) override;
+  void setTopRow(int id, int row) override;
+  bool hasFocus(int id) override;
+  void focus(int id) override;
+  void enable(int id, bool enabled) override;
+  bool mark(int id, Mark mark) override;
+  void setMark(int id, Mark mark, bool on) override;
+  void redrawFrame(int id) override;
+  void invalidate(int id) override;
+  int dpi() const override;
+  Size clientSize() const override;
+  Rect rectOf(int id) override;
+  void place(std::span<const Placement> placements) override;
+  void setVisible(int id, bool visible) override;
+  ScrollInfo scrollInfo(Bar bar) override;
+  void setScrollInfo(Bar bar, const ScrollInfo& info) override;
+  void redrawAll() override;
+  void redrawPane() override;
+  Size previewHostSize() override;
+  void placePreview(const Rect& rect) override;
+  bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override;
+  void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override;
+  std::u16string pickFolder() override;
+  std::u16string pickFile(FileFilter filter) override;
+  bool pickColour(uint32_t& colour, CustomColours& custom) override;
+  bool copyText(const std::u16string& text) override;
+
+  /// Null without a window or a control of that number; the pane for kContentPane.
+  [[nodiscard]] HWND control(int id) const;
+  [[nodiscard]] HWND topWindow() const { return window; }
+  [[nodiscard]] const SettingsLook& painter() const { return look; }
+  /// The window came to a monitor of another DPI.
+  void adoptDpi();
+  /// The system took the window away.
+  void onDestroyed();
+
+ private:
+  bool createControl(const Control& row);
+  void adorn(HWND made, const Control& row) const;
+  void applyFont(HWND made, int id) const;
+  void placeOne(const Placement& placement) const;
+  LRESULT send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+
+  SettingsLook look;
+  HINSTANCE instance;
+  void* creationParameter;
+  HWND window = nullptr;
+  std::map<int, HWND> controls;  // the pane among them
 };
 
 }  // namespace mrl

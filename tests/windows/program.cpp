@@ -24,15 +24,22 @@ std::string bytesOf(const std::wstring& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The clock of that process; null while it has none.
-HWND clockOf(DWORD processId) {
+/// The window of that class and title in that process; null while it has none.
+HWND windowOf(DWORD processId, const wchar_t* className, const wchar_t* title) {
   HWND found = nullptr;
-  while ((found = FindWindowExW(nullptr, found, kTimerClass, L"Marlune")) != nullptr) {
+  while ((found = FindWindowExW(nullptr, found, className, title)) != nullptr) {
     DWORD owner = 0;
     GetWindowThreadProcessId(found, &owner);
     if (owner == processId) return found;
   }
   return nullptr;
+}
+
+HWND clockOf(DWORD processId) { return windowOf(processId, kTimerClass, L"Marlune"); }
+
+HWND settingsOf(DWORD processId) {
+  const HWND found = windowOf(processId, kSettingsClass, nullptr);
+  return IsWindowVisible(found) ? found : nullptr;
 }
 
 /// Wine lets a button that only SendInput holds go up again at the next sight of the X server's own
@@ -85,7 +92,7 @@ void Program::prepareBytes(const std::string& bytes) const {
   std::ofstream(std::filesystem::path(settingsPath()), std::ios::binary) << bytes;
 }
 
-bool Program::start(const std::wstring& arguments) {
+bool Program::start(const std::wstring& arguments, Opening opening) {
   std::wstring line = L"\"" + standin::executableFolder() + L"marlune.exe\" " + arguments +
                       L" \"--test-root=" + root.path() + L"\"";
   STARTUPINFOW startup{};
@@ -99,7 +106,17 @@ bool Program::start(const std::wstring& arguments) {
   const std::string id = std::to_string(started.dwProcessId);
   if (!waitUntil([&] { return bytesOf(root.path() + L"\\ready.txt") == id; }, 30'000)) return false;
   window = clockOf(started.dwProcessId);
+  processId = started.dwProcessId;
+  if (!waitUntil([&] { return settingsWindow() != nullptr; })) return false;
+  if (opening == Opening::Closed && !closeSettings()) return false;
   return window != nullptr && waitUntil([&] { return !text().empty(); });
+}
+
+HWND Program::settingsWindow() const { return settingsOf(processId); }
+
+bool Program::closeSettings() const {
+  PostMessageW(settingsWindow(), WM_CLOSE, 0, 0);
+  return waitUntil([&] { return settingsWindow() == nullptr; });
 }
 
 RECT Program::rect() const {

@@ -34,8 +34,15 @@ class Program {
   void prepare(const Settings& settings) const;
   /// Puts `bytes` there instead.
   void prepareBytes(const std::string& bytes) const;
+  /// What becomes of the settings window, which opens at every start.
+  enum class Opening { Closed, Kept };
   /// Starts it and waits until it is up. `arguments` stand before the one that names the test root.
-  [[nodiscard]] bool start(const std::wstring& arguments = L"");
+  [[nodiscard]] bool start(const std::wstring& arguments = L"", Opening opening = Opening::Closed);
+
+  /// Null while it is not shown.
+  HWND settingsWindow() const;
+  /// Closes it and waits until it is gone; false when it stays.
+  [[nodiscard]] bool closeSettings() const;
 
   HWND clock() const { return window; }
   RECT rect() const;
@@ -64,6 +71,7 @@ class Program {
  private:
   TemporaryFolder root;
   HANDLE process = nullptr;
+  DWORD processId = 0;
   HWND window = nullptr;
 };
 

@@ -1,0 +1,111 @@
+#include "settings_window/layout.h"
+
+#include <gtest/gtest.h>
+
+#include "settings_window/settings_fixture.h"
+
+namespace mrl {
+namespace {
+
+Rect rectIn(const std::vector<Placement>& placements, int id) {
+  const auto found = std::ranges::find(placements, id, &Placement::id);
+  return found == placements.end() ? Rect{} : found->rect;
+}
+
+bool overlap(const Rect& a, const Rect& b) {
+  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+}
+
+/// A combo's height counts its list, which lies over whatever is below it.
+Rect closed(const Placement& placement, int dpi) {
+  Rect rect = placement.rect;
+  if (findControl(placement.id)->kind == ControlKind::Combo) {
+    rect.bottom = rect.top + toPixels(38, dpi);
+  }
+  return rect;
+}
+
+TEST(LayoutTest, EveryControlOfAPageHasItsPlaceAtEveryDpi) {
+  for (const int dpi : {96, 144, 192}) {
+    for (const Control& control : allControls()) {
+      if (!isOnPane(control) || control.kind == ControlKind::Preview) continue;
+      const PageLayout layout = layOut({1024, 700}, dpi, control.page, 0);
+      EXPECT_GT(rectIn(layout.page, control.id).width(), 0) << control.id;
+    }
+  }
+}
+
+TEST(LayoutTest, NoTwoControlsOfAPageOverlap) {
+  for (const int dpi : {96, 144, 192}) {
+    for (const int width : {700, 900, 1024, 1600}) {
+      for (int page = 0; page < kPageCount; ++page) {
+        const Size client{toPixels(width, dpi), toPixels(700, dpi)};
+        const PageLayout layout = layOut(client, dpi, page, 0);
+        for (const Placement& a : layout.page) {
+          for (const Placement& b : layout.page) {
+            if (a.id >= b.id) continue;
+            EXPECT_FALSE(overlap(closed(a, dpi), closed(b, dpi)))
+                << a.id << " and " << b.id << " at " << dpi << ", " << width;
+          }
+        }
+      }
+    }
+  }
+}
+
+TEST(LayoutTest, AControlIsScaledForTheMonitor) {
+  const PageLayout layout = layOut({2048, 1400}, 192, 0, 0);
+  EXPECT_EQ(rectIn(layout.page, kMinutesBox), (Rect{80, 176, 280, 288}));
+  EXPECT_EQ(rectIn(layout.frame, kContentPane), (Rect{400, 332, 2016, 1236}));
+}
+
+TEST(LayoutTest, ANarrowWindowKeepsThePaneAtItsSmallestWidth) {
+  const PageLayout layout = layOut({700, 700}, 96, 0, 0);
+  EXPECT_EQ(rectIn(layout.frame, kContentPane).width(), 600);
+}
+
+TEST(LayoutTest, TheStagesStandSideBySideFromTheWidthOfCardsOf660) {
+  EXPECT_EQ(layOut({907, 700}, 96, 2, 0).extent, 908);
+  const PageLayout wide = layOut({908, 700}, 96, 2, 500);
+  EXPECT_EQ(wide.extent, 454);
+  EXPECT_EQ(wide.scroll, 2);
+  EXPECT_EQ(wide.cards[0].top, wide.cards[1].top);
+}
+
+class LayoutScrollTest : public SettingsFixture {};
+
+TEST_F(LayoutScrollTest, ANotchOfTheWheelMovesThePageBy56Units) {
+  turnWheel(app, -120);
+  EXPECT_EQ(app.form.scrollPosition, 56);
+  EXPECT_EQ(view().rectOf(kTimingTitle).top, 20 - 56);
+  EXPECT_EQ(app.form.cards.front().top, -56);
+}
+
+TEST_F(LayoutScrollTest, PartsOfAPixelOfTheWheelAddUp) {
+  turnWheel(app, -1);
+  EXPECT_EQ(app.form.scrollPosition, 0);
+  turnWheel(app, -2);
+  EXPECT_EQ(app.form.scrollPosition, 1);
+}
+
+TEST_F(LayoutScrollTest, ThePageStopsAtItsEnds) {
+  scrollPage(app, PageScroll::Bottom);
+  EXPECT_EQ(app.form.scrollPosition, 916 - (740 - 248));
+  scrollPage(app, PageScroll::LineUp);
+  EXPECT_EQ(app.form.scrollPosition, 916 - (740 - 248) - 56);
+  scrollPage(app, PageScroll::Top);
+  EXPECT_EQ(app.form.scrollPosition, 0);
+  scrollPage(app, PageScroll::PageDown);
+  EXPECT_EQ(app.form.scrollPosition, (740 - 248) * 3 / 4);
+}
+
+TEST_F(LayoutScrollTest, OnlyThePresentPageIsShown) {
+  selectPage(app, 2);
+  EXPECT_TRUE(view().hidden.contains(kMinutesBox));
+  EXPECT_TRUE(view().hidden.contains(kTabs));
+  EXPECT_FALSE(view().hidden.contains(kFirstStageTitle));
+  EXPECT_FALSE(view().hidden.contains(kTimerLine));
+}
+
+}  // namespace
+}  // namespace mrl

@@ -1,0 +1,168 @@
+// How the settings window comes to be: see settings_view_win.h.
+#include <windows.h>
+// After <windows.h>, which they lean on.
+#include <commctrl.h>
+#include <dwmapi.h>
+#include <uxtheme.h>
+
+#include "core/geometry_win.h"
+#include "core/wide_win.h"
+#include "core/window_classes_win.h"
+#include "settings_window/control_ids.h"
+#include "settings_window/settings_shapes_win.h"
+#include "settings_window/settings_subclass_win.h"
+#include "settings_window/settings_view_win.h"
+#include "settings_window/settings_window.h"
+
+namespace mrl {
+namespace {
+
+constexpr int kUnplaced = 10;  // the layout gives every control its place
+constexpr int kComboRowUnits = 32;
+constexpr int kFileRowUnits = 54;
+constexpr DWORD kCornerAttribute = 33;  // of a window of the desktop's; older systems know none
+constexpr DWORD kRoundCorners = 2;
+
+struct SystemControl {
+  const wchar_t* className;
+  DWORD style = 0;
+};
+
+SystemControl systemControl(const Control& row) {
+  constexpr DWORD kEdit = ES_AUTOHSCROLL;
+  switch (row.kind) {
+    case ControlKind::Tabs: return {WC_TABCONTROLW};
+    case ControlKind::Section:
+    case ControlKind::Button: return {L"BUTTON", BS_PUSHBUTTON};
+    case ControlKind::Check: return {L"BUTTON", BS_AUTOCHECKBOX};
+    case ControlKind::Radio: return {L"BUTTON", BS_AUTORADIOBUTTON};
+    case ControlKind::Title:
+    case ControlKind::Caption: return {L"STATIC"};
+    case ControlKind::TimerLine: return {L"STATIC", SS_ENDELLIPSIS | SS_CENTERIMAGE};
+    case ControlKind::NumberBox: return {L"EDIT", kEdit | ES_NUMBER};
+    case ControlKind::TextBox: return {L"EDIT", kEdit};
+    case ControlKind::AddressBox: return {L"EDIT", kEdit | ES_READONLY | ES_MULTILINE | WS_VSCROLL};
+    case ControlKind::Combo:
+      return {L"ComboBox", CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | WS_VSCROLL};
+    case ControlKind::List:
+      return {L"LISTBOX", LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOTIFY | WS_VSCROLL};
+    case ControlKind::PreviewHost:
+      return {kPreviewHostClass, WS_HSCROLL | WS_VSCROLL | WS_CLIPCHILDREN};
+    case ControlKind::Preview: return {kPreviewClass};
+    case ControlKind::QrCode: return {kQrClass};
+  }
+  return {};
+}
+
+void fillRows(HWND made, const Control& row) {
+  int index = 0;
+  for (const char16_t* const text : row.rows) {
+    std::wstring wide = wideFrom(text);
+    if (row.kind == ControlKind::Tabs) {
+      TCITEMW item{};
+      item.mask = TCIF_TEXT;
+      item.pszText = wide.data();
+      SendMessageW(made, TCM_INSERTITEMW, static_cast<WPARAM>(index++),
+                   reinterpret_cast<LPARAM>(&item));
+    } else {
+      SendMessageW(made, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(wide.c_str()));
+    }
+  }
+}
+
+void setIcon(HWND window, WPARAM which, int size) {
+  SendMessageW(window, WM_SETICON, which, reinterpret_cast<LPARAM>(programIcon(size)));
+}
+
+/// An edit box keeps nothing of its own frame; the one that is painted takes its place.
+void stripEdit(HWND edit) {
+  SetWindowTheme(edit, L"", L"");
+  SetWindowLongPtrW(edit, GWL_STYLE, GetWindowLongPtrW(edit, GWL_STYLE) & ~LONG_PTR{WS_BORDER});
+  SetWindowLongPtrW(edit, GWL_EXSTYLE,
+                    GetWindowLongPtrW(edit, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
+  SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+  SetWindowPos(edit, nullptr, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
+}
+
+}  // namespace
+
+bool SettingsViewWin::create(const Rect& rect) {
+  window = CreateWindowExW(WS_EX_CONTROLPARENT, kSettingsClass, wideFrom(kSettingsTitle).c_str(),
+                           WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, rect.left, rect.top, rect.width(),
+                           rect.height(), nullptr, nullptr, instance, creationParameter);
+  if (window == nullptr) return false;
+  const HWND pane =
+      CreateWindowExW(WS_EX_COMPOSITED | WS_EX_CONTROLPARENT, kContentClass, L"",
+                      WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_VSCROLL, 0, 0, kUnplaced,
+                      kUnplaced, window, nullptr, instance, creationParameter);
+  controls[kContentPane] = pane;
+  look.prepare(dpi());
+  DwmSetWindowAttribute(window, kCornerAttribute, &kRoundCorners, sizeof kRoundCorners);
+  setIcon(window, ICON_BIG, look.scale(32));
+  setIcon(window, ICON_SMALL, look.scale(16));
+  bool complete = pane != nullptr;
+  for (const Control& row : allControls()) complete = complete && createControl(row);
+  if (!complete) destroy();
+  return complete;
+}
+
+bool SettingsViewWin::createControl(const Control& row) {
+  const SystemControl kind = systemControl(row);
+  DWORD style = WS_CHILD | WS_VISIBLE | kind.style;
+  if (isInteractive(row.kind)) style |= WS_TABSTOP;
+  if (row.startsGroup) style |= WS_GROUP;
+  HWND parent = isOnPane(row) ? control(kContentPane) : window;
+  Size size{kUnplaced, kUnplaced};
+  if (row.kind == ControlKind::Preview) {
+    parent = control(kPreviewHost);
+    size = {183, 82};
+  }
+  const HWND made = CreateWindowExW(
+      0, kind.className, wideFrom(row.text).c_str(), style, 0, 0, size.width, size.height, parent,
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.id)), instance, creationParameter);
+  if (made == nullptr) return false;
+  controls[row.id] = made;
+  fillRows(made, row);
+  adorn(made, row);
+  return true;
+}
+
+void SettingsViewWin::adorn(HWND made, const Control& row) const {
+  applyFont(made, row.id);
+  if (!isInteractive(row.kind) || row.kind == ControlKind::Tabs) return;
+  SetWindowTheme(made, L"Explorer", nullptr);
+  adoptControl(made, look);
+  if (isEditBox(row.kind)) stripEdit(made);
+  if (row.kind == ControlKind::List) adoptFileList(made, look);
+  if (row.cue) {
+    SendMessageW(made, EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(wideFrom(row.cue).c_str()));
+  }
+}
+
+void SettingsViewWin::applyFont(HWND made, int id) const {
+  SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(look.fontOf(id)), TRUE);
+  if (isWindowClass(made, L"ComboBox")) {
+    for (const int part : {-1, 0}) {
+      SendMessageW(made, CB_SETITEMHEIGHT, static_cast<WPARAM>(part), look.scale(kComboRowUnits));
+    }
+  }
+  if (id == kFileList) SendMessageW(made, LB_SETITEMHEIGHT, 0, look.scale(kFileRowUnits));
+}
+
+void SettingsViewWin::adoptDpi() {
+  look.prepare(dpi());
+  for (const auto& [id, made] : controls) applyFont(made, id);
+}
+
+void SettingsViewWin::destroy() {
+  if (window != nullptr) DestroyWindow(window);
+}
+
+void SettingsViewWin::onDestroyed() {
+  window = nullptr;
+  controls.clear();
+  look.release();
+}
+
+}  // namespace mrl

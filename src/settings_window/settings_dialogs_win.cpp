@@ -1,0 +1,104 @@
+// The questions, pickers and the clipboard of the settings window: see settings_view_win.h.
+#include <windows.h>
+// After <windows.h>, which they lean on.
+#include <commdlg.h>
+#include <shobjidl.h>
+
+#include <algorithm>
+
+#include "core/com_ref_win.h"
+#include "core/wide_win.h"
+#include "settings_window/settings_shapes_win.h"
+#include "settings_window/settings_view_win.h"
+
+namespace mrl {
+namespace {
+
+UINT iconOf(DialogIcon icon) {
+  switch (icon) {
+    case DialogIcon::Question: return MB_ICONQUESTION;
+    case DialogIcon::Warning: return MB_ICONWARNING;
+    case DialogIcon::Information: break;
+  }
+  return MB_ICONINFORMATION;
+}
+
+constexpr COMDLG_FILTERSPEC kAudioFiles{L"音频文件", L"*.wav;*.mp3;*.wma;*.aif;*.aiff;*.m4a"};
+constexpr COMDLG_FILTERSPEC kPresentationFiles{L"演示文稿", L"*.ppt;*.pptx;*.pps;*.ppsx;*.dps"};
+
+/// `filter` is null for a folder. Empty after a cancel or a failure.
+std::u16string pick(HWND owner, const COMDLG_FILTERSPEC* filter) {
+  ComRef<IFileOpenDialog> dialog;
+  if (FAILED(CoCreateInstance(__uuidof(FileOpenDialog), nullptr, CLSCTX_INPROC_SERVER,
+                              __uuidof(IFileOpenDialog), reinterpret_cast<void**>(dialog.put())))) {
+    return {};
+  }
+  FILEOPENDIALOGOPTIONS options{};
+  dialog->GetOptions(&options);
+  dialog->SetOptions(options | FOS_FORCEFILESYSTEM | FOS_PATHMUSTEXIST |
+                     (filter ? FOS_FILEMUSTEXIST : FOS_PICKFOLDERS));
+  if (filter) dialog->SetFileTypes(1, filter);
+  ComRef<IShellItem> item;
+  wchar_t* path = nullptr;
+  if (FAILED(dialog->Show(owner)) || FAILED(dialog->GetResult(item.put())) ||
+      FAILED(item->GetDisplayName(SIGDN_FILESYSPATH, &path))) {
+    return {};
+  }
+  std::u16string picked = u16From(path);
+  CoTaskMemFree(path);
+  return picked;
+}
+
+}  // namespace
+
+bool SettingsViewWin::askYesNo(const std::u16string& text, const std::u16string& title,
+                               DialogIcon icon) {
+  return MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(),
+                     MB_YESNO | iconOf(icon)) == IDYES;
+}
+
+void SettingsViewWin::inform(const std::u16string& text, const std::u16string& title,
+                             DialogIcon icon) {
+  MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(), MB_OK | iconOf(icon));
+}
+
+std::u16string SettingsViewWin::pickFolder() { return pick(window, nullptr); }
+
+std::u16string SettingsViewWin::pickFile(FileFilter filter) {
+  return pick(window, filter == FileFilter::Audio ? &kAudioFiles : &kPresentationFiles);
+}
+
+bool SettingsViewWin::pickColour(uint32_t& colour, CustomColours& custom) {
+  COLORREF kept[std::tuple_size_v<CustomColours>];
+  for (size_t i = 0; i < custom.size(); ++i) kept[i] = systemColour(custom[i]);
+  CHOOSECOLORW choice{};
+  choice.lStructSize = sizeof choice;
+  choice.hwndOwner = window;
+  choice.rgbResult = systemColour(colour);
+  choice.lpCustColors = kept;
+  choice.Flags = CC_RGBINIT | CC_FULLOPEN;
+  if (!ChooseColorW(&choice)) return false;
+  // The two orders of the bytes are each other's mirror.
+  colour = systemColour(choice.rgbResult);
+  for (size_t i = 0; i < custom.size(); ++i) custom[i] = systemColour(kept[i]);
+  return true;
+}
+
+bool SettingsViewWin::copyText(const std::u16string& text) {
+  if (!OpenClipboard(window)) return false;
+  const size_t bytes = (text.size() + 1) * sizeof(char16_t);
+  HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
+  void* target = block ? GlobalLock(block) : nullptr;
+  bool copied = false;
+  if (target != nullptr) {
+    std::copy_n(text.c_str(), text.size() + 1, static_cast<char16_t*>(target));
+    GlobalUnlock(block);
+    EmptyClipboard();
+    copied = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+  }
+  if (!copied && block) GlobalFree(block);
+  CloseClipboard();
+  return copied;
+}
+
+}  // namespace mrl

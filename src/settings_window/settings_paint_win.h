@@ -1,0 +1,80 @@
+// How the settings window and its controls look: fonts, brushes and every paint. UI thread.
+#pragma once
+
+#include <windows.h>
+
+#include "core/unique_handle.h"
+#include "settings_window/settings_form.h"
+
+namespace mrl {
+
+struct FontTraits {
+  static HFONT none() { return nullptr; }
+  static void close(HFONT font) { DeleteObject(font); }
+};
+struct BrushTraits {
+  static HBRUSH none() { return nullptr; }
+  static void close(HBRUSH brush) { DeleteObject(brush); }
+};
+
+/// What a control says about itself by window properties of these names.
+inline constexpr wchar_t kHoverProperty[] = L"Marlune.Hover";
+inline constexpr wchar_t kActiveProperty[] = L"Marlune.Active";
+inline constexpr wchar_t kInvalidProperty[] = L"Marlune.Invalid";
+
+bool isWindowClass(HWND window, const wchar_t* name);
+
+/// What painting needs for as long as the window lives. Everything else comes from the form.
+class SettingsLook {
+ public:
+  explicit SettingsLook(const SettingsForm& form) : form(form) {}
+  ~SettingsLook() { release(); }
+  SettingsLook(const SettingsLook&) = delete;
+  SettingsLook& operator=(const SettingsLook&) = delete;
+
+  /// Fonts, brushes and GDI+; a later call only makes the fonts for another DPI.
+  void prepare(int dpi);
+  void release();
+  [[nodiscard]] HFONT fontOf(int id) const;
+  [[nodiscard]] int scale(int units) const { return toPixels(units, dpi); }
+
+  /// REQUIRES: a WM_PAINT of that window is being handled. They answer it.
+  void paintWindow(HWND window) const;
+  void paintPane(HWND window) const;
+  void paintPreviewHost(HWND window) const;
+  static void paintQrCode(HWND window, const QrMatrix& matrix);
+  /// A button, a check, a radio, a section or a combo.
+  void paintControl(HWND window) const;
+  /// Around an edit box; REQUIRES: its WM_NCPAINT.
+  void paintEditFrame(HWND window) const;
+  /// Over a list without rows.
+  void paintEmptyList(HWND window) const;
+  /// WM_DRAWITEM of a combo's rows and of the list of files; false for anything else.
+  bool drawItem(const DRAWITEMSTRUCT& item) const;
+  /// WM_MEASUREITEM; false for anything else.
+  bool measureItem(MEASUREITEMSTRUCT& item) const;
+  /// Answers the WM_CTLCOLOR messages.
+  HBRUSH controlColours(UINT message, HDC dc, HWND control) const;
+
+ private:
+  using Font = UniqueHandle<FontTraits>;
+  using Brush = UniqueHandle<BrushTraits>;
+
+  void paintButton(HWND window, HDC dc, const RECT& client) const;
+  void paintSwatch(HDC dc, HWND window, int id, const RECT& client) const;
+  void paintRadio(HWND window, HDC dc, const RECT& client) const;
+  void paintCheck(HWND window, HDC dc, const RECT& client) const;
+  void paintSection(HWND window, HDC dc, const RECT& client) const;
+  void paintCombo(HWND window, HDC dc, const RECT& client) const;
+  void drawComboRow(const DRAWITEMSTRUCT& item) const;
+  void drawFileRow(const DRAWITEMSTRUCT& item) const;
+  void drawSidebar(HDC dc, int height) const;
+
+  const SettingsForm& form;
+  int dpi = kUnitsPerInch;
+  ULONG_PTR gdiplus = 0;
+  Font body, bodyStrong, small, pageTitle, sectionTitle, digits;
+  Brush page, white, readOnly;
+};
+
+}  // namespace mrl
