@@ -81,6 +81,12 @@ TEST_F(AddressesTest, HardwareComesBeforeATunnelWhateverTheMetrics) {
   expectAddresses({kWired, kTunnel});
 }
 
+TEST_F(AddressesTest, HardwareWithoutAGatewayStillComesBeforeATunnelWithOne) {
+  network.add(1, {kTunnel}).isHardware = false;
+  network.add(2, {kWired}).hasGateway = false;
+  expectAddresses({kWired, kTunnel});
+}
+
 TEST_F(AddressesTest, WhereTheSystemDoesNotTellATunnelIsWhatItsTypeSays) {
   network.add(1, {kTunnel});
   network.adapters.back().isHardware = std::nullopt;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,10 +25,11 @@ class FirewallRulesFake : public FirewallRules {
   }
   RuleSearch find(const std::u16string& name, FirewallRule& found) override {
     searched.push_back(name);
-    if (search != RuleSearch::Found) return search;
+    if (search != RuleSearch::Found && searched.size() > goodSearches) return search;
     for (const FirewallRule& rule : rules) {
       if (rule.name != name) continue;
       found = rule;
+      if (onFound) onFound(found);
       return RuleSearch::Found;
     }
     return RuleSearch::NotFound;
@@ -43,8 +45,10 @@ class FirewallRulesFake : public FirewallRules {
   std::u16string path = u"C:\\Marlune\\marlune.exe";
   std::u16string system = u"C:\\Windows\\system32";
   std::vector<FirewallRule> rules;
-  RuleWalk walk = RuleWalk::Ended;        // anything else is how the walk fails
-  RuleSearch search = RuleSearch::Found;  // anything else is how each search fails
+  RuleWalk walk = RuleWalk::Ended;             // anything else is how the walk fails
+  RuleSearch search = RuleSearch::Found;       // anything else is how each search fails,
+  size_t goodSearches = 0;                     // but for that many at first
+  std::function<void(FirewallRule&)> onFound;  // what becomes of a rule between walk and search
   ElevatedRun run{.started = true};
   std::vector<FirewallRule> made;  // what the elevated command adds
 

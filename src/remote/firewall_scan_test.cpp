@@ -168,6 +168,17 @@ TEST_F(FirewallScanTest, PortsAndNameAreNeededOnlyOfARuleThatMayBlock) {
   EXPECT_TRUE(passes());
 }
 
+TEST_F(FirewallScanTest, OfPortsAndNameThePortsAreAskedFirst) {
+  FirewallRule rule = block();
+  rule.name.reset();
+  rule.localPorts.reset();
+  rules.rules = {rule};
+  expectFailure(u"无法读取阻止规则的端口范围。");
+  rule.localPorts = u"80";
+  rules.rules = {rule};
+  EXPECT_TRUE(passes()) << "a rule for another port needs no name";
+}
+
 TEST(PortSpecTest, APortOrARangeOfThemCovers) {
   EXPECT_TRUE(portSpecCovers(u"8080", 8080));
   EXPECT_TRUE(portSpecCovers(u"8000-8100", 8080));

@@ -91,17 +91,28 @@ TEST_F(FirewallTest, EveryFailureOfTheSystemIsTold) {
   expectCheck(State::Failed, u"内存不足。");
 }
 
+TEST_F(FirewallTest, ASearchForTheSecondNameThatFailsIsNoMissingRule) {
+  rules.search = RuleSearch::Failed;
+  rules.goodSearches = 1;
+  expectCheck(State::Failed, u"无法查询 Windows 防火墙规则。");
+  EXPECT_EQ(rules.searched.size(), 2u);
+}
+
 TEST_F(FirewallTest, ADetailThatCannotBeReadFailsTheCheck) {
-  const auto forget = [&](auto FirewallRule::*field) {
-    rules.rules = {fittingRule()};
-    (rules.rules[0].*field).reset();
-    EXPECT_EQ(check(), State::Failed);
-    return message;
+  rules.rules = {fittingRule()};
+  const auto expectFailureWithout = [&](auto FirewallRule::*field) {
+    rules.onFound = [field](FirewallRule& rule) { (rule.*field).reset(); };
+    expectCheck(State::Failed, u"无法读取防火墙规则详情。");
   };
-  const std::u16string details = u"无法读取防火墙规则详情。";
-  EXPECT_EQ(forget(&FirewallRule::localPorts), details);
-  EXPECT_EQ(forget(&FirewallRule::remoteAddresses), details);
-  EXPECT_EQ(forget(&FirewallRule::edgeTraversal), details);
+  expectFailureWithout(&FirewallRule::application);
+  expectFailureWithout(&FirewallRule::localPorts);
+  expectFailureWithout(&FirewallRule::remoteAddresses);
+  expectFailureWithout(&FirewallRule::enabled);
+  expectFailureWithout(&FirewallRule::edgeTraversal);
+  expectFailureWithout(&FirewallRule::protocol);
+  expectFailureWithout(&FirewallRule::profiles);
+  expectFailureWithout(&FirewallRule::direction);
+  expectFailureWithout(&FirewallRule::action);
 }
 
 TEST_F(FirewallTest, EveryDetailMustFit) {
@@ -128,6 +139,7 @@ TEST_F(FirewallTest, EveryDetailMustFit) {
   EXPECT_EQ(change(&FirewallRule::edgeTraversal, true), State::ScopeMismatch);
   EXPECT_EQ(change(&FirewallRule::protocol, 17), State::ScopeMismatch);
   EXPECT_EQ(change(&FirewallRule::direction, 2), State::ScopeMismatch);
+  EXPECT_EQ(change(&FirewallRule::action, 2), State::ScopeMismatch);
   EXPECT_EQ(change(&FirewallRule::profiles, 0x7FFFFFFF), State::Authorized);
   EXPECT_EQ(change(&FirewallRule::profiles, 6), State::ScopeMismatch);
 }

@@ -4,6 +4,10 @@
 #include <netfw.h>
 #include <oleauto.h>
 
+#include <filesystem>
+#include <fstream>
+
+#include "core/text.h"
 #include "core/wide_win.h"
 
 namespace mrl {
@@ -11,6 +15,35 @@ namespace {
 
 constexpr GUID kFirewallPolicy = {
     0xE2B3C97F, 0x6AE1, 0x41AC, {0x81, 0x7A, 0xF6, 0xF9, 0x21, 0x66, 0xD7, 0xDD}};
+
+/// The rule that the system would make of the command; the words of the log stand one a line. A
+/// word that is not understood leaves its field unread.
+FirewallRule ruleOfCommand(std::istream& log) {
+  FirewallRule rule{.edgeTraversal = false};
+  for (std::string word; std::getline(log, word);) {
+    const size_t equals = word.find('=');
+    if (equals == word.npos) continue;
+    const std::string key = word.substr(0, equals);
+    const std::string value = word.substr(equals + 1);
+    if (key == "name") rule.name = utf16From(value);
+    if (key == "program") rule.application = utf16From(value);
+    if (key == "localport") rule.localPorts = utf16From(value);
+    if (word == "remoteip=localsubnet") rule.remoteAddresses = u"LocalSubnet";
+    if (word == "enable=yes") rule.enabled = true;
+    if (word == "protocol=TCP") rule.protocol = 6;
+    if (word == "profile=domain,private,public") rule.profiles = 7;
+    if (word == "dir=in") rule.direction = 1;
+    if (word == "action=allow") rule.action = 1;
+  }
+  return rule;
+}
+
+std::vector<FirewallRule> rulesOf(const FirewallStory& story) {
+  std::vector<FirewallRule> rules = story.rules;
+  std::ifstream log(std::filesystem::path(story.commandLog), std::ios::binary);
+  if (log.is_open()) rules.push_back(ruleOfCommand(log));
+  return rules;
+}
 
 /// Counts references and knows its one interface and its base.
 template <class Interface, class Base>
@@ -128,18 +161,18 @@ class Rule : public CountedDispatch<INetFwRule> {
 
 class Enumeration : public Counted<IEnumVARIANT, IUnknown> {
  public:
-  explicit Enumeration(const FirewallStory& from) : story(from) {}
+  explicit Enumeration(const FirewallStory& from) : story(from), rules(rulesOf(from)) {}
   HRESULT STDMETHODCALLTYPE Next(ULONG, VARIANT* out, ULONG* fetched) override {
     *fetched = 0;
-    const bool isBehind = next >= story.rules.size();
+    const bool isBehind = next >= rules.size();
     if (isBehind && story.breaksInTheMiddle) return E_FAIL;
-    if (isBehind && (!story.hasStranger || next > story.rules.size())) return S_FALSE;
+    if (isBehind && (!story.hasStranger || next > rules.size())) return S_FALSE;
     VariantInit(out);
     if (isBehind) {
       out->vt = VT_I4;
     } else {
       out->vt = VT_DISPATCH;
-      out->pdispVal = new Rule(story.rules[next]);
+      out->pdispVal = new Rule(rules[next]);
     }
     ++next;
     *fetched = 1;
@@ -151,6 +184,7 @@ class Enumeration : public Counted<IEnumVARIANT, IUnknown> {
 
  private:
   const FirewallStory& story;
+  const std::vector<FirewallRule> rules;
   size_t next = 0;
 };
 
@@ -161,7 +195,7 @@ class Rules : public CountedDispatch<INetFwRules> {
   HRESULT STDMETHODCALLTYPE Add(INetFwRule*) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE Remove(BSTR) override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE Item(BSTR name, INetFwRule** out) override {
-    for (const FirewallRule& rule : story.rules) {
+    for (const FirewallRule& rule : rulesOf(story)) {
       if (!rule.name || wideFrom(*rule.name) != name) continue;
       *out = new Rule(rule);
       return S_OK;

@@ -18,6 +18,7 @@ struct FirewallStory {
   bool givesEnumeration = true;
   bool breaksInTheMiddle = false;  // behind the last rule
   bool hasStranger = false;        // an element that is no rule, behind the last one
+  std::wstring commandLog;         // what the command in this file asked for is a rule as well
   HRESULT notFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
 };
 

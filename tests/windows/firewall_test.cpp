@@ -178,6 +178,16 @@ TEST_F(FirewallSystemTest, TheElevatedCommandGetsItsArgumentsAndItsRuleIsBelieve
   EXPECT_TRUE(authorizeFirewallRule(rules, {}, kPort, message));
 }
 
+TEST_F(FirewallSystemTest, OneAuthorizationChecksRunsTheCommandAndSeesItsRule) {
+  const NetshInPlace netsh(rules.systemFolder());
+  story.commandLog = netsh.log();
+  expectCheck(State::Missing);
+  std::u16string message;
+  EXPECT_TRUE(authorizeFirewallRule(rules, {}, kPort, message));
+  EXPECT_EQ(message, u"");
+  expectCheck(State::Authorized);
+}
+
 TEST_F(FirewallSystemTest, TheCommandsStatusIsTold) {
   const NetshInPlace netsh(rules.systemFolder());
   SetEnvironmentVariableW(L"MARLUNE_NETSH_STATUS", L"3");
