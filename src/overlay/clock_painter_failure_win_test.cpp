@@ -50,13 +50,10 @@ class Refusal {
   void* original = nullptr;
 };
 
-// These two names are overloaded; meant are the entries of the table.
+// The name is overloaded; meant is the entry of the table.
 HRESULT(STDMETHODCALLTYPE ID2D1RenderTarget::*const kCreateBrush)
 (const D2D1_COLOR_F*, const D2D1_BRUSH_PROPERTIES*,
  ID2D1SolidColorBrush**) = &ID2D1RenderTarget::CreateSolidColorBrush;
-HRESULT(STDMETHODCALLTYPE ID2D1Factory::*const kCreateWindowTarget)
-(const D2D1_RENDER_TARGET_PROPERTIES*, const D2D1_HWND_RENDER_TARGET_PROPERTIES*,
- ID2D1HwndRenderTarget**) = &ID2D1Factory::CreateHwndRenderTarget;
 
 constexpr Size kSize = kDefaultClockUnits;
 constexpr uint32_t kGround = 0xCC0066CC;
@@ -207,7 +204,7 @@ TEST_F(ClockPainterFailureTest, APreviewWithoutATargetIsAnsweredAllTheSame) {
                       nullptr, nullptr, GetModuleHandleW(nullptr), &windowClass);
   ShowWindow(window, SW_SHOWNOACTIVATE);
   {
-    const Refusal refusal(*factory, kCreateWindowTarget, E_FAIL);
+    const Refusal refusal(*factory, &ID2D1Factory::CreateDCRenderTarget, E_FAIL);
     InvalidateRect(window, nullptr, FALSE);
     UpdateWindow(window);
     EXPECT_GE(refusal.calls, 1);
