@@ -61,20 +61,24 @@ async function withForeignPage(html, body) {
 }
 
 const attacks = {
-  'a fetch that wants no answer': (target) =>
-    fetch(target + '/api/toggle', { method: 'POST', mode: 'no-cors' }).then(() => 'sent'),
-  'a fetch that wants the answer': (target) =>
-    fetch(target + '/api/toggle', { method: 'POST' }).then(() => 'read', () => 'blocked'),
-  'a beacon': (target) => navigator.sendBeacon(target + '/api/controls', 'revision=0'),
-  'a form': (target) => {
-    document.body.innerHTML = `<form method="post" action="${target}/api/toggle"></form>`;
-    document.forms[0].submit();
+  'a fetch that wants no answer': (page, target) => page.evaluate(
+    (url) => fetch(url, { method: 'POST', mode: 'no-cors' }).then(() => 'sent'), target + '/api/toggle'),
+  'a fetch that wants the answer': (page, target) => page.evaluate(
+    (url) => fetch(url, { method: 'POST' }).then(() => 'read', () => 'blocked'), target + '/api/toggle'),
+  'a beacon': (page, target) => page.evaluate(
+    (url) => navigator.sendBeacon(url, 'revision=0'), target + '/api/controls'),
+  'a form': async (page, target) => {
+    await page.setContent(`<form method="post" action="${target}/api/toggle"></form>`);
+    await submitForm(page.mainFrame());
   },
-  'a form without an origin': (target) => {
-    document.body.innerHTML = `<iframe sandbox="allow-scripts allow-forms" srcdoc='
-      <form method="post" action="${target}/api/toggle"></form><script>document.forms[0].submit()</script>'></iframe>`;
+  'a form without an origin': async (page, target) => {
+    await page.setContent(`<iframe sandbox="allow-scripts allow-forms" srcdoc='
+      <form method="post" action="${target}/api/toggle"></form>'></iframe>`);
+    await submitForm(page.frames()[1]);  // not by itself: the frame must be watched before it leaves
   },
 };
+
+const submitForm = (frame) => frame.$eval('form', (form) => form.submit());
 
 for (const [name, attack] of Object.entries(attacks)) {
   serviceTest(`${name} from a page of another place is refused`, async (service) => {
@@ -86,7 +90,7 @@ for (const [name, attack] of Object.entries(attacks)) {
       page.on('response', (response) => statuses.push(response.status()));
       const over = Promise.race(['response', 'requestfailed'].map((event) =>
         page.waitForEvent(event, (one) => one.url().startsWith(service.origin))));
-      await page.evaluate(attack, service.origin).catch(() => {});  // some leave the page
+      await attack(page, service.origin).catch(() => {});  // some leave the page
       await over;
       assert.deepEqual(statuses.filter((status) => status !== 403), []);
       assert.deepEqual({ ...await stateOf(service), time: '' }, { ...before, time: '' });
