@@ -1,7 +1,7 @@
 // The remote service beside two web servers, which serve the same bytes from memory and close every
 // connection too: one client, then eight, for the page and for the state. The state of ours goes
-// through the hand-over to the UI thread and is built anew for each request; theirs stands ready. No
-// folder is listed: that is measured beside its own minimum.
+// through the hand-over to the UI thread and is built anew for each request; theirs stands ready.
+// No folder is listed: that is measured beside its own minimum.
 #include <httplib.h>
 #include <microhttpd.h>
 
