@@ -7,9 +7,11 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <iterator>
 
+#include "remote/listener.h"
 #include "remote/service_fixture_posix.h"
 #include "remote/state.h"
 
@@ -18,6 +20,7 @@ namespace {
 
 constexpr int kRounds = 11;
 constexpr int kRequestsPerRound = 2000;
+constexpr std::chrono::seconds kIdle{5};
 
 struct Figures {
   double perSecond = 0;
@@ -190,6 +193,37 @@ void compare(const std::vector<std::unique_ptr<Server>>& servers, const std::str
               target.c_str(), clients, figures[0].perSecond / bestRate, figures[0].p99Us / bestP99);
 }
 
+/// Processor time that this process takes while `work` runs on a thread and nobody calls, in ms a
+/// second.
+template <class Work>
+double idleMs(std::atomic<bool>& running, Work work) {
+  const auto cpuMs = [] { return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC; };
+  running = true;
+  std::thread thread(work);
+  const double before = cpuMs();
+  std::this_thread::sleep_for(kIdle);
+  const double used = cpuMs() - before;
+  running = false;
+  thread.join();
+  return used / static_cast<double>(kIdle.count());
+}
+
+/// Beside a thread that only sleeps, as often and as long.
+void showIdleCost() {
+  SocketsPosix sockets;
+  RequestQueuePosix queue;
+  const ClockPosix clock;
+  RemoteServer server;
+  server.session = sockets.start();
+  server.listeners.push_back(server.session->listen(kLoopback, 0));
+  const double ours = idleMs(server.running, [&] { runListener(server, {clock, queue}); });
+  const double sleeper = idleMs(server.running, [&] {
+    while (server.running) std::this_thread::sleep_for(milliseconds(kWaitForConnectionMs));
+  });
+  std::printf("idle: marlune %.3f ms of processor time a second, a sleeping thread %.3f\n", ours,
+              sleeper);
+}
+
 }  // namespace
 }  // namespace mrl
 
@@ -202,6 +236,7 @@ int main() {
   servers.push_back(std::move(ours));
   servers.push_back(std::make_unique<mrl::HttplibServer>(page, state));
   servers.push_back(std::make_unique<mrl::MicrohttpdServer>(page, state));
+  mrl::showIdleCost();
   std::printf("page %zu bytes, state %zu bytes\n\n", page.size(), state.size());
   for (const int clients : {1, 8}) {
     for (const char* target : {"/", "/api/state"}) mrl::compare(servers, target, clients);
