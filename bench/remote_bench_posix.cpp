@@ -212,7 +212,7 @@ double idleMs(std::atomic<bool>& running, Work work) {
 void showIdleCost() {
   SocketsPosix sockets;
   RequestQueuePosix queue;
-  const ClockPosix clock;
+  ClockPosix clock;
   RemoteServer server;
   server.session = sockets.start();
   server.listeners.push_back(server.session->listen(kLoopback, 0));
@@ -228,6 +228,7 @@ void showIdleCost() {
 }  // namespace mrl
 
 int main() {
+  mrl::showIdleCost();
   std::ifstream file("src/remote/page.html", std::ios::binary);
   const std::string page(std::istreambuf_iterator<char>(file), {});
   auto ours = std::make_unique<mrl::OurServer>(page);
@@ -236,7 +237,6 @@ int main() {
   servers.push_back(std::move(ours));
   servers.push_back(std::make_unique<mrl::HttplibServer>(page, state));
   servers.push_back(std::make_unique<mrl::MicrohttpdServer>(page, state));
-  mrl::showIdleCost();
   std::printf("page %zu bytes, state %zu bytes\n\n", page.size(), state.size());
   for (const int clients : {1, 8}) {
     for (const char* target : {"/", "/api/state"}) mrl::compare(servers, target, clients);
