@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <random>
 #include <set>
+#include <string>
 
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
@@ -16,6 +19,32 @@ namespace mrl {
 namespace {
 
 using standin::waitUntil;
+
+/// What a phone's camera would read from a picture of ours; empty when it reads nothing.
+std::string scanned(const std::wstring& name) {
+  const std::wstring folder = pictureFolder();
+  const std::wstring answer = folder + name + L".txt";
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput =
+      CreateFileW(answer.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                  CREATE_ALWAYS, 0, nullptr);
+  PROCESS_INFORMATION started{};
+  std::wstring line = LR"(Z:\usr\bin\zbarimg --quiet --nodbus --raw )" + name;
+  EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                             folder.c_str(), &startup, &started));
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+  CloseHandle(startup.hStdOutput);
+  std::string text;
+  (void)waitUntil([&] {
+    std::getline(std::ifstream(std::filesystem::path(answer)), text);
+    return !text.empty();
+  });
+  return text;
+}
 
 class SettingsGeometryTest : public SettingsScreen {
  protected:
@@ -53,6 +82,11 @@ class SettingsGeometryTest : public SettingsScreen {
       ask(pane(), WM_VSCROLL, SB_BOTTOM);
       expectLaidOut(endOfPage());
     }
+  }
+  Picture settledPicture(int id) const {
+    RECT place{};
+    GetWindowRect(control(id), &place);
+    return settledPictureOf(place);
   }
   std::wstring shotName(const std::wstring& what) const {
     return what + L"-" + std::to_wstring(dpi()) + L".png";
@@ -111,6 +145,28 @@ TEST_F(SettingsGeometryTest, EveryPageLooksLikeNoOtherOnTheScreen) {
     EXPECT_EQ(std::ranges::count(pictures, picture), 0) << index;
     pictures.push_back(picture);
   }
+}
+
+TEST_F(SettingsGeometryTest, TheCodeOnTheScreenIsTheFirstAddressOfThePage) {
+  std::random_device source;  // below the ports that the system gives to clients
+  Settings settings;
+  settings.remotePort = std::uniform_int_distribution<uint32_t>(20000, 32000)(source);
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  ASSERT_TRUE(openPage(3));
+  const std::wstring addresses = text(kAddressBox);
+  const std::wstring first = addresses.substr(0, addresses.find(L"\r\n"));
+  ASSERT_TRUE(first.starts_with(L"http://"));
+  ASSERT_TRUE(savePng(settledPicture(kQrCode), shotName(L"qr")));
+  EXPECT_EQ(scanned(shotName(L"qr")), std::string(first.begin(), first.end()));
+}
+
+TEST_F(SettingsGeometryTest, WithoutTheServiceThePlaceOfTheCodeIsWhite) {
+  Settings settings;
+  settings.remoteAutoStart = false;
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  ASSERT_TRUE(openPage(3));
+  const std::vector<uint32_t> pixels = settledPicture(kQrCode).pixels;
+  EXPECT_EQ(std::ranges::count(pixels, 0xFFFFFFu), static_cast<std::ptrdiff_t>(pixels.size()));
 }
 
 }  // namespace
