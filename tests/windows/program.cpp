@@ -105,11 +105,12 @@ bool Program::start(const std::wstring& arguments, Opening opening) {
   process = started.hProcess;
   const std::string id = std::to_string(started.dwProcessId);
   if (!waitUntil([&] { return bytesOf(root.path() + L"\\ready.txt") == id; }, 30'000)) return false;
-  window = clockOf(started.dwProcessId);
   processId = started.dwProcessId;
+  // A look at all windows ends early when the one that it has come to is destroyed.
+  if (!waitUntil([&] { return (window = clockOf(processId)) != nullptr; })) return false;
   if (!waitUntil([&] { return settingsWindow() != nullptr; })) return false;
   if (opening == Opening::Closed && !closeSettings()) return false;
-  return window != nullptr && waitUntil([&] { return !text().empty(); });
+  return waitUntil([&] { return !text().empty(); });
 }
 
 HWND Program::settingsWindow() const { return settingsOf(processId); }

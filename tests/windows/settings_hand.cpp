@@ -166,7 +166,12 @@ void SettingsHand::reveal(int id) const {
 
 void SettingsHand::press(int id) const {
   reveal(id);
-  clickMouse(middleOf(id));
+  POINT point = middleOf(id);
+  POINT last{};
+  GetCursorPos(&last);
+  // Two clicks on one point would be a double click.
+  if (last.x == point.x && last.y == point.y) point.x += 2 * GetSystemMetrics(SM_CXDOUBLECLK);
+  clickMouse(point);
 }
 
 void SettingsHand::selectAll(int id) const {
