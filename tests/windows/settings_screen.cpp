@@ -2,9 +2,12 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <iterator>
 
+#include "core/window_classes_win.h"
 #include "settings_window/control_ids.h"
+#include "settings_window/layout.h"
 #include "windows/standin_client.h"
 
 namespace mrl {
@@ -56,7 +59,9 @@ Rect placeInParent(HWND window) {
           static_cast<int>(rect.bottom)};
 }
 
-void SettingsScreen::open(const Settings& settings) {
+void SettingsScreen::open(Settings settings) {
+  settings.windowX = GetSystemMetrics(SM_CXSCREEN) - scaled(60);
+  settings.windowY = scaled(100);
   program.prepare(settings);
   openAsItIs();
 }
@@ -64,6 +69,16 @@ void SettingsScreen::open(const Settings& settings) {
 void SettingsScreen::openAsItIs() {
   ASSERT_TRUE(program.start(L"", Program::Opening::Kept));
   ASSERT_TRUE(waitUntil([&] { return GetForegroundWindow() == window(); }, 30'000));
+}
+
+int SettingsScreen::settingsWindows() const {
+  const DWORD thread = GetWindowThreadProcessId(program.clock(), nullptr);
+  int count = 0;
+  HWND found = nullptr;
+  while ((found = FindWindowExW(nullptr, found, kSettingsClass, nullptr)) != nullptr) {
+    if (GetWindowThreadProcessId(found, nullptr) == thread) ++count;
+  }
+  return count;
 }
 
 HWND SettingsScreen::control(int id) const {
@@ -89,7 +104,18 @@ int SettingsScreen::focusedId() const {
 
 int SettingsScreen::page() const { return static_cast<int>(ask(control(kTabs), TCM_GETCURSEL)); }
 
-int SettingsScreen::scrollPosition() const { return GetScrollPos(pane(), SB_VERT); }
+int SettingsScreen::scrollPosition() const {
+  const PageLayout unscrolled = layOut(clientSize(), dpi(), page(), 0);
+  const Placement& title = unscrolled.page.front();
+  return title.rect.top - rect(title.id).top;
+}
+
+Picture SettingsScreen::settledShot() const {
+  moveTo({0, 0});
+  RECT place{};
+  GetWindowRect(window(), &place);
+  return settledPictureOf(place);
+}
 
 Size SettingsScreen::clientSize() const {
   RECT client{};

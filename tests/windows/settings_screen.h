@@ -9,7 +9,9 @@
 #include <vector>
 
 #include "core/geometry.h"
+#include "core/window_classes_win.h"
 #include "settings_window/control_table.h"
+#include "windows/picture.h"
 #include "windows/program.h"
 
 namespace mrl {
@@ -26,12 +28,16 @@ LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 /// A program with its settings window open. Every wait has a limit.
 class SettingsScreen : public testing::Test {
  protected:
-  /// Starts the program over `settings`. To be called first, within ASSERT_NO_FATAL_FAILURE.
-  void open(const Settings& settings = {});
-  void openAsItIs();  // over what program.prepare...() has put there
+  /// Starts the program over `settings`, but for the clock's place: it stands at the right edge of
+  /// the screen, where it hides nothing. To be called first, within ASSERT_NO_FATAL_FAILURE.
+  void open(Settings settings = {});
+  /// Over what program.prepare...() has put there.
+  void openAsItIs();
 
   HWND window() const { return program.settingsWindow(); }
-  HWND pane() const { return FindWindowExW(window(), nullptr, L"Marlune.Native.Content", nullptr); }
+  HWND pane() const { return FindWindowExW(window(), nullptr, kContentClass, nullptr); }
+  /// How many of them the program shows.
+  int settingsWindows() const;
   /// Anywhere below the window; null where there is none.
   HWND control(int id) const;
 
@@ -48,6 +54,7 @@ class SettingsScreen : public testing::Test {
   int focusedId() const;
   /// 0 to 4, as the tab control has it, which nobody sees.
   int page() const;
+  /// Told by where the page's title stands: only the program itself can ask its scroll bar.
   int scrollPosition() const;
   int dpi() const { return static_cast<int>(GetDpiForWindow(window())); }
   Size clientSize() const;
@@ -60,6 +67,8 @@ class SettingsScreen : public testing::Test {
   [[nodiscard]] bool openPage(int index) const;
   /// The page's controls are visible, those of the other pages are not.
   bool showsOnly(int index) const;
+  /// What the window looks like, with the mouse out of its way.
+  Picture settledShot() const;
   /// As the frame's edge would do it.
   void resize(Size outer) const;
 

@@ -1,0 +1,124 @@
+// The real settings window in long use: what it gives back, and how one gets about without a mouse.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/command_ids.h"
+#include "settings_window/control_ids.h"
+#include "windows/held_objects.h"
+#include "windows/settings_screen.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+class SettingsUpkeepTest : public SettingsScreen {
+ protected:
+  HeldObjects held() const {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(program.clock(), &processId);
+    return heldObjectsOf(processId);
+  }
+  void reopen(int times) {
+    for (int i = 0; i < times; ++i) {
+      ask(window(), WM_CLOSE);
+      ASSERT_EQ(settingsWindows(), 0);
+      program.command(kCommandOpenSettings);
+      ASSERT_EQ(settingsWindows(), 1);
+    }
+  }
+  void turnPages(int times) {
+    for (int i = 0; i < times; ++i) ask(window(), WM_COMMAND, kFirstSection + i % kPageCount);
+    ASSERT_EQ(page(), (times - 1) % kPageCount);
+  }
+  static void expectNoMore(const HeldObjects& after, const HeldObjects& before) {
+    EXPECT_LE(after.drawing, before.drawing);
+    EXPECT_LE(after.window, before.window);
+    EXPECT_LE(after.handles, before.handles);
+    EXPECT_GT(before.drawing, 10) << "nothing was counted";
+    EXPECT_GT(before.window, 100);
+    EXPECT_GT(before.handles, 10);
+  }
+  /// Where the Tab key stops, from the page's section on and once around.
+  std::vector<int> expectedStops(int index) const {
+    std::vector<int> stops;
+    for (const int page : {index, kEveryPage}) {
+      for (const Control& row : allControls()) {
+        const bool isOff = row.kind == ControlKind::Radio && !isChecked(row.id);
+        if (row.page == page && isInteractive(row.kind) && isEnabled(row.id) && !isOff) {
+          stops.push_back(row.id);
+        }
+      }
+    }
+    const auto section = std::ranges::find(stops, kFirstSection + index);
+    std::rotate(stops.begin(), section + 1, stops.end());
+    return stops;
+  }
+  /// Its own text, or that of what stands before it and is no box itself.
+  std::wstring nameOf(HWND sight) const {
+    for (; sight != nullptr; sight = GetWindow(sight, GW_HWNDPREV)) {
+      const Control* row = findControl(GetDlgCtrlID(sight));
+      if (row == nullptr) return {};
+      const bool isBox = isEditBox(row->kind) || row->kind == ControlKind::Combo ||
+                         row->kind == ControlKind::List || row->kind == ControlKind::PreviewHost ||
+                         row->kind == ControlKind::QrCode;
+      if (!isBox) return textOf(sight);
+    }
+    return {};
+  }
+};
+
+TEST_F(SettingsUpkeepTest, TwoHundredOpeningsLeaveNothingBehind) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_NO_FATAL_FAILURE(reopen(10));
+  const HeldObjects before = held();
+  ASSERT_NO_FATAL_FAILURE(reopen(190));
+  expectNoMore(held(), before);
+}
+
+TEST_F(SettingsUpkeepTest, TwoThousandPagesTurnedLeaveNothingBehind) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_NO_FATAL_FAILURE(turnPages(10));
+  const HeldObjects before = held();
+  ASSERT_NO_FATAL_FAILURE(turnPages(1990));
+  expectNoMore(held(), before);
+}
+
+TEST_F(SettingsUpkeepTest, TheTabKeyGoesThroughEveryPageInTheOrderOfTheTable) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  for (int index = 0; index < kPageCount; ++index) {
+    ASSERT_TRUE(openPage(index));
+    ASSERT_EQ(focusedId(), kFirstSection + index);
+    const std::vector<int> expected = expectedStops(index);
+    std::vector<int> stops;
+    while (stops.size() < expected.size()) {
+      const int before = focusedId();
+      pressKey(VK_TAB);
+      ASSERT_TRUE(waitUntil([&] { return focusedId() != before; })) << "stuck at " << before;
+      stops.push_back(focusedId());
+    }
+    EXPECT_EQ(stops, expected) << "page " << index;
+  }
+}
+
+TEST_F(SettingsUpkeepTest, EscapeInTheBoxOfSeveralLinesClosesTheWindowAndNotItsPane) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_TRUE(openPage(3));
+  click(kAddressBox);
+  ASSERT_TRUE(waitUntil([&] { return focusedId() == kAddressBox; }));
+  pressKey(VK_ESCAPE);
+  EXPECT_TRUE(waitUntil([&] { return settingsWindows() == 0; }));
+}
+
+TEST_F(SettingsUpkeepTest, WhateverTakesTheKeyboardHasAName) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  for (const Control& row : allControls()) {
+    if (!isInteractive(row.kind) || row.kind == ControlKind::Tabs) continue;
+    EXPECT_FALSE(nameOf(control(row.id)).empty()) << row.id;
+  }
+}
+
+}  // namespace
+}  // namespace mrl
