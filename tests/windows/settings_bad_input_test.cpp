@@ -117,13 +117,12 @@ TEST_F(SettingsBadInputTest, NoNumberBoxTakesALetterFromTheKeyboard) {
   for (const NumberBox& box : kNumberBoxes) {
     SCOPED_TRACE(box.id);
     ASSERT_NO_FATAL_FAILURE(turnToPageOf(box.page));
-    const std::wstring shown = text(box.id);
-    ASSERT_NO_FATAL_FAILURE(retype(box.id, L"a-.,文"));
+    ASSERT_NO_FATAL_FAILURE(retype(box.id, std::wstring(L"a-.,文") + box.fits));
+    EXPECT_TRUE(reads(box.id, box.fits));
     pressKeys(VK_RETURN);
-    EXPECT_EQ(text(box.id), shown);
+    EXPECT_TRUE(says(kApplied));
     EXPECT_FALSE(isRed(box.id));
   }
-  EXPECT_EQ(program.settingsBytes(), before);
 }
 
 TEST_F(SettingsBadInputTest, EveryNumberOutOfItsRangeIsMarkedAndToldAndNotSaved) {
