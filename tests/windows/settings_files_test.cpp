@@ -138,9 +138,13 @@ TEST_F(SettingsFilesTest, AFileThatHasGoneCanNotBeOpened) {
 }
 
 TEST_F(SettingsFilesTest, WithoutAShowItsButtonsSayWhy) {
-  press(kNextSlideButton);
-  EXPECT_TRUE(waitUntil([&] { return status() != L"设置自动生效"; }));
-  EXPECT_EQ(page(), 4);
+  for (int id = kBeginShowButton; id <= kExitShowButton; ++id) {
+    SCOPED_TRACE(id);
+    press(id);
+    EXPECT_TRUE(says(L"未检测到可控制的 PowerPoint/WPS 窗口"));
+    press(kHideExcludedCheck);
+    EXPECT_TRUE(says(kApplied));
+  }
 }
 
 }  // namespace
