@@ -85,10 +85,6 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
       RemovePropW(window, kHoverProperty);
       invalidate(window);
       break;
-    case WM_GETDLGCODE:
-      if (kind != Kind::Edit) break;
-      // A box of several lines would keep the Tab key to itself, and no key would lead out of it.
-      return DefSubclassProc(window, message, wParam, lParam) & ~LRESULT{DLGC_WANTALLKEYS};
     case WM_NCPAINT:
       if (kind != Kind::Edit) break;
       if (GetWindowLongPtrW(window, GWL_STYLE) & WS_VSCROLL) {
