@@ -160,7 +160,7 @@ windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 # A screen of our own, with a window manager.
 screen_size=1280x800
 start_display() {
-  local number="$kBuild/display-$$"
+  local number="$kBuild/display-$BASHPID"
   mkdir -p "$kBuild/log"
   Xvfb -displayfd 3 -screen 0 "${screen_size}x24" -nolisten tcp 3>"$number" >"$kBuild/log/xvfb.log" 2>&1 &
   own_processes+=($!)
@@ -190,7 +190,7 @@ XML
 # A screen of two monitors, side by side. A virtual one has only one, so this is a real X server
 # with a driver that draws into memory. Two screens of that size are what the memory is for.
 start_two_monitors() {
-  local number="$kBuild/display-$$" config="$kBuild/two-monitors.conf"
+  local number="$kBuild/display-$BASHPID" config="$kBuild/two-monitors.conf"
   mkdir -p "$kBuild/log"
   cat >"$config" <<'CONF'
 Section "Device"
