@@ -21,36 +21,6 @@ class SettingsCloseTest : public SettingsHand {
     pressKeys(VK_RETURN);
     ASSERT_TRUE(says(kWrong + std::wstring(kNotApplied)));
   }
-  /// Null while none is open.
-  HWND question() const {
-    const DWORD thread = GetWindowThreadProcessId(program.clock(), nullptr);
-    HWND found = nullptr;
-    while ((found = FindWindowExW(nullptr, found, L"#32770", L"Marlune")) != nullptr) {
-      if (IsWindowVisible(found) && GetWindowThreadProcessId(found, nullptr) == thread) break;
-    }
-    return found;
-  }
-  bool asks() const {
-    return waitUntil([&] { return question() != nullptr && question() == GetForegroundWindow(); });
-  }
-  std::wstring questionText() const {
-    std::wstring all;
-    HWND line = nullptr;
-    while ((line = FindWindowExW(question(), line, L"Static", nullptr)) != nullptr) {
-      all += textOf(line);
-    }
-    return all;
-  }
-  /// With the mouse.
-  void answer(int button) const {
-    RECT place{};
-    ASSERT_TRUE(GetWindowRect(GetDlgItem(question(), button), &place));
-    clickMouse({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
-    ASSERT_TRUE(waitUntil([&] { return question() == nullptr; }));
-  }
-  bool closes() const {
-    return waitUntil([&] { return window() == nullptr && question() == nullptr; });
-  }
   void expectAllAsItWas() const {
     EXPECT_NE(window(), nullptr);
     EXPECT_TRUE(isRed(kSecondsBox));

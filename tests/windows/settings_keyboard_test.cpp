@@ -223,6 +223,18 @@ TEST_F(SettingsKeyboardTest, SpaceExcludesTheFileThatArrowsHaveFound) {
   EXPECT_TRUE(waitUntil([&] { return program.settings().skipList.empty(); }));
 }
 
+TEST_F(SettingsKeyboardTest, AWindowThatComesBackToTheFrontHasItsFocusBack) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  focusBox(kSecondsBox);
+  const HWND other = CreateWindowExW(0, L"STATIC", L"another window", WS_POPUP | WS_VISIBLE, 0, 0,
+                                     50, 50, nullptr, nullptr, nullptr, nullptr);
+  SetForegroundWindow(other);
+  ASSERT_TRUE(waitUntil([&] { return focusedId() == 0; }));
+  SetForegroundWindow(window());
+  EXPECT_TRUE(isFocused(kSecondsBox));
+  DestroyWindow(other);
+}
+
 TEST_F(SettingsKeyboardTest, EscapeClosesTheWindow) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   focusBox(kSecondsBox);
