@@ -221,7 +221,13 @@ bool SettingsMessagesWin::takesFromLoop(MSG& message) {
       onSettingsKey(app, static_cast<int>(message.wParam))) {
     return true;
   }
-  return IsDialogMessageW(window, &message) != FALSE;
+  const HWND before = GetFocus();
+  if (!IsDialogMessageW(window, &message)) return false;
+  const HWND focus = GetFocus();  // null once Escape has closed the window
+  if (message.message == WM_KEYDOWN && focus != nullptr && focus != before) {
+    bringIntoSight(app, GetDlgCtrlID(focus));
+  }
+  return true;
 }
 
 }  // namespace mrl

@@ -79,6 +79,20 @@ TEST_F(SettingsKeyboardTest, TabGoesRoundAllThatAPageHasAndShiftTabGoesBack) {
   }
 }
 
+TEST_F(SettingsKeyboardTest, TabBringsWhatItFindsIntoSight) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  RECT seen{};
+  GetClientRect(pane(), &seen);
+  ASSERT_GT(rect(kResetDelayBox).top, seen.bottom);
+  focusBox(kResetDelayBox);
+  EXPECT_TRUE(waitUntil([&] { return rect(kResetDelayBox).bottom < seen.bottom; }));
+  pressKeys(VK_TAB);
+  ASSERT_TRUE(isFocused(kFirstSection));
+  EXPECT_LT(rect(kMinutesBox).top, 0) << "a button beside the page does not move it";
+  focusBox(kMinutesBox);
+  EXPECT_TRUE(waitUntil([&] { return rect(kMinutesBox).top > 0; }));
+}
+
 TEST_F(SettingsKeyboardTest, ArrowsGoRoundTheRadioButtons) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   focusBox(kDownRadio);
