@@ -91,8 +91,9 @@ int measure() {
   for (int round = 0; round < kWarmUpRounds + kPageRounds; ++round) {
     double sum = 0;
     for (int page = 0; page < kPageCount; ++page) {
-      const auto section = static_cast<WPARAM>(kFirstSection + page);
-      sum += costOf(processId, [&] { SendMessageW(window, WM_COMMAND, section, 0); });
+      const int section = kFirstSection + page;
+      sum += costOf(processId,
+                    [&] { SendMessageW(window, WM_COMMAND, static_cast<WPARAM>(section), 0); });
     }
     if (round >= kWarmUpRounds) turns.push_back(sum / kPageCount);
   }

@@ -157,11 +157,12 @@ REG
 
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
-# start_display [WIDTHxHEIGHT]: a screen of our own, with a window manager.
+# A screen of our own, with a window manager.
+screen_size=1280x800
 start_display() {
-  local size="${1:-1280x800}" number="$kBuild/display-$$"
+  local number="$kBuild/display-$$"
   mkdir -p "$kBuild/log"
-  Xvfb -displayfd 3 -screen 0 "${size}x24" -nolisten tcp 3>"$number" >"$kBuild/log/xvfb.log" 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${screen_size}x24" -nolisten tcp 3>"$number" >"$kBuild/log/xvfb.log" 2>&1 &
   own_processes+=($!)
   wait_until 20 test -s "$number" ||
     fail "the virtual display did not start" "see build/log/xvfb.log"

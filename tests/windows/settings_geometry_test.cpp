@@ -9,6 +9,7 @@
 #include <set>
 #include <string>
 
+#include "core/command_ids.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "windows/picture.h"
@@ -109,6 +110,19 @@ TEST_F(SettingsGeometryTest, EveryPageStandsAsLaidOutInAWindowOfTheSmallestSize)
 TEST_F(SettingsGeometryTest, EveryPageStandsAsLaidOutInAWideWindow) {
   ASSERT_NO_FATAL_FAILURE(open());
   resize({scaled(1180), scaled(700)});
+  expectEveryPageLaidOut();
+}
+
+TEST_F(SettingsGeometryTest, ThePageFollowsTheWindowToTheWholeScreenAndBackFromTheTaskbar) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  const int width = clientSize().width;
+  ShowWindow(window(), SW_MAXIMIZE);
+  ASSERT_TRUE(waitUntil([&] { return clientSize().width > width; }));
+  expectEveryPageLaidOut();
+  ShowWindow(window(), SW_MINIMIZE);
+  ASSERT_TRUE(waitUntil([&] { return IsIconic(window()); }));
+  program.command(kCommandOpenSettings);
+  ASSERT_TRUE(waitUntil([&] { return clientSize().width > width; }));
   expectEveryPageLaidOut();
 }
 

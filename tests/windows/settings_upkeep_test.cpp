@@ -1,7 +1,5 @@
-// The real settings window in long use: what it gives back, and how one gets about without a mouse.
+// The real settings window in long use, and for those who do not see it.
 #include <gtest/gtest.h>
-
-#include <algorithm>
 
 #include "core/command_ids.h"
 #include "settings_window/control_ids.h"
@@ -41,21 +39,6 @@ class SettingsUpkeepTest : public SettingsScreen {
     EXPECT_GT(before.window, 100);
     EXPECT_GT(before.handles, 10);
   }
-  /// Where the Tab key stops, from the page's section on and once around.
-  std::vector<int> expectedStops(int index) const {
-    std::vector<int> stops;
-    for (const int page : {index, kEveryPage}) {
-      for (const Control& row : allControls()) {
-        const bool isOff = row.kind == ControlKind::Radio && !isChecked(row.id);
-        if (row.page == page && isInteractive(row.kind) && isEnabled(row.id) && !isOff) {
-          stops.push_back(row.id);
-        }
-      }
-    }
-    const auto section = std::ranges::find(stops, kFirstSection + index);
-    std::rotate(stops.begin(), section + 1, stops.end());
-    return stops;
-  }
   /// Its own text, or that of what stands before it and is no box itself.
   std::wstring nameOf(HWND sight) const {
     for (; sight != nullptr; sight = GetWindow(sight, GW_HWNDPREV)) {
@@ -89,23 +72,6 @@ TEST_F(SettingsUpkeepTest, TwoThousandPagesTurnedLeaveNothingBehind) {
   ASSERT_TRUE(waitUntil([&] { return !IsIconic(window()); }));
   settledShot();
   expectNoMore(held(), before);
-}
-
-TEST_F(SettingsUpkeepTest, TheTabKeyGoesThroughEveryPageInTheOrderOfTheTable) {
-  ASSERT_NO_FATAL_FAILURE(open());
-  for (int index = 0; index < kPageCount; ++index) {
-    ASSERT_TRUE(openPage(index));
-    ASSERT_EQ(focusedId(), kFirstSection + index);
-    const std::vector<int> expected = expectedStops(index);
-    std::vector<int> stops;
-    while (stops.size() < expected.size()) {
-      const int before = focusedId();
-      pressKey(VK_TAB);
-      ASSERT_TRUE(waitUntil([&] { return focusedId() != before; })) << "stuck at " << before;
-      stops.push_back(focusedId());
-    }
-    EXPECT_EQ(stops, expected) << "page " << index;
-  }
 }
 
 TEST_F(SettingsUpkeepTest, EscapeInTheBoxOfSeveralLinesClosesTheWindowAndNotItsPane) {

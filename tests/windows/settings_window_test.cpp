@@ -302,5 +302,28 @@ TEST_F(SettingsWindowTest, ItGetsNoSmallerThanItsSmallestSize) {
   EXPECT_EQ(place.bottom - place.top, scaled(620));
 }
 
+TEST_F(SettingsWindowTest, TheStatusLineBeginsWithHowSettingsTakeEffect) {
+  Settings settings;
+  settings.remoteAutoStart = false;
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  EXPECT_EQ(text(kStatusText), L"设置自动生效");
+}
+
+TEST_F(SettingsWindowTest, ASettingsFileThatCouldNotBeReadIsTheFirstThingItSays) {
+  program.prepareBytes("no settings at all");
+  ASSERT_NO_FATAL_FAILURE(openAsItIs());
+  EXPECT_FALSE(text(kStatusText).empty());
+  EXPECT_NE(text(kStatusText), L"设置自动生效");
+  EXPECT_EQ(program.settingsBytes(), "no settings at all") << "and it is left alone";
+}
+
+TEST_F(SettingsWindowTest, TheProgramEndsWithItOpen) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  PostMessageW(program.clock(), WM_COMMAND, kCommandExit, 0);
+  DWORD exitCode = 99;
+  ASSERT_TRUE(program.waitForEnd(exitCode));
+  EXPECT_EQ(exitCode, 0u);
+}
+
 }  // namespace
 }  // namespace mrl
