@@ -12,6 +12,7 @@ namespace {
 // All lengths below are units of 1/96 inch.
 constexpr int kLineUnits = 56;  // a step of the scroll bar, a notch of the wheel
 constexpr int kWheelNotch = 120;
+constexpr int kSightUnits = 12;   // between a control and the pane's edge
 constexpr int kSideBySide = 660;  // from this width of the cards the two stages share a row
 constexpr int kStageHeight = 454;
 constexpr int kDrop = 190;  // a combo's height counts its open list too
@@ -311,6 +312,21 @@ void turnWheel(App& app, int delta) {
       delta * toPixels(kLineUnits, app.platform.settingsView.dpi()) + app.form.wheelRemainder;
   app.form.wheelRemainder = way % kWheelNotch;
   scrollTo(app, app.form.scrollPosition - way / kWheelNotch);
+}
+
+void bringIntoSight(App& app, int id) {
+  const Control* control = findControl(id);
+  if (!app.form.isOpen || !control || control->page != app.form.page) return;
+  SettingsView& view = app.platform.settingsView;
+  const Rect rect = view.rectOf(id);
+  const int margin = toPixels(kSightUnits, view.dpi());
+  const int above = rect.top - margin;
+  const int below = rect.bottom + margin - view.scrollInfo(Bar::Page).page;
+  if (above < 0) {
+    scrollTo(app, app.form.scrollPosition + above);
+  } else if (below > 0) {
+    scrollTo(app, app.form.scrollPosition + below);
+  }
 }
 
 void onSettingsDpiChanged(App& app) {

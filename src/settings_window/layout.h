@@ -30,6 +30,9 @@ void scrollPage(App& app, PageScroll step);
 /// The mouse wheel; 120 is a notch, positive is away from the user. Parts of a pixel add up.
 void turnWheel(App& app, int delta);
 
+/// The keyboard came to the control: the page scrolls as far as it takes to see all of it.
+void bringIntoSight(App& app, int id);
+
 /// The window came to a monitor of another DPI.
 void onSettingsDpiChanged(App& app);
 

@@ -99,6 +99,28 @@ TEST_F(LayoutScrollTest, ThePageStopsAtItsEnds) {
   EXPECT_EQ(app.form.scrollPosition, (740 - 248) * 3 / 4);
 }
 
+TEST_F(LayoutScrollTest, TheKeyboardBringsAControlIntoSight) {
+  bringIntoSight(app, kMinutesBox);
+  EXPECT_EQ(app.form.scrollPosition, 0) << "which it has been";
+  bringIntoSight(app, kSwitchDeckBox);
+  EXPECT_EQ(settingsView.rectOf(kSwitchDeckBox).bottom, 740 - 248 - 12);
+  bringIntoSight(app, kSwitchDeckBox);
+  EXPECT_EQ(settingsView.rectOf(kSwitchDeckBox).bottom, 740 - 248 - 12);
+  bringIntoSight(app, kResetDelayBox);
+  EXPECT_EQ(settingsView.rectOf(kResetDelayBox).bottom, 740 - 248 - 12);
+  bringIntoSight(app, kMinutesBox);
+  EXPECT_EQ(settingsView.rectOf(kMinutesBox).top, 12);
+}
+
+TEST_F(LayoutScrollTest, OnlyAControlOfThePageMovesIt) {
+  bringIntoSight(app, kResetDelayBox);
+  const int before = app.form.scrollPosition;
+  for (const int other : {int{kFirstSection} + 1, int{kCloseButton}, int{kWidthBox}, 9999}) {
+    bringIntoSight(app, other);
+    EXPECT_EQ(app.form.scrollPosition, before) << other;
+  }
+}
+
 /// Whether the end of the present page is where the system ends its scroll bar.
 bool endsWithItsBar(App& app, SettingsViewFake& view) {
   app.form.scrollPosition = 1'000'000;

@@ -85,10 +85,16 @@ std::optional<LRESULT> SettingsMessagesWin::onShared(HWND window, UINT message, 
   }
 }
 
-std::optional<LRESULT> SettingsMessagesWin::onFrame(HWND window, UINT message, WPARAM /*wParam*/,
+std::optional<LRESULT> SettingsMessagesWin::onFrame(HWND window, UINT message, WPARAM wParam,
                                                     LPARAM lParam) {
   switch (message) {
     case WM_CLOSE: closeSettingsWindow(app); return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE) keepFocus(window);
+      return {};
+    case WM_SETFOCUS:
+      if (giveFocusBack(window)) return 0;
+      return {};
     case WM_SIZE:
       if (!app.form.controlsSuppressed) layoutPage(app);
       return 0;
@@ -195,6 +201,18 @@ void SettingsMessagesWin::onWheel(WPARAM wParam, LPARAM lParam) {
   }
 }
 
+void SettingsMessagesWin::keepFocus(HWND window) {
+  const HWND focus = GetFocus();
+  if (IsChild(window, focus)) focusBefore = focus;
+}
+
+/// As a dialog does when it is active again.
+bool SettingsMessagesWin::giveFocusBack(HWND window) const {
+  if (!IsChild(window, focusBefore) || !IsWindowVisible(focusBefore)) return false;
+  SetFocus(focusBefore);
+  return true;
+}
+
 bool SettingsMessagesWin::takesFromLoop(MSG& message) {
   const HWND window = view.topWindow();
   if (window == nullptr) return false;
@@ -203,7 +221,13 @@ bool SettingsMessagesWin::takesFromLoop(MSG& message) {
       onSettingsKey(app, static_cast<int>(message.wParam))) {
     return true;
   }
-  return IsDialogMessageW(window, &message) != FALSE;
+  const HWND before = GetFocus();
+  if (!IsDialogMessageW(window, &message)) return false;
+  const HWND focus = GetFocus();  // null once Escape has closed the window
+  if (message.message == WM_KEYDOWN && focus != nullptr && focus != before) {
+    bringIntoSight(app, GetDlgCtrlID(focus));
+  }
+  return true;
 }
 
 }  // namespace mrl

@@ -31,6 +31,8 @@ class SettingsMessagesWin {
   std::optional<LRESULT> onPreview(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void onScroll(WPARAM wParam);
   void onWheel(WPARAM wParam, LPARAM lParam);
+  void keepFocus(HWND window);
+  [[nodiscard]] bool giveFocusBack(HWND window) const;
 
   struct Drag {
     CornerHit hit;
@@ -42,6 +44,7 @@ class SettingsMessagesWin {
   SettingsViewWin& view;
   ClockPainterWin& painter;
   std::optional<Drag> drag;
+  HWND focusBefore = nullptr;  // the control that had the keyboard when another window took it
 };
 
 }  // namespace mrl

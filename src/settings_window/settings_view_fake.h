@@ -125,6 +125,9 @@ class SettingsViewFake : public SettingsView {
 
   bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
     questions.push_back({text, title, icon});
+    const int before = focused;
+    takeFocus(kNobody);  // the question has the keyboard meanwhile
+    takeFocus(before);
     return answersYes;
   }
   void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {

@@ -62,8 +62,10 @@ void openSettingsWindow(App& app) {
 bool mayDiscardInput(App& app, const std::u16string& question) {
   if (!app.form.isOpen) return true;
   applyPending(app, true);
-  return !app.form.settingsDirty ||
-         app.platform.settingsView.askYesNo(question, kDialogTitle, DialogIcon::Question);
+  if (!app.form.settingsDirty) return true;
+  // The question takes the focus from a box, which would apply what it asks about.
+  const SuppressControls quiet(app);
+  return app.platform.settingsView.askYesNo(question, kDialogTitle, DialogIcon::Question);
 }
 
 bool closeSettingsWindow(App& app) {

@@ -129,6 +129,14 @@ TEST_F(SettingsWindowTest, NoToTheQuestionLeavesAllAsItWas) {
   EXPECT_EQ(app.form.pendingEdits.at(kMinutesBox), kNotDue);
 }
 
+TEST_F(SettingsWindowTest, TheQuestionDoesNotApplyWhatItAsksAbout) {
+  view().type(kMinutesBox, u"");
+  EXPECT_FALSE(closeSettingsWindow(app));
+  EXPECT_EQ(view().text(kMinutesBox), u"");
+  EXPECT_TRUE(isPending(kMinutesBox));
+  EXPECT_EQ(saved().duration, 900u);
+}
+
 TEST_F(SettingsWindowTest, YesDiscardsTheInput) {
   enter(kFolderBox, u"C:\\none");
   view().answersYes = true;

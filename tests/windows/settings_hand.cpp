@@ -207,4 +207,37 @@ void SettingsHand::paste(int id, std::wstring_view text) const {
   pressKeys('V', {VK_CONTROL});
 }
 
+HWND SettingsHand::question() const {
+  const DWORD thread = GetWindowThreadProcessId(program.clock(), nullptr);
+  HWND found = nullptr;
+  while ((found = FindWindowExW(nullptr, found, L"#32770", L"Marlune")) != nullptr) {
+    if (IsWindowVisible(found) && GetWindowThreadProcessId(found, nullptr) == thread) break;
+  }
+  return found;
+}
+
+bool SettingsHand::asks() const {
+  return waitUntil([&] { return question() != nullptr && question() == GetForegroundWindow(); });
+}
+
+std::wstring SettingsHand::questionText() const {
+  std::wstring all;
+  HWND line = nullptr;
+  while ((line = FindWindowExW(question(), line, L"Static", nullptr)) != nullptr) {
+    all += textOf(line);
+  }
+  return all;
+}
+
+void SettingsHand::answer(int button) const {
+  RECT place{};
+  ASSERT_TRUE(GetWindowRect(GetDlgItem(question(), button), &place));
+  clickMouse({(place.left + place.right) / 2, (place.top + place.bottom) / 2});
+  ASSERT_TRUE(waitUntil([&] { return question() == nullptr; }));
+}
+
+bool SettingsHand::closes() const {
+  return waitUntil([&] { return window() == nullptr && question() == nullptr; });
+}
+
 }  // namespace mrl

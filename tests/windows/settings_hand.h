@@ -73,6 +73,15 @@ class SettingsHand : public SettingsScreen {
   void paste(int id, std::wstring_view text) const;
   /// Drops the combo down and clicks on a row of it.
   void choose(int id, int row) const;
+
+  /// The box with a question that the program has open; null while there is none.
+  HWND question() const;
+  [[nodiscard]] bool asks() const;
+  std::wstring questionText() const;
+  /// With the mouse.
+  void answer(int button) const;
+  /// The settings window, and no question is left.
+  [[nodiscard]] bool closes() const;
 };
 
 }  // namespace mrl

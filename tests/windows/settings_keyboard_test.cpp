@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <vector>
 
 #include "core/wide_win.h"
@@ -77,6 +78,50 @@ TEST_F(SettingsKeyboardTest, TabGoesRoundAllThatAPageHasAndShiftTabGoesBack) {
     std::ranges::rotate(expected, expected.begin() + 1);
     EXPECT_EQ(walk(expected.size(), {VK_SHIFT}), expected);
   }
+}
+
+TEST_F(SettingsKeyboardTest, TabFindsTheButtonsThatASelectedFileSwitchesOn) {
+  std::ofstream(std::filesystem::path(program.folder() + L"\\a.pptx")) << "x";
+  Settings settings = quiet();
+  settings.pptFolder = u16From(program.folder());
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  ASSERT_NO_FATAL_FAILURE(showPage(4));
+  focusBox(kFileList);
+  pressKeys(VK_DOWN);
+  ASSERT_TRUE(waitUntil([&] { return isEnabled(kCloseFileButton); }));
+  const std::vector<int> expected{kHideExcludedCheck, kOpenFileButton, kPlayFileButton,
+                                  kCloseFileButton, kBeginShowButton};
+  EXPECT_EQ(walk(expected.size(), {}), expected);
+}
+
+TEST_F(SettingsKeyboardTest, TheKeyboardStartsTheServiceAndFindsTheButtonForItsAddress) {
+  std::random_device source;  // below the ports that the system gives to clients
+  Settings settings = quiet();
+  settings.remotePort = std::uniform_int_distribution<uint32_t>(20000, 32000)(source);
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  ASSERT_NO_FATAL_FAILURE(showPage(3));
+  focusBox(kServiceButton);
+  pressKeys(VK_SPACE);
+  ASSERT_TRUE(waitUntil([&] { return isEnabled(kCopyAddressButton); }));
+  ASSERT_TRUE(putOnClipboard(L"something else"));
+  focusBox(kCopyAddressButton);
+  pressKeys(VK_SPACE);
+  EXPECT_TRUE(says(L"遥控地址已复制。"));
+  EXPECT_TRUE(clipboardText().starts_with(L"http://"));
+}
+
+TEST_F(SettingsKeyboardTest, TabBringsWhatItFindsIntoSight) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  RECT seen{};
+  GetClientRect(pane(), &seen);
+  ASSERT_GT(rect(kResetDelayBox).top, seen.bottom);
+  focusBox(kResetDelayBox);
+  EXPECT_TRUE(waitUntil([&] { return rect(kResetDelayBox).bottom < seen.bottom; }));
+  pressKeys(VK_TAB);
+  ASSERT_TRUE(isFocused(kFirstSection));
+  EXPECT_LT(rect(kMinutesBox).top, 0) << "a button beside the page does not move it";
+  focusBox(kMinutesBox);
+  EXPECT_TRUE(waitUntil([&] { return rect(kMinutesBox).top > 0; }));
 }
 
 TEST_F(SettingsKeyboardTest, ArrowsGoRoundTheRadioButtons) {
@@ -221,6 +266,18 @@ TEST_F(SettingsKeyboardTest, SpaceExcludesTheFileThatArrowsHaveFound) {
   EXPECT_TRUE(says(kApplied));
   pressKeys(VK_SPACE);
   EXPECT_TRUE(waitUntil([&] { return program.settings().skipList.empty(); }));
+}
+
+TEST_F(SettingsKeyboardTest, AWindowThatComesBackToTheFrontHasItsFocusBack) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  focusBox(kSecondsBox);
+  const HWND other = CreateWindowExW(0, L"STATIC", L"another window", WS_POPUP | WS_VISIBLE, 0, 0,
+                                     50, 50, nullptr, nullptr, nullptr, nullptr);
+  SetForegroundWindow(other);
+  ASSERT_TRUE(waitUntil([&] { return focusedId() == 0; }));
+  SetForegroundWindow(window());
+  EXPECT_TRUE(isFocused(kSecondsBox));
+  DestroyWindow(other);
 }
 
 TEST_F(SettingsKeyboardTest, EscapeClosesTheWindow) {

@@ -163,8 +163,11 @@ TEST_F(SettingsServiceTest, APortOfAnotherIsToldAndTheTickStaysSaved) {
   press(kAutoStartCheck);
   EXPECT_TRUE(saved(&Settings::remoteAutoStart, true));
   EXPECT_EQ(text(kServiceButton), kStart);
-  EXPECT_NE(status(), kApplied);
+  const std::wstring busy =
+      L"遥控端口 " + std::to_wstring(port) + L" 无法监听，请检查网络或更换端口。";
+  EXPECT_TRUE(says(busy));
   press(kServiceButton);
+  EXPECT_TRUE(says(busy));
   EXPECT_EQ(text(kServiceButton), kStart);
 }
 
