@@ -17,9 +17,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kUnplaced = 10;  // the layout gives every control its place
-constexpr int kComboRowUnits = 32;
-constexpr int kFileRowUnits = 54;
+constexpr int kUnplaced = 10;           // the layout gives every control its place
 constexpr DWORD kCornerAttribute = 33;  // of a window of the desktop's; older systems know none
 constexpr DWORD kRoundCorners = 2;
 
