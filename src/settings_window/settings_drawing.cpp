@@ -5,9 +5,10 @@
 namespace mrl {
 
 OutlinePath outlinePath(const Rect& rect, int radius) {
-  const int width = rect.width() - 1;
-  const int height = rect.height() - 1;
-  return {rect.left, rect.top, width, height, std::max(std::min({2 * radius, width, height}), 0)};
+  const auto width = static_cast<float>(rect.width() - 1);
+  const auto height = static_cast<float>(rect.height() - 1);
+  return {static_cast<float>(rect.left) + 0.5F, static_cast<float>(rect.top) + 0.5F, width, height,
+          std::max(std::min({2 * static_cast<float>(radius), width, height}), 0.0F)};
 }
 
 }  // namespace mrl

@@ -91,14 +91,14 @@ constexpr Rect squareAt(Point topLeft, int side) {
   return {topLeft.x, topLeft.y, topLeft.x + side, topLeft.y + side};
 }
 
-/// Where the outline of a rounded rectangle runs: half a pixel within it, through the middles of
-/// its outermost pixels, which is what GDI+ counts by. Corners of 0 are sharp.
+/// Where the outline of a rounded rectangle runs: half a pixel within it, so that a line of one
+/// pixel covers the outermost pixels. Corners of 0 are sharp.
 struct OutlinePath {
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
-  int corner = 0;  // diameter
+  float x = 0;
+  float y = 0;
+  float width = 0;
+  float height = 0;
+  float corner = 0;  // diameter
   bool operator==(const OutlinePath&) const = default;
 };
 OutlinePath outlinePath(const Rect& rect, int radius);

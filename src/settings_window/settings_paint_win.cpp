@@ -94,6 +94,14 @@ void SettingsLook::paintEditFrame(HWND window) const {
   const HDC dc = GetWindowDC(window);
   ExcludeClipRect(dc, client.left - outer.left, client.top - outer.top, client.right - outer.left,
                   client.bottom - outer.top);
+  SCROLLBARINFO bar{};
+  bar.cbSize = sizeof bar;
+  constexpr DWORD kNotToUse = STATE_SYSTEM_INVISIBLE | STATE_SYSTEM_UNAVAILABLE;
+  if (GetScrollBarInfo(window, OBJID_VSCROLL, &bar) && !(bar.rgstate[0] & kNotToUse)) {
+    OffsetRect(&bar.rcScrollBar, -outer.left, -outer.top);
+    ExcludeClipRect(dc, bar.rcScrollBar.left, bar.rcScrollBar.top, bar.rcScrollBar.right,
+                    bar.rcScrollBar.bottom);
+  }
   const BoxState box{.size = {rectFrom(outer).width(), rectFrom(outer).height()},
                      .isReadOnly = isReadOnly(window),
                      .isInvalid = GetPropW(window, kInvalidProperty) != nullptr,

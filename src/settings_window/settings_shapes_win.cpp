@@ -48,6 +48,8 @@ Graphics smoothOn(HDC dc) {
   Graphics graphics;
   GdipCreateFromHDC(dc, graphics.put());
   GdipSetSmoothingMode(graphics.get(), Gdiplus::SmoothingModeAntiAlias);
+  // A drawing counts from the edges of pixels, GDI+ from their middles.
+  GdipTranslateWorldTransform(graphics.get(), -0.5F, -0.5F, Gdiplus::MatrixOrderPrepend);
   return graphics;
 }
 
@@ -64,15 +66,10 @@ Pen penOf(uint32_t colour, float width) {
 }
 
 Path pathOf(const RoundedRect& shape) {
-  const OutlinePath at = outlinePath(shape.rect, shape.radius);
   Path path;
   GdipCreatePath(Gdiplus::FillModeAlternate, path.put());
-  const auto x = static_cast<float>(at.x);
-  const auto y = static_cast<float>(at.y);
-  const auto width = static_cast<float>(at.width);
-  const auto height = static_cast<float>(at.height);
-  const auto corner = static_cast<float>(at.corner);
-  if (at.corner == 0) {
+  const auto [x, y, width, height, corner] = outlinePath(shape.rect, shape.radius);
+  if (corner == 0) {
     GdipAddPathRectangle(path.get(), x, y, width, height);
     return path;
   }
