@@ -156,7 +156,8 @@ Face faceOf(int id) {
   switch (control ? control->kind : ControlKind::Button) {
     case ControlKind::TimerLine: return Face::BodyStrong;
     case ControlKind::Title: return Face::SectionTitle;
-    case ControlKind::Caption: return Face::Small;
+    case ControlKind::Caption:
+    case ControlKind::Paragraph: return Face::Small;
     default: return Face::Body;
   }
 }

@@ -15,7 +15,8 @@ enum class ControlKind {
   Check,
   Radio,
   Title,      // static text at the head of a card
-  Caption,    // other static text
+  Caption,    // other static text, on one line
+  Paragraph,  // the same, on several lines if need be
   TimerLine,  // static text on one line, cut with an ellipsis
   NumberBox,
   TextBox,

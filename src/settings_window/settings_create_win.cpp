@@ -35,7 +35,9 @@ SystemControl systemControl(const Control& row) {
     case ControlKind::Check: return {L"BUTTON", BS_AUTOCHECKBOX};
     case ControlKind::Radio: return {L"BUTTON", BS_AUTORADIOBUTTON};
     case ControlKind::Title:
-    case ControlKind::Caption: return {L"STATIC"};
+    case ControlKind::Paragraph: return {L"STATIC"};
+    // Centred from top to bottom, as it stands beside a box or a switch.
+    case ControlKind::Caption: return {L"STATIC", SS_CENTERIMAGE};
     case ControlKind::TimerLine: return {L"STATIC", SS_ENDELLIPSIS | SS_CENTERIMAGE};
     case ControlKind::NumberBox: return {L"EDIT", kEdit | ES_NUMBER};
     case ControlKind::TextBox: return {L"EDIT", kEdit};
