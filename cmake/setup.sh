@@ -7,8 +7,8 @@ readonly kBuild="$PWD/build"
 # shellcheck disable=SC2034  # each command takes the lists that it needs
 readonly kWindowsPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
 # shellcheck disable=SC2034
-readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool libgl1-mesa-dri
-  libglx-mesa0 fonts-liberation fonts-noto-cjk)
+readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool zbar-tools
+  libgl1-mesa-dri libglx-mesa0 fonts-liberation fonts-noto-cjk)
 # shellcheck disable=SC2034
 readonly kTwoMonitorsPackages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils)
 # shellcheck disable=SC2034
@@ -160,10 +160,11 @@ REG
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 # A screen of our own, with a window manager.
+screen_size=1280x800
 start_display() {
   local number="$kBuild/display-$$"
   mkdir -p "$kBuild/log"
-  Xvfb -displayfd 3 -screen 0 1280x800x24 -nolisten tcp 3>"$number" >"$kBuild/log/xvfb.log" 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "${screen_size}x24" -nolisten tcp 3>"$number" >"$kBuild/log/xvfb.log" 2>&1 &
   own_processes+=($!)
   wait_until 20 test -s "$number" ||
     fail "the virtual display did not start" "see build/log/xvfb.log"

@@ -42,8 +42,13 @@ file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
 if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
-  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest)
+  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll)
 endif()
 
 add_executable(marlune_paint_bench bench/clock_paint_bench_win.cpp)
 target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)
+
+add_executable(marlune_settings_bench bench/settings_window_bench_win.cpp
+                                      tests/windows/program.cpp tests/windows/standin_client.cpp)
+target_include_directories(marlune_settings_bench PRIVATE tests)
+target_link_libraries(marlune_settings_bench PRIVATE marlune_edges gtest)

@@ -31,7 +31,12 @@ constexpr Control kControls[] = {
     {kSecondsLabel, Caption, u"秒", 0},
     {.id = kDownRadio, .kind = Radio, .text = u"倒计时", .page = 0, .startsGroup = true},
     {kUpRadio, Radio, u"正计时", 0},
-    {kHideNoDocumentCheck, Check, u"无文档时自动隐藏", 0},
+    // The end of the radio buttons' group.
+    {.id = kHideNoDocumentCheck,
+     .kind = Check,
+     .text = u"无文档时自动隐藏",
+     .page = 0,
+     .startsGroup = true},
     {kPerSlideCheck, Check, u"翻页后重新计时", 0},
     {kHideZeroCheck, Check, u"计时归零后自动隐藏", 0},
     {kActionsTitle, Title, u"计时结束后动作", 0},

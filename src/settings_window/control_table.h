@@ -38,7 +38,7 @@ struct Control {
   const char16_t* text;
   int page;                                    // 0 to 4, kEveryPage or kNoPage
   const char16_t* cue = nullptr;               // shown in an empty box
-  bool startsGroup = false;                    // of radio buttons
+  bool startsGroup = false;                    // that the arrow keys go round in
   std::span<const char16_t* const> rows = {};  // of a combo; the names of the tabs
 };
 

@@ -240,6 +240,15 @@ std::vector<Placement> pixelsOf(const std::vector<Place>& places, int dpi, int s
   return pixels;
 }
 
+void showScrolled(App& app, PageLayout layout) {
+  SettingsView& view = app.platform.settingsView;
+  view.place(layout.page);
+  view.setScrollInfo(
+      Bar::Page, {.last = layout.extent - 1, .page = layout.paneHeight, .position = layout.scroll});
+  app.form.scrollPosition = layout.scroll;
+  app.form.cards = std::move(layout.cards);
+}
+
 }  // namespace
 
 PageLayout layOut(Size client, int dpi, int page, int scroll) {
@@ -249,7 +258,8 @@ PageLayout layOut(Size client, int dpi, int page, int scroll) {
   PageLayout layout;
   layout.extent = toPixels(content.extent, dpi);
   layout.paneHeight = toPixels(pane.height, dpi);
-  layout.scroll = std::clamp(scroll, 0, std::max(toPixels(content.extent - pane.height, dpi), 0));
+  // What the system lets the bar reach; the difference, scaled, may be a pixel more or less.
+  layout.scroll = std::clamp(scroll, 0, std::max(layout.extent - layout.paneHeight, 0));
   layout.frame = pixelsOf(framePlaces(window, pane), dpi, 0);
   layout.page = pixelsOf(content.places, dpi, layout.scroll);
   for (const Card& card : content.cards) {
@@ -262,15 +272,11 @@ void layoutPage(App& app) {
   if (!app.form.isOpen) return;
   SettingsView& view = app.platform.settingsView;
   PageLayout layout = layOut(view.clientSize(), view.dpi(), app.form.page, app.form.scrollPosition);
-  app.form.scrollPosition = layout.scroll;
-  app.form.cards = std::move(layout.cards);
   view.place(layout.frame);
-  view.place(layout.page);
+  showScrolled(app, std::move(layout));
   for (const Control& control : allControls()) {
     view.setVisible(control.id, control.page == kEveryPage || control.page == app.form.page);
   }
-  view.setScrollInfo(
-      Bar::Page, {.last = layout.extent - 1, .page = layout.paneHeight, .position = layout.scroll});
   refreshPreview(app);
   view.redrawAll();
 }
@@ -278,14 +284,9 @@ void layoutPage(App& app) {
 void scrollTo(App& app, int position) {
   if (!app.form.isOpen) return;
   SettingsView& view = app.platform.settingsView;
-  ScrollInfo info = view.scrollInfo(Bar::Page);
-  info.position = std::clamp(position, 0, std::max(info.last - info.page + 1, 0));
-  if (info.position == app.form.scrollPosition) return;
-  PageLayout layout = layOut(view.clientSize(), view.dpi(), app.form.page, info.position);
-  app.form.scrollPosition = layout.scroll;
-  app.form.cards = std::move(layout.cards);
-  view.place(layout.page);
-  view.setScrollInfo(Bar::Page, info);
+  PageLayout layout = layOut(view.clientSize(), view.dpi(), app.form.page, position);
+  if (layout.scroll == app.form.scrollPosition) return;
+  showScrolled(app, std::move(layout));
   view.redrawPane();
 }
 

@@ -99,6 +99,36 @@ TEST_F(LayoutScrollTest, ThePageStopsAtItsEnds) {
   EXPECT_EQ(app.form.scrollPosition, (740 - 248) * 3 / 4);
 }
 
+/// Whether the end of the present page is where the system ends its scroll bar.
+bool endsWithItsBar(App& app, SettingsViewFake& view) {
+  app.form.scrollPosition = 1'000'000;
+  layoutPage(app);
+  const int laidOut = app.form.scrollPosition;
+  scrollPage(app, PageScroll::Top);
+  scrollPage(app, PageScroll::Bottom);
+  const ScrollInfo bar = view.scrollInfo(Bar::Page);
+  const int end = std::max(bar.last - bar.page + 1, 0);
+  view.calls.clear();
+  scrollPage(app, PageScroll::LineDown);  // beyond the end, where nothing moves
+  return laidOut == end && app.form.scrollPosition == end && bar.position == end &&
+         view.calls.empty();
+}
+
+TEST_F(LayoutScrollTest, APageEndsWhereItsScrollBarEndsHoweverTheMonitorScales) {
+  // At 120 DPI the page's end and the pane's height are rounded, and so is their difference.
+  for (const int dpi : {96, 120, 144, 168, 192, 216}) {
+    view().windowDpi = dpi;
+    for (int page = 0; page < kPageCount; ++page) {
+      selectPage(app, page);
+      for (int more = 0; more < 10; ++more) {
+        view().client = {toPixels(1024, dpi), toPixels(620, dpi) + more};
+        EXPECT_TRUE(endsWithItsBar(app, view()))
+            << "page " << page << " at " << dpi << ", " << more;
+      }
+    }
+  }
+}
+
 TEST_F(LayoutScrollTest, OnlyThePresentPageIsShown) {
   selectPage(app, 2);
   EXPECT_TRUE(view().hidden.contains(kMinutesBox));

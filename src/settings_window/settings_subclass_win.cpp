@@ -90,6 +90,8 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
   if (message == WM_NCCALCSIZE && kind == Kind::Edit) {
     look.narrowToFrame(*reinterpret_cast<RECT*>(lParam));
   }
+  // A box of several lines would keep the Tab key, and by Escape close its parent, the pane.
+  if (message == WM_GETDLGCODE && kind == Kind::Edit) return result & ~DLGC_WANTALLKEYS;
   if (changesTheLook(message)) {
     invalidate(window);
     if (kind == Kind::Edit) RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);

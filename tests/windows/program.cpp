@@ -105,11 +105,14 @@ bool Program::start(const std::wstring& arguments, Opening opening) {
   process = started.hProcess;
   const std::string id = std::to_string(started.dwProcessId);
   if (!waitUntil([&] { return bytesOf(root.path() + L"\\ready.txt") == id; }, 30'000)) return false;
-  window = clockOf(started.dwProcessId);
   processId = started.dwProcessId;
+  // A look at all windows ends early when the one that it has come to is destroyed.
+  if (!waitUntil([&] { return (window = clockOf(processId)) != nullptr; })) return false;
   if (!waitUntil([&] { return settingsWindow() != nullptr; })) return false;
   if (opening == Opening::Closed && !closeSettings()) return false;
-  return window != nullptr && waitUntil([&] { return !text().empty(); });
+  if (!waitUntil([&] { return !text().empty(); })) return false;
+  lookAtSettings();
+  return true;
 }
 
 HWND Program::settingsWindow() const { return settingsOf(processId); }
@@ -183,11 +186,25 @@ bool Program::waitForEnd(DWORD& exitCode) {
 std::string Program::settingsBytes() const { return bytesOf(settingsPath()); }
 
 Settings Program::settings() const {
+  const FILETIME now = settingsChangedAt();
+  if (CompareFileTime(&now, &lastLook.changedAt) != 0) lookAtSettings();
+  EXPECT_TRUE(lastLook.isReadable);
+  return lastLook.record;
+}
+
+FILETIME Program::settingsChangedAt() const {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  GetFileAttributesExW(settingsPath().c_str(), GetFileExInfoStandard, &data);
+  return data.ftLastWriteTime;
+}
+
+void Program::lookAtSettings() const {
+  // What has saved once may save again before it is done.
+  SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, 10'000, nullptr);
+  lastLook = {.changedAt = settingsChangedAt()};
   FilesWin files;
-  Settings record;
   std::u16string error;
-  EXPECT_TRUE(loadSettings(files, u16From(settingsPath()), record, error));
-  return record;
+  lastLook.isReadable = loadSettings(files, u16From(settingsPath()), lastLook.record, error);
 }
 
 void pressAt(POINT point) { moveRealMouse(moveAction(point) + L" mousedown 1"); }

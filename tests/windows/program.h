@@ -66,13 +66,24 @@ class Program {
   const std::wstring& folder() const { return root.path(); }
   std::wstring settingsPath() const { return root.path() + L"\\settings.dat"; }
   std::string settingsBytes() const;
+  /// What is in the settings file by now. May be asked over and over: the file, which nobody can
+  /// replace while it is open, is opened only when it has changed.
   Settings settings() const;
 
  private:
+  struct Look {
+    FILETIME changedAt{};
+    Settings record;
+    bool isReadable = false;
+  };
+  FILETIME settingsChangedAt() const;
+  void lookAtSettings() const;
+
   TemporaryFolder root;
   HANDLE process = nullptr;
   DWORD processId = 0;
   HWND window = nullptr;
+  mutable Look lastLook;
 };
 
 /// The mouse, as a hand moves it. Screen pixels.

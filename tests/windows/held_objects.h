@@ -1,0 +1,17 @@
+// What a process holds of the system, to find what it never gives back. Under Wine, where the
+// functions that would count it always say 0.
+#pragma once
+
+#include <windows.h>
+
+namespace mrl {
+
+struct HeldObjects {
+  int drawing = 0;  // of the process: device contexts, bitmaps, fonts, brushes, regions
+  int window = 0;   // of all processes of the desktop: windows, menus, icons, batches of moves
+  int handles = 0;  // of the process: files, events, threads
+};
+
+HeldObjects heldObjectsOf(DWORD processId);
+
+}  // namespace mrl

@@ -1,0 +1,187 @@
+// Where the controls of the real settings window stand, at the resolution of the desktop that the
+// test runs on, and what the pages look like on the screen.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <set>
+#include <string>
+
+#include "core/command_ids.h"
+#include "settings_window/control_ids.h"
+#include "settings_window/layout.h"
+#include "windows/picture.h"
+#include "windows/settings_screen.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+/// What a phone's camera would read from a picture of ours; empty when it reads nothing.
+std::string scanned(const std::wstring& name) {
+  const std::wstring folder = pictureFolder();
+  const std::wstring answer = folder + name + L".txt";
+  SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  startup.dwFlags = STARTF_USESTDHANDLES;
+  startup.hStdOutput =
+      CreateFileW(answer.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
+                  CREATE_ALWAYS, 0, nullptr);
+  PROCESS_INFORMATION started{};
+  std::wstring line = LR"(Z:\usr\bin\zbarimg --quiet --nodbus --raw )" + name;
+  EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                             folder.c_str(), &startup, &started));
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+  CloseHandle(startup.hStdOutput);
+  std::string text;
+  (void)waitUntil([&] {
+    std::getline(std::ifstream(std::filesystem::path(answer)), text);
+    return !text.empty();
+  });
+  return text;
+}
+
+class SettingsGeometryTest : public SettingsScreen {
+ protected:
+  /// What the system makes of the height that a control was given.
+  int heightOf(const Control* row, int given, int now) const {
+    // Only an open combo shows its list, which was counted; a list shows no part of a row.
+    if (row && row->kind == ControlKind::Combo) return std::clamp(now, scaled(32), scaled(40));
+    if (row && row->kind == ControlKind::List) return given - given % scaled(54);
+    return given;
+  }
+  void expectPlaces(const std::vector<Placement>& placements) {
+    for (const auto& [id, given] : placements) {
+      const Rect now = id == kContentPane ? placeInParent(pane()) : rect(id);
+      Rect expected = given;
+      expected.bottom = given.top + heightOf(findControl(id), given.height(), now.height());
+      EXPECT_EQ(now, expected) << id << " on page " << page();
+    }
+  }
+  /// All of the present page stands where the layout says, scrolled by `scroll`.
+  void expectLaidOut(int scroll) {
+    ASSERT_EQ(dpi(), static_cast<int>(GetDpiForSystem()));
+    const PageLayout layout = layOut(clientSize(), dpi(), page(), scroll);
+    ASSERT_EQ(layout.scroll, scroll);
+    expectPlaces(layout.frame);
+    expectPlaces(layout.page);
+  }
+  int endOfPage() const {
+    const PageLayout layout = layOut(clientSize(), dpi(), page(), 0);
+    return std::max(layout.extent - layout.paneHeight, 0);
+  }
+  void expectEveryPageLaidOut() {
+    for (int index = 0; index < kPageCount; ++index) {
+      ASSERT_TRUE(openPage(index));
+      expectLaidOut(0);
+      ask(pane(), WM_VSCROLL, SB_BOTTOM);
+      expectLaidOut(endOfPage());
+    }
+  }
+  Picture settledPicture(int id) const {
+    RECT place{};
+    GetWindowRect(control(id), &place);
+    return settledPictureOf(place);
+  }
+  std::wstring shotName(const std::wstring& what) const {
+    return what + L"-" + std::to_wstring(dpi()) + L".png";
+  }
+};
+
+TEST_F(SettingsGeometryTest, EveryPageStandsAsLaidOutAtItsTopAndAtItsEnd) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  expectEveryPageLaidOut();
+  ASSERT_TRUE(openPage(1));
+  EXPECT_GT(endOfPage(), 0) << "a page that does not scroll would prove nothing";
+}
+
+TEST_F(SettingsGeometryTest, EveryPageStandsAsLaidOutInAWindowOfTheSmallestSize) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  resize({scaled(900), scaled(620)});
+  expectEveryPageLaidOut();
+}
+
+TEST_F(SettingsGeometryTest, EveryPageStandsAsLaidOutInAWideWindow) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  resize({scaled(1180), scaled(700)});
+  expectEveryPageLaidOut();
+}
+
+TEST_F(SettingsGeometryTest, ThePageFollowsTheWindowToTheWholeScreenAndBackFromTheTaskbar) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  const int width = clientSize().width;
+  ShowWindow(window(), SW_MAXIMIZE);
+  ASSERT_TRUE(waitUntil([&] { return clientSize().width > width; }));
+  expectEveryPageLaidOut();
+  ShowWindow(window(), SW_MINIMIZE);
+  ASSERT_TRUE(waitUntil([&] { return IsIconic(window()); }));
+  program.command(kCommandOpenSettings);
+  ASSERT_TRUE(waitUntil([&] { return clientSize().width > width; }));
+  expectEveryPageLaidOut();
+}
+
+TEST_F(SettingsGeometryTest, AWiderWindowPutsTheStagesSideBySideAndEndsTheScrolling) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  resize({scaled(900), scaled(620)});
+  ASSERT_TRUE(openPage(2));
+  EXPECT_EQ(rect(kFirstStageTitle).left, rect(kSecondStageTitle).left);
+  ask(pane(), WM_VSCROLL, SB_BOTTOM);
+  ASSERT_GT(scrollPosition(), scaled(200));
+  resize({scaled(1040), scaled(620)});
+  EXPECT_EQ(rect(kFirstStageTitle).top, rect(kSecondStageTitle).top);
+  EXPECT_EQ(scrollPosition(), endOfPage());
+  expectLaidOut(endOfPage());
+}
+
+TEST_F(SettingsGeometryTest, AnotherPageBeginsAtItsTop) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ask(pane(), WM_VSCROLL, SB_BOTTOM);
+  ASSERT_GT(scrollPosition(), 0);
+  ASSERT_TRUE(openPage(1));
+  expectLaidOut(0);
+}
+
+TEST_F(SettingsGeometryTest, EveryPageLooksLikeNoOtherOnTheScreen) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  std::vector<Picture> pictures;
+  for (int index = 0; index < kPageCount; ++index) {
+    ASSERT_TRUE(openPage(index));
+    const Picture picture = settledShot();
+    EXPECT_TRUE(savePng(picture, shotName(L"page-" + std::to_wstring(index))));
+    const std::set<uint32_t> colours(picture.pixels.begin(), picture.pixels.end());
+    EXPECT_GT(colours.size(), 50u) << "texts and shapes have soft edges";
+    EXPECT_EQ(std::ranges::count(pictures, picture), 0) << index;
+    pictures.push_back(picture);
+  }
+}
+
+TEST_F(SettingsGeometryTest, TheCodeOnTheScreenIsTheFirstAddressOfThePage) {
+  std::random_device source;  // below the ports that the system gives to clients
+  Settings settings;
+  settings.remotePort = std::uniform_int_distribution<uint32_t>(20000, 32000)(source);
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  ASSERT_TRUE(openPage(3));
+  const std::wstring addresses = text(kAddressBox);
+  const std::wstring first = addresses.substr(0, addresses.find(L"\r\n"));
+  ASSERT_TRUE(first.starts_with(L"http://"));
+  ASSERT_TRUE(savePng(settledPicture(kQrCode), shotName(L"qr")));
+  EXPECT_EQ(scanned(shotName(L"qr")), std::string(first.begin(), first.end()));
+}
+
+TEST_F(SettingsGeometryTest, WithoutTheServiceThePlaceOfTheCodeIsWhite) {
+  Settings settings;
+  settings.remoteAutoStart = false;
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  ASSERT_TRUE(openPage(3));
+  const std::vector<uint32_t> pixels = settledPicture(kQrCode).pixels;
+  EXPECT_EQ(std::ranges::count(pixels, 0xFFFFFFu), static_cast<std::ptrdiff_t>(pixels.size()));
+}
+
+}  // namespace
+}  // namespace mrl

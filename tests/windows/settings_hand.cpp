@@ -1,0 +1,210 @@
+#include "windows/settings_hand.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace mrl {
+
+using standin::waitUntil;
+
+namespace {
+
+void send(std::vector<INPUT>& inputs) {
+  EXPECT_EQ(SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)),
+            inputs.size());
+}
+
+/// The keys that stand apart from the number pad.
+bool isExtended(WORD key) {
+  return (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
+}
+
+INPUT keyInput(WORD key, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.wScan = static_cast<WORD>(MapVirtualKeyW(key, MAPVK_VK_TO_VSC));
+  input.ki.dwFlags = flags | (isExtended(key) ? KEYEVENTF_EXTENDEDKEY : 0);
+  return input;
+}
+
+INPUT characterInput(wchar_t unit, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wScan = unit;
+  input.ki.dwFlags = KEYEVENTF_UNICODE | flags;
+  return input;
+}
+
+/// The screen's pixels, as mouse input counts them: 65536 to each side.
+LONG absolute(LONG pixel, int extent) { return (pixel * 65536 + 32768) / extent; }
+
+INPUT mouseInput(POINT point, DWORD flags, int data = 0) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dx = absolute(point.x, GetSystemMetrics(SM_CXSCREEN));
+  input.mi.dy = absolute(point.y, GetSystemMetrics(SM_CYSCREEN));
+  input.mi.mouseData = static_cast<DWORD>(data);
+  input.mi.dwFlags = MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_MOVE | flags;
+  return input;
+}
+
+/// The list that a combo of the window's thread has dropped down; null while none has.
+HWND droppedList(HWND window) {
+  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+  HWND found = nullptr;
+  while ((found = FindWindowExW(nullptr, found, L"ComboLBox", nullptr)) != nullptr) {
+    if (IsWindowVisible(found) && GetWindowThreadProcessId(found, nullptr) == thread) return found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void pressKeys(WORD key, std::initializer_list<WORD> held) {
+  std::vector<INPUT> inputs;
+  for (const WORD holder : held) inputs.push_back(keyInput(holder, 0));
+  inputs.push_back(keyInput(key, 0));
+  inputs.push_back(keyInput(key, KEYEVENTF_KEYUP));
+  for (const WORD holder : held) inputs.push_back(keyInput(holder, KEYEVENTF_KEYUP));
+  send(inputs);
+}
+
+void typeText(std::wstring_view text) {
+  std::vector<INPUT> inputs;
+  for (const wchar_t unit : text) {
+    inputs.push_back(characterInput(unit, 0));
+    inputs.push_back(characterInput(unit, KEYEVENTF_KEYUP));
+  }
+  send(inputs);
+}
+
+void clickMouse(POINT point, int times) {
+  std::vector<INPUT> inputs{mouseInput(point, 0)};
+  for (int i = 0; i < times; ++i) {
+    inputs.push_back(mouseInput(point, MOUSEEVENTF_LEFTDOWN));
+    inputs.push_back(mouseInput(point, MOUSEEVENTF_LEFTUP));
+  }
+  send(inputs);
+}
+
+void turnWheelAt(POINT point, int delta) {
+  std::vector<INPUT> inputs{mouseInput(point, 0), mouseInput(point, MOUSEEVENTF_WHEEL, delta)};
+  send(inputs);
+}
+
+bool putOnClipboard(std::wstring_view text) {
+  if (!waitUntil([] { return OpenClipboard(nullptr) != FALSE; })) return false;
+  EmptyClipboard();
+  const HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof(wchar_t));
+  auto* target = static_cast<wchar_t*>(GlobalLock(block));
+  *std::ranges::copy(text, target).out = L'\0';
+  GlobalUnlock(block);
+  const bool done = SetClipboardData(CF_UNICODETEXT, block) != nullptr;
+  CloseClipboard();
+  return done;
+}
+
+std::wstring clipboardText() {
+  if (!waitUntil([] { return OpenClipboard(nullptr) != FALSE; })) return {};
+  const HANDLE block = GetClipboardData(CF_UNICODETEXT);
+  std::wstring text;
+  if (block != nullptr) {
+    text = static_cast<const wchar_t*>(GlobalLock(block));
+    GlobalUnlock(block);
+  }
+  CloseClipboard();
+  return text;
+}
+
+Settings SettingsHand::quiet() {
+  Settings settings;
+  settings.remoteAutoStart = false;
+  return settings;
+}
+
+bool SettingsHand::says(const std::wstring& expected) const {
+  if (waitUntil([&] { return status() == expected; })) return true;
+  ADD_FAILURE() << "it says: " << testing::PrintToString(status());
+  return false;
+}
+
+bool SettingsHand::isFocused(int id) const {
+  return waitUntil([&] { return focusedId() == id; });
+}
+
+bool SettingsHand::reads(int id, const std::wstring& expected) const {
+  return waitUntil([&] { return text(id) == expected; });
+}
+
+bool SettingsHand::becomesChecked(int id, bool expected) const {
+  return waitUntil([&] { return isChecked(id) == expected; });
+}
+
+bool SettingsHand::becomesRed(int id, bool expected) const {
+  return waitUntil([&] { return isRed(id) == expected; });
+}
+
+void SettingsHand::turnTo(int index) const {
+  clickMouse(middleOf(kFirstSection + index));
+  ASSERT_TRUE(waitUntil([&] { return page() == index && showsOnly(index); }));
+}
+
+void SettingsHand::reveal(int id) const {
+  if (!IsChild(pane(), control(id))) return;
+  RECT seen{};
+  GetWindowRect(pane(), &seen);
+  const POINT margin{seen.left + 8, (seen.top + seen.bottom) / 2};
+  for (int turns = 0; turns < 40; ++turns) {
+    const POINT middle = middleOf(id);
+    if (middle.y > seen.top + 20 && middle.y < seen.bottom - 20) return;
+    turnWheelAt(margin, middle.y >= seen.bottom - 20 ? -WHEEL_DELTA : WHEEL_DELTA);
+    ASSERT_TRUE(waitUntil([&] { return middleOf(id).y != middle.y; }));
+  }
+  FAIL() << id << " does not come into sight";
+}
+
+void SettingsHand::press(int id) const {
+  reveal(id);
+  POINT point = middleOf(id);
+  POINT last{};
+  GetCursorPos(&last);
+  // Two clicks on one point would be a double click.
+  if (last.x == point.x && last.y == point.y) point.x += 2 * GetSystemMetrics(SM_CXDOUBLECLK);
+  clickMouse(point);
+}
+
+void SettingsHand::selectAll(int id) const {
+  press(id);
+  ASSERT_TRUE(isFocused(id));
+  pressKeys(VK_HOME);
+  pressKeys(VK_END, {VK_SHIFT});
+}
+
+void SettingsHand::retype(int id, std::wstring_view text) const {
+  selectAll(id);
+  if (text.empty()) {
+    pressKeys(VK_DELETE);
+  } else {
+    typeText(text);
+  }
+}
+
+void SettingsHand::choose(int id, int row) const {
+  press(id);
+  ASSERT_TRUE(waitUntil([&] { return ask(control(id), CB_GETDROPPEDSTATE) != 0; }));
+  const HWND list = droppedList(window());
+  RECT rows{};
+  ASSERT_TRUE(GetWindowRect(list, &rows));
+  const auto height = static_cast<LONG>(ask(control(id), CB_GETITEMHEIGHT));
+  clickMouse({(rows.left + rows.right) / 2, rows.top + height * row + height / 2});
+  ASSERT_TRUE(waitUntil([&] { return ask(control(id), CB_GETDROPPEDSTATE) == 0; }));
+}
+
+void SettingsHand::paste(int id, std::wstring_view text) const {
+  ASSERT_TRUE(putOnClipboard(text));
+  selectAll(id);
+  pressKeys('V', {VK_CONTROL});
+}
+
+}  // namespace mrl

@@ -1,0 +1,95 @@
+// The real settings window in long use, and for those who do not see it.
+#include <gtest/gtest.h>
+
+#include "core/command_ids.h"
+#include "settings_window/control_ids.h"
+#include "windows/held_objects.h"
+#include "windows/settings_screen.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+class SettingsUpkeepTest : public SettingsScreen {
+ protected:
+  HeldObjects held() const {
+    DWORD processId = 0;
+    GetWindowThreadProcessId(program.clock(), &processId);
+    return heldObjectsOf(processId);
+  }
+  void reopen(int times) {
+    for (int i = 0; i < times; ++i) {
+      ask(window(), WM_CLOSE);
+      ASSERT_EQ(settingsWindows(), 0);
+      program.command(kCommandOpenSettings);
+      ASSERT_EQ(settingsWindows(), 1);
+    }
+  }
+  void turnPages(int times) {
+    for (int i = 0; i < times; ++i) ask(window(), WM_COMMAND, kFirstSection + i % kPageCount);
+    ASSERT_EQ(page(), (times - 1) % kPageCount);
+  }
+  static void expectNoMore(const HeldObjects& after, const HeldObjects& before) {
+    EXPECT_LE(after.drawing, before.drawing);
+    EXPECT_LE(after.window, before.window);
+    EXPECT_LE(after.handles, before.handles);
+    EXPECT_GT(before.drawing, 10) << "nothing was counted";
+    EXPECT_GT(before.window, 100);
+    EXPECT_GT(before.handles, 10);
+  }
+  /// Its own text, or that of what stands before it and is no box itself.
+  std::wstring nameOf(HWND sight) const {
+    for (; sight != nullptr; sight = GetWindow(sight, GW_HWNDPREV)) {
+      const Control* row = findControl(GetDlgCtrlID(sight));
+      if (row == nullptr) return {};
+      const bool isBox = isEditBox(row->kind) || row->kind == ControlKind::Combo ||
+                         row->kind == ControlKind::List || row->kind == ControlKind::PreviewHost ||
+                         row->kind == ControlKind::QrCode;
+      if (!isBox) return textOf(sight);
+    }
+    return {};
+  }
+};
+
+TEST_F(SettingsUpkeepTest, TwoHundredOpeningsLeaveNothingBehind) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_NO_FATAL_FAILURE(reopen(10));
+  const HeldObjects before = held();
+  ASSERT_NO_FATAL_FAILURE(reopen(190));
+  expectNoMore(held(), before);
+}
+
+TEST_F(SettingsUpkeepTest, TwoThousandPagesTurnedLeaveNothingBehind) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_NO_FATAL_FAILURE(turnPages(10));
+  const HeldObjects before = held();
+  ASSERT_NO_FATAL_FAILURE(turnPages(490));
+  ShowWindow(window(), SW_MINIMIZE);  // without painting the others take a fraction of the time
+  ASSERT_NO_FATAL_FAILURE(turnPages(1500));
+  program.command(kCommandOpenSettings);
+  ASSERT_TRUE(waitUntil([&] { return !IsIconic(window()); }));
+  settledShot();
+  expectNoMore(held(), before);
+}
+
+TEST_F(SettingsUpkeepTest, EscapeInTheBoxOfSeveralLinesClosesTheWindowAndNotItsPane) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  ASSERT_TRUE(openPage(3));
+  click(kAddressBox);
+  ASSERT_TRUE(waitUntil([&] { return focusedId() == kAddressBox; }));
+  pressKey(VK_ESCAPE);
+  EXPECT_TRUE(waitUntil([&] { return settingsWindows() == 0; }));
+}
+
+TEST_F(SettingsUpkeepTest, WhateverTakesTheKeyboardHasAName) {
+  ASSERT_NO_FATAL_FAILURE(open());
+  for (const Control& row : allControls()) {
+    if (!isInteractive(row.kind) || row.kind == ControlKind::Tabs) continue;
+    EXPECT_FALSE(nameOf(control(row.id)).empty()) << row.id;
+  }
+}
+
+}  // namespace
+}  // namespace mrl
