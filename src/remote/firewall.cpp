@@ -45,8 +45,9 @@ bool isWhole(const FirewallRule& rule) {
 /// REQUIRES: the rule is whole.
 bool fits(const FirewallRule& rule, const std::u16string& exePath, int32_t port) {
   return sameText(*rule.application, exePath) && sameText(*rule.localPorts, decimal(port)) &&
-         sameText(*rule.remoteAddresses, u"LocalSubnet") && *rule.enabled && !*rule.edgeTraversal &&
-         *rule.protocol == kTcp && *rule.direction == kInbound && *rule.action == kAllow &&
+         sameText(*rule.remoteAddresses, u"LocalSubnet") && *rule.enabled == kFirewallTrue &&
+         *rule.edgeTraversal == kFirewallFalse && *rule.protocol == kTcp &&
+         *rule.direction == kInbound && *rule.action == kAllow &&
          (*rule.profiles == kThreeProfiles || *rule.profiles == kAllProfiles);
 }
 

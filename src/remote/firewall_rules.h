@@ -10,6 +10,9 @@
 
 namespace mrl {
 
+constexpr int32_t kFirewallTrue = -1;
+constexpr int32_t kFirewallFalse = 0;
+
 /// A rule as the firewall tells it, with the firewall's own numbers. Nothing stands in a field that
 /// could not be read; a text that the rule doesn't have is empty.
 struct FirewallRule {
@@ -17,8 +20,8 @@ struct FirewallRule {
   std::optional<std::u16string> application = {};
   std::optional<std::u16string> localPorts = {};
   std::optional<std::u16string> remoteAddresses = {};
-  std::optional<bool> enabled = {};
-  std::optional<bool> edgeTraversal = {};
+  std::optional<int32_t> enabled = {};        // kFirewallTrue or kFirewallFalse, or neither
+  std::optional<int32_t> edgeTraversal = {};  // likewise
   std::optional<int32_t> protocol = {};
   std::optional<int32_t> profiles = {};
   std::optional<int32_t> direction = {};

@@ -5,9 +5,24 @@
 #include <utility>
 #include <vector>
 
-#include "remote/firewall_rules.h"
+#include "core/text.h"
+#include "remote/firewall.h"
 
 namespace mrl {
+
+/// The rule as the elevated command makes it.
+inline FirewallRule fittingRule(const std::u16string& program, int32_t port) {
+  return {.name = firewallRuleName(program, port, false),
+          .application = program,
+          .localPorts = decimal(port),
+          .remoteAddresses = u"LocalSubnet",
+          .enabled = kFirewallTrue,
+          .edgeTraversal = kFirewallFalse,
+          .protocol = 6,
+          .profiles = 7,
+          .direction = 1,
+          .action = 1};
+}
 
 class FirewallRulesFake : public FirewallRules {
  public:

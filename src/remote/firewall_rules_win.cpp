@@ -55,20 +55,13 @@ std::optional<int32_t> numberOf(INetFwRule& rule,
   return static_cast<int32_t>(value);
 }
 
-using FlagReader = HRESULT (STDMETHODCALLTYPE INetFwRule::*)(VARIANT_BOOL*);
-std::optional<bool> flagOf(INetFwRule& rule, FlagReader read) {
-  VARIANT_BOOL value = VARIANT_FALSE;
-  if (FAILED((rule.*read)(&value))) return std::nullopt;
-  return value == VARIANT_TRUE;
-}
-
 FirewallRule ruleFrom(INetFwRule& rule) {
   return {.name = textOf(rule, &INetFwRule::get_Name),
           .application = textOf(rule, &INetFwRule::get_ApplicationName),
           .localPorts = textOf(rule, &INetFwRule::get_LocalPorts),
           .remoteAddresses = textOf(rule, &INetFwRule::get_RemoteAddresses),
-          .enabled = flagOf(rule, &INetFwRule::get_Enabled),
-          .edgeTraversal = flagOf(rule, &INetFwRule::get_EdgeTraversal),
+          .enabled = numberOf(rule, &INetFwRule::get_Enabled),
+          .edgeTraversal = numberOf(rule, &INetFwRule::get_EdgeTraversal),
           .protocol = numberOf(rule, &INetFwRule::get_Protocol),
           .profiles = numberOf(rule, &INetFwRule::get_Profiles),
           .direction = numberOf(rule, &INetFwRule::get_Direction),

@@ -24,9 +24,8 @@ constexpr char16_t kThisProgram[] = u"本程序";
 constexpr char16_t kAllPrograms[] = u"所有程序";
 constexpr char16_t kFoundHead[] = u"发现可能阻止遥控的入站规则：";
 constexpr char16_t kFoundTail[] =
-    u"\n规则可能受地址、接口、服务或策略限制，来源请在防火墙控制台核实。点击“检查与修复”查看处理方"
-    u"式"
-    u"。";
+    u"\n规则可能受地址、接口、服务或策略限制，来源请在防火墙控制台核实。"
+    u"点击“检查与修复”查看处理方式。";
 
 constexpr size_t kListed = 4;
 constexpr int32_t kTcp = 6;
@@ -51,7 +50,7 @@ bool isReadable(const FirewallRule& rule) {
 
 /// REQUIRES: the rule is readable.
 bool blocksInbound(const FirewallRule& rule) {
-  return *rule.enabled && *rule.direction == kInbound && *rule.action == kBlock &&
+  return *rule.enabled != kFirewallFalse && *rule.direction == kInbound && *rule.action == kBlock &&
          (*rule.profiles & kProfiles) != 0 &&
          (*rule.protocol == kTcp || *rule.protocol == kAnyProtocol);
 }

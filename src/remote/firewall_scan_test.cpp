@@ -15,7 +15,7 @@ class FirewallScanTest : public ::testing::Test {
     return {.name = name,
             .application = rules.path,
             .localPorts = u"8080",
-            .enabled = true,
+            .enabled = kFirewallTrue,
             .protocol = 6,
             .profiles = 7,
             .direction = 1,
@@ -44,9 +44,8 @@ class FirewallScanTest : public ::testing::Test {
   }
   static std::u16string report(const std::u16string& lines) {
     return u"发现可能阻止遥控的入站规则：" + lines +
-           u"\n规则可能受地址、接口、服务或策略限制，来源请在防火墙控制台核实。点击“检查与修复”查看"
-           u"处"
-           u"理方式。";
+           u"\n规则可能受地址、接口、服务或策略限制，来源请在防火墙控制台核实。"
+           u"点击“检查与修复”查看处理方式。";
   }
 
   FirewallRulesFake rules;
@@ -65,7 +64,7 @@ TEST_F(FirewallScanTest, ABlockRuleForTheProgramAndItsPortBlocks) {
 }
 
 TEST_F(FirewallScanTest, OnlyEnabledInboundBlocksOfTheThreeProfilesCount) {
-  EXPECT_FALSE(blocks(with(&FirewallRule::enabled, false)));
+  EXPECT_FALSE(blocks(with(&FirewallRule::enabled, kFirewallFalse)));
   EXPECT_FALSE(blocks(with(&FirewallRule::direction, 2)));
   EXPECT_FALSE(blocks(with(&FirewallRule::action, 1)));
   EXPECT_FALSE(blocks(with(&FirewallRule::profiles, 8)));
@@ -163,7 +162,7 @@ TEST_F(FirewallScanTest, PortsAndNameAreNeededOnlyOfARuleThatMayBlock) {
   rules.rules = {rule};
   expectFailure(u"无法读取阻止规则名称。");
   rule.localPorts.reset();
-  rule.enabled = false;
+  rule.enabled = kFirewallFalse;
   rules.rules = {rule};
   EXPECT_TRUE(passes());
 }

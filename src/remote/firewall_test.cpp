@@ -14,21 +14,9 @@ using State = FirewallRuleState;
 
 class FirewallTest : public ::testing::Test {
  protected:
-  /// The rule as the elevated command makes it.
-  FirewallRule fittingRule() const {
-    return {.name = firewallRuleName(rules.path, kPort, false),
-            .application = rules.path,
-            .localPorts = u"8080",
-            .remoteAddresses = u"LocalSubnet",
-            .enabled = true,
-            .edgeTraversal = false,
-            .protocol = 6,
-            .profiles = 7,
-            .direction = 1,
-            .action = 1};
-  }
+  FirewallRule ownRule() const { return fittingRule(rules.path, kPort); }
   FirewallRule blockRule() const {
-    FirewallRule rule = fittingRule();
+    FirewallRule rule = ownRule();
     rule.name = u"block";
     rule.action = 0;
     return rule;
@@ -55,7 +43,7 @@ class FirewallTest : public ::testing::Test {
 };
 
 TEST_F(FirewallTest, ARuleThatFitsIsEnough) {
-  rules.rules = {fittingRule()};
+  rules.rules = {ownRule()};
   expectCheck(State::Authorized, u"");
 }
 
@@ -66,7 +54,7 @@ TEST_F(FirewallTest, WithoutARuleItIsMissing) {
 }
 
 TEST_F(FirewallTest, ARuleUnderTheSecondNameFitsLikeOneUnderTheFirst) {
-  rules.rules = {fittingRule()};
+  rules.rules = {ownRule()};
   rules.rules[0].name = firewallRuleName(rules.path, kPort, true);
   expectCheck(State::Authorized, u"");
 }
@@ -99,7 +87,7 @@ TEST_F(FirewallTest, ASearchForTheSecondNameThatFailsIsNoMissingRule) {
 }
 
 TEST_F(FirewallTest, ADetailThatCannotBeReadFailsTheCheck) {
-  rules.rules = {fittingRule()};
+  rules.rules = {ownRule()};
   const auto expectFailureWithout = [&](auto FirewallRule::*field) {
     rules.onFound = [field](FirewallRule& rule) { (rule.*field).reset(); };
     expectCheck(State::Failed, u"无法读取防火墙规则详情。");
@@ -117,7 +105,7 @@ TEST_F(FirewallTest, ADetailThatCannotBeReadFailsTheCheck) {
 
 TEST_F(FirewallTest, EveryDetailMustFit) {
   const auto change = [&](auto FirewallRule::*field, const auto& value) {
-    rules.rules = {fittingRule()};
+    rules.rules = {ownRule()};
     rules.rules[0].*field = value;
     const State state = check();
     if (state == State::ScopeMismatch) {
@@ -135,8 +123,10 @@ TEST_F(FirewallTest, EveryDetailMustFit) {
   EXPECT_EQ(change(&FirewallRule::remoteAddresses, text(u"localsubnet")), State::Authorized);
   EXPECT_EQ(change(&FirewallRule::remoteAddresses, text(u"LocalSubnet,10.0.0.1")),
             State::ScopeMismatch);
-  EXPECT_EQ(change(&FirewallRule::enabled, false), State::ScopeMismatch);
-  EXPECT_EQ(change(&FirewallRule::edgeTraversal, true), State::ScopeMismatch);
+  EXPECT_EQ(change(&FirewallRule::enabled, kFirewallFalse), State::ScopeMismatch);
+  EXPECT_EQ(change(&FirewallRule::enabled, 1), State::ScopeMismatch) << "neither yes nor no";
+  EXPECT_EQ(change(&FirewallRule::edgeTraversal, kFirewallTrue), State::ScopeMismatch);
+  EXPECT_EQ(change(&FirewallRule::edgeTraversal, 1), State::ScopeMismatch) << "neither yes nor no";
   EXPECT_EQ(change(&FirewallRule::protocol, 17), State::ScopeMismatch);
   EXPECT_EQ(change(&FirewallRule::direction, 2), State::ScopeMismatch);
   EXPECT_EQ(change(&FirewallRule::action, 2), State::ScopeMismatch);
@@ -145,19 +135,19 @@ TEST_F(FirewallTest, EveryDetailMustFit) {
 }
 
 TEST_F(FirewallTest, ABlockRuleIsReportedEvenBesideTheProgramsOwn) {
-  rules.rules = {fittingRule(), blockRule()};
+  rules.rules = {ownRule(), blockRule()};
   EXPECT_EQ(check(), State::Blocked);
 }
 
 TEST_F(FirewallTest, AnAuthorizedProgramAsksForNothing) {
-  rules.rules = {fittingRule()};
+  rules.rules = {ownRule()};
   EXPECT_TRUE(authorize());
   EXPECT_TRUE(rules.commands.empty());
 }
 
 TEST_F(FirewallTest, ARuleIsMadeOnlyWhereNothingOfItsKindExists) {
-  rules.rules = {fittingRule()};
-  rules.rules[0].enabled = false;
+  rules.rules = {ownRule()};
+  rules.rules[0].enabled = kFirewallFalse;
   expectNotAuthorized(u"同名防火墙规则的范围不符合要求，请在网络权限设置中检查。");
   rules.rules = {blockRule()};
   EXPECT_FALSE(authorize());
@@ -168,7 +158,7 @@ TEST_F(FirewallTest, ARuleIsMadeOnlyWhereNothingOfItsKindExists) {
 }
 
 TEST_F(FirewallTest, TheCommandIsRunByItsFullPathForTheWindowThatAsked) {
-  rules.made = {fittingRule()};
+  rules.made = {ownRule()};
   EXPECT_TRUE(authorize());
   EXPECT_EQ(rules.commands, std::vector{u"C:\\Windows\\system32\\netsh.exe " +
                                         netshRuleArguments(rules.path, kPort)});
@@ -191,7 +181,7 @@ TEST_F(FirewallTest, WithoutTheSystemsFolderNothingIsRun) {
 }
 
 TEST_F(FirewallTest, AUserWhoDeclinesIsInvitedToTryAgainAndNoRuleExists) {
-  rules.made = {fittingRule()};
+  rules.made = {ownRule()};
   rules.run = {.error = 1223};
   expectNotAuthorized(u"已取消管理员授权；再次点击“启动遥控服务”可重新请求。");
   EXPECT_TRUE(rules.rules.empty());
@@ -214,7 +204,7 @@ TEST_F(FirewallTest, ACommandThatMadeNothingIsNotBelieved) {
 }
 
 TEST_F(FirewallTest, ACommandThatMadeSomethingElseIsToldWhatIsWrong) {
-  rules.made = {fittingRule()};
+  rules.made = {ownRule()};
   rules.made[0].profiles = 1;
   expectNotAuthorized(u"同名防火墙规则的范围不符合要求，请在网络权限设置中检查。");
 }

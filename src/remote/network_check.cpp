@@ -16,9 +16,8 @@ constexpr char16_t kNoConsole[] =
     u"无法打开防火墙控制台，请在 Windows 中搜索“高级安全 Windows Defender 防火墙”。";
 constexpr char16_t kChecked[] = u"防火墙规则已核对。请启动遥控服务并在另一台设备上测试连接。";
 constexpr char16_t kCheckedBox[] =
-    u"已核对程序、端口和本地子网规则，适用于公用、专用及域网络。请启动遥控服务，并使用另一台设备测"
-    u"试连"
-    u"接。其他安全软件或系统策略仍可能影响连接。";
+    u"已核对程序、端口和本地子网规则，适用于公用、专用及域网络。"
+    u"请启动遥控服务，并使用另一台设备测试连接。其他安全软件或系统策略仍可能影响连接。";
 
 /// In the status line, and in a box that waits for the user.
 void tell(App& app, const std::u16string& text, DialogIcon icon) {

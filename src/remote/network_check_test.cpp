@@ -11,9 +11,8 @@ constexpr char16_t kTitle[] = u"网络权限检查";
 constexpr char16_t kFound[] = u"发现需要检查的防火墙规则；请查看系统防火墙控制台。";
 constexpr char16_t kChecked[] = u"防火墙规则已核对。请启动遥控服务并在另一台设备上测试连接。";
 constexpr char16_t kCheckedBox[] =
-    u"已核对程序、端口和本地子网规则，适用于公用、专用及域网络。请启动遥控服务，并使用另一台设备测"
-    u"试连"
-    u"接。其他安全软件或系统策略仍可能影响连接。";
+    u"已核对程序、端口和本地子网规则，适用于公用、专用及域网络。"
+    u"请启动遥控服务，并使用另一台设备测试连接。其他安全软件或系统策略仍可能影响连接。";
 constexpr char16_t kMismatch[] = u"同名防火墙规则的范围不符合要求，请在网络权限设置中检查。";
 
 class NetworkCheckTest : public SettingsFixture {
@@ -21,16 +20,7 @@ class NetworkCheckTest : public SettingsFixture {
   void SetUp() override {
     SettingsFixture::SetUp();
     network.add(1, {ipv4(192, 168, 1, 5)});
-    fitting = {.name = firewallRuleName(firewall.path, 22222, false),
-               .application = firewall.path,
-               .localPorts = u"22222",
-               .remoteAddresses = u"LocalSubnet",
-               .enabled = true,
-               .edgeTraversal = false,
-               .protocol = 6,
-               .profiles = 7,
-               .direction = 1,
-               .action = 1};
+    fitting = fittingRule(firewall.path, 22222);
   }
   void press() { view().click(kCheckNetworkButton); }
   void expectBox(const std::u16string& text, DialogIcon icon) {
@@ -61,13 +51,11 @@ TEST_F(NetworkCheckTest, ARuleThatDoesNotFitIsShownAndTheConsoleOffered) {
   view().answersYes = true;
   press();
   EXPECT_EQ(status(), kFound);
-  EXPECT_EQ(
-      view().questions,
-      (std::vector<SettingsViewFake::Dialog>{
-          {std::u16string(kMismatch) +
-               u"\n\n程序不会自动修改或删除这些规则。是否打开高级防火墙控制台，由你检查规则来源和范"
-               u"围？",
-           kTitle, DialogIcon::Warning}}));
+  EXPECT_EQ(view().questions,
+            (std::vector<SettingsViewFake::Dialog>{
+                {std::u16string(kMismatch) + u"\n\n程序不会自动修改或删除这些规则。"
+                                             u"是否打开高级防火墙控制台，由你检查规则来源和范围？",
+                 kTitle, DialogIcon::Warning}}));
   EXPECT_EQ(shell.opened, std::vector<std::u16string>{u"wf.msc"});
   EXPECT_EQ(firewall.rules.size(), 1u);
   EXPECT_TRUE(firewall.commands.empty());

@@ -16,23 +16,11 @@ class RemoteServiceTest : public SettingsFixture {
   void SetUp() override {
     SettingsFixture::SetUp();
     network.add(1, {kWired});
-    firewall.rules = {fittingRule()};
+    firewall.rules = {fittingRule(firewall.path, kPort)};
     app.lastError.clear();
   }
   void TearDown() override { stopRemote(app); }
 
-  FirewallRule fittingRule() {
-    return {.name = firewallRuleName(firewall.path, kPort, false),
-            .application = firewall.path,
-            .localPorts = u"22222",
-            .remoteAddresses = u"LocalSubnet",
-            .enabled = true,
-            .edgeTraversal = false,
-            .protocol = 6,
-            .profiles = 7,
-            .direction = 1,
-            .action = 1};
-  }
   void expectRefused(const std::u16string& reason) {
     EXPECT_FALSE(startRemote(app, true));
     EXPECT_FALSE(app.remote.running);
@@ -70,13 +58,13 @@ TEST_F(RemoteServiceTest, WithoutANetworkTheFirewallIsNotAsked) {
 }
 
 TEST_F(RemoteServiceTest, AFirewallThatBlocksIsToldAndNothingIsBound) {
-  firewall.rules[0].enabled = false;
+  firewall.rules[0].enabled = kFirewallFalse;
   expectRefused(u"同名防火墙规则的范围不符合要求，请在网络权限设置中检查。");
 }
 
 TEST_F(RemoteServiceTest, AMissingRuleIsAskedForInTheNameOfTheWindowInFront) {
   firewall.rules.clear();
-  firewall.made = {fittingRule()};
+  firewall.made = {fittingRule(firewall.path, kPort)};
   EXPECT_TRUE(startRemote(app, true));
   EXPECT_EQ(firewall.owner, view().handle());
   stopRemote(app);

@@ -6,21 +6,35 @@
 
 #include <algorithm>
 #include <chrono>
-#include <future>
+#include <semaphore>
+#include <thread>
 
 namespace mrl {
 namespace {
 
+/// What the other thread is about to do is often there within microseconds: to ask some times, and
+/// let others run in between, then costs less than to sleep and be woken.
+template <class Condition>
+bool comesSoon(Condition condition) {
+  for (int tries = 0; tries < 30; ++tries) {
+    if (condition()) return true;
+    std::this_thread::yield();
+  }
+  return false;
+}
+
 class DoneEventPosix : public DoneEvent {
  public:
-  void set() override { promise.set_value(); }
+  void set() override { isSet.release(); }
   bool wait(uint32_t limitMs) override {
-    return future.wait_for(std::chrono::milliseconds(limitMs)) == std::future_status::ready;
+    const bool was = comesSoon([this] { return isSet.try_acquire(); }) ||
+                     isSet.try_acquire_for(std::chrono::milliseconds(limitMs));
+    if (was) isSet.release();  // it stays set
+    return was;
   }
 
  private:
-  std::promise<void> promise;
-  std::future<void> future = promise.get_future();
+  std::binary_semaphore isSet{0};
 };
 
 }  // namespace
@@ -61,6 +75,7 @@ std::vector<std::shared_ptr<RemoteRequest>> RequestQueuePosix::take() {
 void RequestQueuePosix::drain() { (void)take(); }
 
 void RequestQueuePosix::wait(uint32_t limitMs) {
+  if (comesSoon([this] { return newest.load() != nullptr; })) return;
   pollfd asked{.fd = wake.get(), .events = POLLIN, .revents = 0};
   (void)poll(&asked, 1, static_cast<int>(limitMs));
 }

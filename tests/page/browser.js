@@ -30,7 +30,7 @@ export async function visit(browser, origin, {
     viewport: { width, height }, locale: 'zh-CN', baseURL: origin, ...options,
   });
   const page = await context.newPage();
-  page.setDefaultTimeout(8000);
+  page.setDefaultTimeout(15_000);
   page.said = [];
   page.asked = [];
   page.on('console', (message) => page.said.push(message.text()));
@@ -81,9 +81,9 @@ export async function shows(page, selector, text) {
   await until(async () => assert.equal(await page.textContent(selector), text));
 }
 
-/** Repeats `attempt` until it no longer throws; after 5 seconds its last error stands. */
+/** Repeats `attempt` until it no longer throws; after 10 seconds its last error stands. */
 export async function until(attempt) {
-  const end = Date.now() + 5000;
+  const end = Date.now() + 10_000;
   for (;;) {
     try {
       return await attempt();

@@ -24,6 +24,14 @@ export class Headless {
     if (answer !== 'ok') throw new Error(`${line}: ${answer}`);
   }
 
+  add(deck) {
+    return this.obey('add ' + deck);
+  }
+
+  remove(deck) {
+    return this.obey('remove ' + deck);
+  }
+
   async close() {
     this.child.stdin.end();
     await this.ended;

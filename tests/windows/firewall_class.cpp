@@ -19,7 +19,7 @@ constexpr GUID kFirewallPolicy = {
 /// The rule that the system would make of the command; the words of the log stand one a line. A
 /// word that is not understood leaves its field unread.
 FirewallRule ruleOfCommand(std::istream& log) {
-  FirewallRule rule{.edgeTraversal = false};
+  FirewallRule rule{.edgeTraversal = kFirewallFalse};
   for (std::string word; std::getline(log, word);) {
     const size_t equals = word.find('=');
     if (equals == word.npos) continue;
@@ -29,7 +29,7 @@ FirewallRule ruleOfCommand(std::istream& log) {
     if (key == "program") rule.application = utf16From(value);
     if (key == "localport") rule.localPorts = utf16From(value);
     if (word == "remoteip=localsubnet") rule.remoteAddresses = u"LocalSubnet";
-    if (word == "enable=yes") rule.enabled = true;
+    if (word == "enable=yes") rule.enabled = kFirewallTrue;
     if (word == "protocol=TCP") rule.protocol = 6;
     if (word == "profile=domain,private,public") rule.profiles = 7;
     if (word == "dir=in") rule.direction = 1;

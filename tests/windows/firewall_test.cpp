@@ -23,19 +23,7 @@ class FirewallSystemTest : public testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(firewall.isRegistered()); }
 
-  FirewallRule ownRule() {
-    const std::u16string path = rules.programPath();
-    return {.name = firewallRuleName(path, kPort, false),
-            .application = path,
-            .localPorts = u"8080",
-            .remoteAddresses = u"LocalSubnet",
-            .enabled = true,
-            .edgeTraversal = false,
-            .protocol = 6,
-            .profiles = 7,
-            .direction = 1,
-            .action = 1};
-  }
+  FirewallRule ownRule() { return fittingRule(rules.programPath(), kPort); }
   void expectCheck(State state, const std::u16string& text = u"") {
     std::u16string message;
     EXPECT_EQ(checkFirewallRule(rules, kPort, message), state);
@@ -70,8 +58,8 @@ TEST_F(FirewallSystemTest, EveryDetailOfARuleIsRead) {
   EXPECT_EQ(found.application, story.rules[0].application);
   EXPECT_EQ(found.localPorts, u"8080");
   EXPECT_EQ(found.remoteAddresses, u"LocalSubnet");
-  EXPECT_EQ(found.enabled, true);
-  EXPECT_EQ(found.edgeTraversal, false);
+  EXPECT_EQ(found.enabled, kFirewallTrue);
+  EXPECT_EQ(found.edgeTraversal, kFirewallFalse);
   EXPECT_EQ(found.protocol, 6);
   EXPECT_EQ(found.profiles, 7);
   EXPECT_EQ(found.direction, 1);

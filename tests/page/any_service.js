@@ -1,0 +1,228 @@
+// The page on a real service, what pages of other places can do to that service (nothing), and the
+// service's answers byte by byte: the same tests for the program without a desktop and for the real one.
+import assert from 'node:assert/strict';
+import { readFile } from 'node:fs/promises';
+import { createServer } from 'node:http';
+import { once } from 'node:events';
+import { test } from 'node:test';
+import { launch, sharedBrowser, shows, until, visit } from './browser.js';
+import { pagePath, someState, someValues } from './service_fake.js';
+
+export const stateOf = async ({ origin }) => (await fetch(origin + '/api/state')).json();
+export const controlsOf = async ({ origin }) => (await fetch(origin + '/api/controls')).json();
+
+/** The ways to name a test on the service that `start` gives: each test has one of its own. */
+export function testsOn(start) {
+  const serviceTest = (name, body) => test(name, { timeout: 60_000 }, async () => {
+    const service = await start();
+    try {
+      await body(service);
+    } finally {
+      await service.close();
+    }
+  });
+
+  /** A test on the connected page, at its real pace. */
+  const remoteTest = (name, { complaints = false, path = '/', files = [] }, body) =>
+    serviceTest(name, async (service) => {
+      for (const file of files) await service.add(file);
+      const page = await visit(await sharedBrowser(), service.origin, { path, frozen: false });
+      try {
+        await shows(page, '#connection', '已连接');
+        await body(page, service);
+        if (!complaints) assert.deepEqual(page.said, []);
+      } finally {
+        await page.context().close();
+      }
+    });
+  return { serviceTest, remoteTest };
+}
+
+// Pages of other places.
+
+/** Serves `html` under another origin. */
+async function withForeignPage(html, body) {
+  const server = createServer((request, response) => {
+    response.setHeader('Content-Type', 'text/html; charset=utf-8');
+    response.end(html);
+  });
+  server.listen(0, '127.0.0.1');
+  await once(server, 'listening');
+  try {
+    await body(server.address().port);
+  } finally {
+    server.closeAllConnections();
+    server.close();
+  }
+}
+
+const attacks = {
+  'a fetch that wants no answer': (page, target) => page.evaluate(
+    (url) => fetch(url, { method: 'POST', mode: 'no-cors' }).then(() => 'sent'), target + '/api/toggle'),
+  'a fetch that wants the answer': (page, target) => page.evaluate(
+    (url) => fetch(url, { method: 'POST' }).then(() => 'read', () => 'blocked'), target + '/api/toggle'),
+  'a beacon': (page, target) => page.evaluate(
+    (url) => navigator.sendBeacon(url, 'revision=0'), target + '/api/controls'),
+  'a form': async (page, target) => {
+    await page.setContent(`<form method="post" action="${target}/api/toggle"></form>`);
+    await submitForm(page.mainFrame());
+  },
+  'a form without an origin': async (page, target) => {
+    await page.setContent(`<iframe sandbox="allow-scripts allow-forms" srcdoc='
+      <form method="post" action="${target}/api/toggle"></form>'></iframe>`);
+    await submitForm(page.frames()[1]);  // not by itself: the frame must be watched before it leaves
+  },
+};
+
+const submitForm = (frame) => frame.$eval('form', (form) => form.submit());
+
+export function anyService(start) {
+  const { serviceTest, remoteTest } = testsOn(start);
+
+  for (const [name, attack] of Object.entries(attacks)) {
+    serviceTest(`${name} from a page of another place is refused`, async (service) => {
+      await withForeignPage('<body>', async (port) => {
+        const before = await stateOf(service);
+        const page = await visit(await sharedBrowser(), `http://127.0.0.1:${port}`, { frozen: false });
+        // An answer that the browser keeps from the page has no status to see.
+        const statuses = [];
+        page.on('response', (response) => statuses.push(response.status()));
+        const over = Promise.race(['response', 'requestfailed'].map((event) =>
+          page.waitForEvent(event, (one) => one.url().startsWith(service.origin))));
+        await attack(page, service.origin).catch(() => {});  // some leave the page
+        await over;
+        assert.deepEqual(statuses.filter((status) => status !== 403), []);
+        assert.deepEqual({ ...await stateOf(service), time: '' }, { ...before, time: '' });
+        await page.context().close();
+      });
+    });
+  }
+
+  serviceTest('a page of another place cannot read the state', async (service) => {
+    await withForeignPage('<body>', async (port) => {
+      const page = await visit(await sharedBrowser(), `http://127.0.0.1:${port}`, { frozen: false });
+      const read = await page.evaluate((target) => fetch(target + '/api/state').then(() => 'read', () => 'blocked'),
+        service.origin);
+      assert.equal(read, 'blocked');
+      await page.context().close();
+    });
+  });
+
+  serviceTest('a page of another place cannot show the remote in a frame', async (service) => {
+    await withForeignPage(`<iframe src="${service.origin}/"></iframe>`, async (port) => {
+      const page = await visit(await sharedBrowser(), `http://127.0.0.1:${port}`, { frozen: false });
+      await until(async () => assert.ok(page.said.some((text) => text.includes('frame-ancestors')), String(page.said)));
+      assert.equal(await page.frames()[1]?.$('#panel-control') ?? null, null);
+      await page.context().close();
+    });
+  });
+
+  serviceTest('a name that was turned to the service gets no page and drives nothing', async (service) => {
+    const browser = await launch('MAP rebound.example 127.0.0.1');
+    try {
+      const own = `http://rebound.example:${service.port}`;
+      const page = await visit(browser, own, { frozen: false });
+      assert.equal(await page.textContent('body'), 'Invalid request origin');
+      // What the name's owner had sent before the name was turned runs with this same origin.
+      const statuses = await page.evaluate(() => Promise.all([
+        fetch('/api/state'), fetch('/api/controls'), fetch('/api/toggle', { method: 'POST' }),
+      ]).then((answers) => answers.map(({ status }) => status)));
+      assert.deepEqual(statuses, [403, 403, 403]);
+    } finally {
+      await browser.close();
+    }
+  });
+
+  // The page where it belongs.
+
+  serviceTest('the page is served byte for byte', async (service) => {
+    const answer = await fetch(service.origin + '/');
+    assert.equal(answer.status, 200);
+    assert.deepEqual(Buffer.from(await answer.arrayBuffer()), await readFile(pagePath));
+  });
+
+  serviceTest('the model of the service in these tests answers with the same keys', async (service) => {
+    await service.add('one.pptx');
+    const state = await stateOf(service);
+    assert.deepEqual(Object.keys(state), Object.keys(someState()));
+    assert.deepEqual(Object.keys(state.files[0]), Object.keys(someState().files[0]));
+    const controls = await controlsOf(service);
+    assert.deepEqual(Object.keys(controls), ['revision', 'values']);
+    assert.deepEqual(Object.keys(controls.values).sort(), Object.keys(someValues()).sort());
+  });
+
+  remoteTest('a whole visit leaves the console empty and asks for nothing elsewhere',
+    { path: '/#0123456789abcdef0123456789abcdef', files: ['一.pptx'] }, async (page, service) => {
+      await page.click('[data-cmd=toggle]');
+      await shows(page, '#message', '操作已完成');
+      await page.click('#settings-tab');
+      await shows(page, '#advanced-status', '已加载电脑当前参数。');
+      await page.click('.connection');
+      await page.click('#theme-toggle');
+      await page.click('#back-control');
+      await page.click('#refresh-status');
+      await shows(page, '#message', '连接成功');
+      assert.equal(page.url(), service.origin + '/');
+      assert.deepEqual(page.asked.filter((url) => new URL(url).origin !== service.origin), []);
+    });
+
+  remoteTest('every command of the page is known to the service', { files: ['一.pptx'], complaints: true },
+    async (page, service) => {
+      const words = await page.$$eval('[data-cmd], [data-file]', (buttons) => [...new Set(buttons.map(({ dataset }) =>
+        dataset.cmd ?? dataset.file.split(' ')[0]))]);
+      assert.equal(words.length, 20);
+      for (const word of words) {
+        const answer = await fetch(`${service.origin}/api/${word}`, { method: 'POST' });
+        assert.ok([200, 409].includes(answer.status), word);
+        assert.notEqual((await answer.json()).error, '未知操作。', word);
+      }
+    });
+
+  remoteTest('the timer is started and paused from the page', {}, async (page, service) => {
+    await fetch(service.origin + '/api/manual', { method: 'POST' });  // no show is there to follow
+    await page.click('[data-cmd=toggle]');
+    await shows(page, '[data-cmd=toggle] .button-label', '暂停');
+    assert.equal((await stateOf(service)).running, true);
+    await page.click('[data-cmd=toggle]');
+    await shows(page, '[data-cmd=toggle] .button-label', '开始 / 继续');
+    assert.equal((await stateOf(service)).paused, true);
+  });
+
+  remoteTest('the longest duration is set from the page', {}, async (page, service) => {
+    await page.fill('#minutes', '999');
+    await page.fill('#seconds', '59');
+    await page.click('#set-duration');
+    await shows(page, '#message', '操作已完成');
+    assert.equal((await stateOf(service)).duration, 59999);
+  });
+
+  remoteTest('files come and go in the list, and can be skipped', { files: ['一.pptx', '二 & "三".pptx'] },
+    async (page, service) => {
+      const names = () => page.$$eval('#files h3', (found) => found.map(({ textContent }) => textContent).sort());
+      await until(async () => assert.deepEqual(await names(), ['一.pptx', '二 & "三".pptx'].sort()));
+      await page.click('#files article:first-child .file-skip');
+      await shows(page, '#files article:first-child .status', '跳过计时');
+      assert.equal((await stateOf(service)).files[0].skip, true);
+      await service.remove('一.pptx');
+      await until(async () => assert.deepEqual(await names(), ['二 & "三".pptx']));
+    });
+
+  remoteTest('a setting is changed from the page, and a stale draft is refused and kept', { complaints: true },
+    async (page, service) => {
+      const { values } = await controlsOf(service);
+      await page.click('#settings-tab');
+      await shows(page, '#advanced-status', '已加载电脑当前参数。');
+      await page.click('#advanced summary');
+      await page.setChecked('[name=perSlide]', !values.perSlide);
+      await shows(page, '#advanced-status', '设置已自动保存并生效。');
+      assert.equal((await controlsOf(service)).values.perSlide, !values.perSlide);
+
+      await page.fill('[name=opacity]', '55');
+      await shows(page, '#advanced-status', '设置已自动保存并生效。');
+      await fetch(`${service.origin}/api/duration?seconds=77`, { method: 'POST' });
+      await page.setChecked('[name=hideZero]', !values.hideZero);
+      await shows(page, '#advanced-status', '电脑设置已更新。遥控端草稿已保留，请重新加载后确认。 输入已保留。');
+      assert.equal(await page.isChecked('[name=hideZero]'), !values.hideZero);
+      assert.equal((await controlsOf(service)).values.hideZero, values.hideZero);
+    });
+}

@@ -1,0 +1,59 @@
+// The real program under Wine, as a child of the test, in a folder of its own. The prefix and the
+// screen are those of the environment.
+import { spawn } from 'node:child_process';
+import { once } from 'node:events';
+import { access, mkdir, mkdtemp, rm, writeFile } from 'node:fs/promises';
+import { tmpdir } from 'node:os';
+import { join } from 'node:path';
+import { fileURLToPath } from 'node:url';
+import { until } from './browser.js';
+
+const program = fileURLToPath(new URL('../../build/windows/marlune.exe', import.meta.url));
+const windowsPath = (path) => 'Z:' + path.replaceAll('/', '\\');
+
+/** The file that the program itself writes, with this folder of decks and this port. */
+const settings = (folder, port) => `MarluneNative2
+900 1 1 0
+300 10 183 82
+1 0 1 0 0
+"${windowsPath(folder).replaceAll('\\', '\\\\')}"
+""
+0
+0 0 0 0 0
+0 0 900 100
+16448767 33023 12597547 80 1 700
+"Arial"
+""
+0 ${port} 1
+0 1 1 0 300 10 0 ""
+0 1 1 0 30 0 0 ""
+`;
+
+export class Program {
+  async start() {
+    this.folder = await mkdtemp(join(tmpdir(), 'marlune-'));
+    this.decks = join(this.folder, 'decks');
+    await mkdir(this.decks);
+    this.port = String(20_000 + Math.floor(Math.random() * 12_000));  // below the clients' own
+    this.origin = `http://127.0.0.1:${this.port}`;
+    await writeFile(join(this.folder, 'settings.dat'), settings(this.decks, this.port));
+    this.child = spawn('wine', [program, '--test-root=' + windowsPath(this.folder)], { stdio: 'ignore' });
+    this.ended = once(this.child, 'exit');
+    await until(() => Promise.all(['ready.txt', 'remote.txt'].map((name) => access(join(this.folder, name)))));
+    return this;
+  }
+
+  add(deck) {
+    return writeFile(join(this.decks, deck), 'deck');
+  }
+
+  remove(deck) {
+    return rm(join(this.decks, deck));
+  }
+
+  async close() {
+    this.child.kill('SIGKILL');
+    await this.ended;
+    await rm(this.folder, { recursive: true, force: true });
+  }
+}

@@ -1,0 +1,9 @@
+// The page, and the wire, on the real program under Wine.
+import { anyService } from '../any_service.js';
+import { Program } from '../program.js';
+import { wireTests } from '../wire.js';
+
+const start = () => new Program().start();
+
+anyService(start);
+wireTests(start);
