@@ -45,6 +45,13 @@ if(SYSTEM_TESTS)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll)
 endif()
 
+# The firewall of the tests for a program that is not one of theirs.
+add_library(firewall SHARED tests/firewall/firewall_dll.cpp tests/windows/firewall_class.cpp)
+target_include_directories(firewall PRIVATE tests)
+target_link_options(firewall PRIVATE -Wl,--kill-at)
+target_link_libraries(firewall PRIVATE marlune_edges)
+set_target_properties(firewall PROPERTIES PREFIX "")
+
 add_executable(marlune_paint_bench bench/clock_paint_bench_win.cpp)
 target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)
 

@@ -13,9 +13,6 @@
 namespace mrl {
 namespace {
 
-constexpr GUID kFirewallPolicy = {
-    0xE2B3C97F, 0x6AE1, 0x41AC, {0x81, 0x7A, 0xF6, 0xF9, 0x21, 0x66, 0xD7, 0xDD}};
-
 /// The rule that the system would make of the command; the words of the log stand one a line. A
 /// word that is not understood leaves its field unread.
 FirewallRule ruleOfCommand(std::istream& log) {
@@ -87,11 +84,6 @@ class CountedDispatch : public Counted<Interface, IDispatch> {
 HRESULT give(const std::optional<std::u16string>& text, BSTR* out) {
   if (!text) return E_FAIL;
   *out = text->empty() ? nullptr : SysAllocString(wideFrom(*text).c_str());
-  return S_OK;
-}
-HRESULT give(const std::optional<bool>& flag, VARIANT_BOOL* out) {
-  if (!flag) return E_FAIL;
-  *out = *flag ? VARIANT_TRUE : VARIANT_FALSE;
   return S_OK;
 }
 template <typename Number>
@@ -308,10 +300,12 @@ class Factory : public Counted<IClassFactory, IUnknown> {
 
 }  // namespace
 
+IClassFactory* makeFirewallFactory(const FirewallStory& story) { return new Factory(story); }
+
 FirewallClass::FirewallClass(const FirewallStory& story) {
-  auto* const factory = new Factory(story);
-  (void)CoRegisterClassObject(kFirewallPolicy, factory, CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE,
-                              &cookie);
+  IClassFactory* const factory = makeFirewallFactory(story);
+  (void)CoRegisterClassObject(kFirewallPolicyClass, factory, CLSCTX_INPROC_SERVER,
+                              REGCLS_MULTIPLEUSE, &cookie);
   factory->Release();
 }
 

@@ -1,8 +1,10 @@
-// A firewall for the tests, under the class of the system's own, in the test's process: what asks
-// the system for its rules is answered by this one. Windows only.
+// A firewall for the tests, under the class of the system's own: what asks the system for its rules
+// is answered by this one. In the test's process, or as a library in the program's. Windows only.
 #pragma once
 
 #include <windows.h>
+
+#include <objbase.h>
 
 #include <string>
 #include <vector>
@@ -10,6 +12,9 @@
 #include "remote/firewall_rules.h"
 
 namespace mrl {
+
+constexpr GUID kFirewallPolicyClass = {
+    0xE2B3C97F, 0x6AE1, 0x41AC, {0x81, 0x7A, 0xF6, 0xF9, 0x21, 0x66, 0xD7, 0xDD}};
 
 /// What the firewall says. A field of a rule that holds nothing can't be read.
 struct FirewallStory {
@@ -21,6 +26,9 @@ struct FirewallStory {
   std::wstring commandLog;         // what the command in this file asked for is a rule as well
   HRESULT notFound = HRESULT_FROM_WIN32(ERROR_FILE_NOT_FOUND);
 };
+
+/// What makes the firewall. REQUIRES: `story` outlives it. The caller releases it.
+IClassFactory* makeFirewallFactory(const FirewallStory& story);
 
 /// The class stands for as long as this lives. REQUIRES: COM is initialised; `story` outlives it.
 class FirewallClass {

@@ -2,20 +2,17 @@
 // own under the system's class, and a command of the test's own in the place of the system's.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #include "core/wide_win.h"
-#include "remote/firewall.h"
+#include "remote/firewall_rules_fake.h"
 #include "remote/firewall_rules_win.h"
 #include "windows/firewall_class.h"
+#include "windows/netsh_in_place.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
 
 namespace mrl {
 namespace {
 
-namespace fs = std::filesystem;
 constexpr int32_t kPort = 8080;
 using State = FirewallRuleState;
 
@@ -39,7 +36,7 @@ class FirewallSystemTest : public testing::Test {
 TEST_F(FirewallSystemTest, TheProgramsOwnPathAndTheSystemsFolderAreFull) {
   EXPECT_TRUE(rules.programPath().ends_with(u"marlune_system_tests.exe"));
   EXPECT_EQ(rules.programPath()[1], u':');
-  EXPECT_TRUE(fs::exists(wideFrom(rules.systemFolder())));
+  EXPECT_TRUE(std::filesystem::exists(wideFrom(rules.systemFolder())));
 }
 
 TEST_F(FirewallSystemTest, VariablesAreFilledInAndOtherTextsStay) {
@@ -107,46 +104,6 @@ TEST_F(FirewallSystemTest, EveryFailureOfTheWalkIsTold) {
   story.givesRules = false;
   expectCheck(State::Failed, u"无法读取 Windows 防火墙规则。");
 }
-
-/// Puts the test's command into the system's folder, and the system's own back at the end.
-class NetshInPlace {
- public:
-  explicit NetshInPlace(const std::u16string& systemFolder)
-      : place(wideFrom(systemFolder) + L"\\netsh.exe"), kept(place + L".kept") {
-    if (fs::exists(place)) fs::rename(place, kept);
-    fs::copy_file(standin::executableFolder() + L"netsh.exe", place);
-    // Wine would rather run its own than the file that stands there.
-    for (const wchar_t* name : kOverrides) {
-      RegSetKeyValueW(HKEY_CURRENT_USER, kOverrideKey, name, REG_SZ, L"native", sizeof L"native");
-    }
-    SetEnvironmentVariableW(L"MARLUNE_NETSH", log().c_str());
-  }
-  NetshInPlace(const NetshInPlace&) = delete;
-  ~NetshInPlace() {
-    for (const wchar_t* name : kOverrides) {
-      RegDeleteKeyValueW(HKEY_CURRENT_USER, kOverrideKey, name);
-    }
-    std::error_code ignored;
-    fs::remove(place, ignored);
-    if (fs::exists(kept)) fs::rename(kept, place, ignored);
-    SetEnvironmentVariableW(L"MARLUNE_NETSH", nullptr);
-    SetEnvironmentVariableW(L"MARLUNE_NETSH_STATUS", nullptr);
-  }
-  std::wstring log() const { return folder.path() + L"\\arguments.txt"; }
-  std::vector<std::string> arguments() const {
-    std::ifstream file(fs::path(log()), std::ios::binary);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) lines.push_back(line);
-    return lines;
-  }
-
- private:
-  static constexpr const wchar_t* kOverrideKey = L"Software\\Wine\\DllOverrides";
-  static constexpr const wchar_t* kOverrides[] = {L"netsh.exe", L"*netsh.exe"};
-  TemporaryFolder folder{L"netsh"};
-  std::wstring place;
-  std::wstring kept;
-};
 
 TEST_F(FirewallSystemTest, TheElevatedCommandGetsItsArgumentsAndItsRuleIsBelievedOnlyWhenSeen) {
   const NetshInPlace netsh(rules.systemFolder());

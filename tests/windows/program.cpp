@@ -92,9 +92,8 @@ void Program::prepareBytes(const std::string& bytes) const {
   std::ofstream(std::filesystem::path(settingsPath()), std::ios::binary) << bytes;
 }
 
-bool Program::start(const std::wstring& arguments, Opening opening) {
-  std::wstring line = L"\"" + standin::executableFolder() + L"marlune.exe\" " + arguments +
-                      L" \"--test-root=" + root.path() + L"\"";
+bool Program::launch(const std::wstring& arguments) {
+  std::wstring line = L"\"" + standin::executableFolder() + L"marlune.exe\" " + arguments;
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION started{};
@@ -103,9 +102,20 @@ bool Program::start(const std::wstring& arguments, Opening opening) {
     return false;
   CloseHandle(started.hThread);
   process = started.hProcess;
-  const std::string id = std::to_string(started.dwProcessId);
-  if (!waitUntil([&] { return bytesOf(root.path() + L"\\ready.txt") == id; }, 30'000)) return false;
   processId = started.dwProcessId;
+  return true;
+}
+
+bool Program::startForUser() {
+  if (!launch(L"")) return false;
+  if (!waitUntil([&] { return settingsWindow() != nullptr; }, 30'000)) return false;
+  return waitUntil([&] { return (window = clockOf(processId)) != nullptr; });
+}
+
+bool Program::start(const std::wstring& arguments, Opening opening) {
+  if (!launch(arguments + L" \"--test-root=" + root.path() + L"\"")) return false;
+  const std::string id = std::to_string(processId);
+  if (!waitUntil([&] { return bytesOf(root.path() + L"\\ready.txt") == id; }, 30'000)) return false;
   // A look at all windows ends early when the one that it has come to is destroyed.
   if (!waitUntil([&] { return (window = clockOf(processId)) != nullptr; })) return false;
   if (!waitUntil([&] { return settingsWindow() != nullptr; })) return false;

@@ -39,6 +39,10 @@ class Program {
   /// Starts it and waits until it is up. `arguments` stand before the one that names the test root.
   [[nodiscard]] bool start(const std::wstring& arguments = L"", Opening opening = Opening::Closed);
 
+  /// As its user starts it: outside of a test's folder, on the real network. It must not run
+  /// already.
+  [[nodiscard]] bool startForUser();
+
   /// Null while it is not shown.
   HWND settingsWindow() const;
   /// Closes it and waits until it is gone; false when it stays.
@@ -71,6 +75,7 @@ class Program {
   Settings settings() const;
 
  private:
+  [[nodiscard]] bool launch(const std::wstring& arguments);
   struct Look {
     FILETIME changedAt{};
     Settings record;
