@@ -162,11 +162,6 @@ Face faceOf(int id) {
   }
 }
 
-int colourBoxOf(int id) {
-  const bool isPicker = id >= kPickForegroundButton && id <= kPickAlertButton;
-  return isPicker ? kForegroundBox + id - kPickForegroundButton : 0;
-}
-
 Drawing drawControl(const ControlState& control, int dpi) {
   const Scale scale{dpi};
   const Control* row = findControl(control.id);

@@ -55,8 +55,6 @@ struct ControlState {
   bool isActive = false;           // a button that is on; the section whose page is shown
   std::u16string colourText = {};  // of a colour picker: what its box holds
 };
-/// The box beside a colour picker; 0 for any other control.
-int colourBoxOf(int id);
 /// A button, a check, a radio, a section or a combo.
 Drawing drawControl(const ControlState& control, int dpi);
 

@@ -161,6 +161,11 @@ constexpr Control kControls[] = {
 
 }  // namespace
 
+int colourBoxOf(int id) {
+  const auto* found = std::ranges::find(kColourPickers, id, &ColourPicker::id);
+  return found == std::end(kColourPickers) ? 0 : found->box;
+}
+
 std::span<const Control> allControls() { return kControls; }
 
 const Control* findControl(int id) {

@@ -55,6 +55,19 @@ constexpr bool isInteractive(ControlKind kind) {
          kind == ControlKind::Combo || kind == ControlKind::List;
 }
 
+/// A button that shows the colour of the box beside it, and picks another.
+struct ColourPicker {
+  int id;
+  int box;
+};
+inline constexpr ColourPicker kColourPickers[] = {
+    {kPickForegroundButton, kForegroundBox},
+    {kPickBackgroundButton, kBackgroundBox},
+    {kPickAlertButton, kAlertBox},
+};
+/// The box of a picker; 0 for any other control.
+int colourBoxOf(int id);
+
 std::span<const Control> allControls();
 /// Null where there is none of that number.
 const Control* findControl(int id);

@@ -7,6 +7,7 @@
 #include "core/geometry_win.h"
 #include "core/wide_win.h"
 #include "settings_window/control_ids.h"
+#include "settings_window/control_table.h"
 #include "settings_window/window_look.h"
 
 namespace mrl {
