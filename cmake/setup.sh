@@ -137,6 +137,8 @@ REGEDIT4
 "Arial"="Liberation Sans"
 "Segoe UI"="Noto Sans CJK SC"
 "Consolas"="Liberation Mono"
+; The title bars' own, whose place a font without Chinese would take.
+"Tahoma"="Noto Sans CJK SC"
 
 [HKEY_CURRENT_USER\\Control Panel\\Desktop]
 "LogPixels"=dword:$(printf '%08x' "$2")

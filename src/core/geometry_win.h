@@ -17,6 +17,12 @@ inline Point pointFrom(const POINT& point) {
   return {static_cast<int>(point.x), static_cast<int>(point.y)};
 }
 
+inline Size clientSizeOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return {static_cast<int>(client.right), static_cast<int>(client.bottom)};
+}
+
 inline WindowHandle handleFrom(HWND window) { return {reinterpret_cast<intptr_t>(window)}; }
 
 inline HWND windowFrom(WindowHandle handle) { return reinterpret_cast<HWND>(handle.value); }

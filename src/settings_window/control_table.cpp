@@ -40,7 +40,7 @@ constexpr Control kControls[] = {
     {kPerSlideCheck, Check, u"翻页后重新计时", 0},
     {kHideZeroCheck, Check, u"计时归零后自动隐藏", 0},
     {kActionsTitle, Title, u"计时结束后动作", 0},
-    {kExpirySummary, Caption, u"", 0},
+    {kExpirySummary, Paragraph, u"", 0},
     {kExitShowCheck, Check, u"退出当前放映", 0},
     {kBlackCheck, Check, u"开启全屏黑屏", 0},
     {kBlinkCheck, Check, u"背景闪烁提醒", 0},
@@ -101,7 +101,7 @@ constexpr Control kControls[] = {
     {kFirstStage + kStageSound, Check, u"播放提示音", 2},
     {kFirstStage + kStageSoundFile, TextBox, u"", 2, u"选择音频文件"},
     {kFirstStage + kStagePickSound, Button, u"选择音频", 2},
-    {kFirstStageLengthLabel, Caption, u"闪烁 / 音频时长（秒）\n0 表示持续闪烁 / 完整播放", 2},
+    {kFirstStageLengthLabel, Paragraph, u"闪烁 / 音频时长（秒）\n0 表示持续闪烁 / 完整播放", 2},
     {kFirstStage + kStageBlinkSeconds, NumberBox, u"", 2},
     {kFirstStage + kStageSoundSeconds, NumberBox, u"", 2},
 
@@ -115,7 +115,7 @@ constexpr Control kControls[] = {
     {kSecondStage + kStageSound, Check, u"播放提示音", 2},
     {kSecondStage + kStageSoundFile, TextBox, u"", 2, u"选择音频文件"},
     {kSecondStage + kStagePickSound, Button, u"选择音频", 2},
-    {kSecondStageLengthLabel, Caption, u"闪烁 / 音频时长（秒）\n0 表示持续闪烁 / 完整播放", 2},
+    {kSecondStageLengthLabel, Paragraph, u"闪烁 / 音频时长（秒）\n0 表示持续闪烁 / 完整播放", 2},
     {kSecondStage + kStageBlinkSeconds, NumberBox, u"", 2},
     {kSecondStage + kStageSoundSeconds, NumberBox, u"", 2},
 
@@ -155,11 +155,16 @@ constexpr Control kControls[] = {
     {kToggleButton, Button, u"开始 / 暂停", kEveryPage},
     {kResetButton, Button, u"重置并停止", kEveryPage},
     {.id = kModeCombo, .kind = Combo, .text = u"", .page = kEveryPage, .rows = kModes},
-    {kStatusText, Caption, u"", kEveryPage},
+    {kStatusText, Paragraph, u"", kEveryPage},
     {kCloseButton, Button, u"关闭", kEveryPage},
 };
 
 }  // namespace
+
+int colourBoxOf(int id) {
+  const auto* found = std::ranges::find(kColourPickers, id, &ColourPicker::id);
+  return found == std::end(kColourPickers) ? 0 : found->box;
+}
 
 std::span<const Control> allControls() { return kControls; }
 

@@ -15,7 +15,8 @@ enum class ControlKind {
   Check,
   Radio,
   Title,      // static text at the head of a card
-  Caption,    // other static text
+  Caption,    // other static text, on one line
+  Paragraph,  // the same, on several lines if need be
   TimerLine,  // static text on one line, cut with an ellipsis
   NumberBox,
   TextBox,
@@ -53,6 +54,19 @@ constexpr bool isInteractive(ControlKind kind) {
          kind == ControlKind::Check || kind == ControlKind::Radio || isEditBox(kind) ||
          kind == ControlKind::Combo || kind == ControlKind::List;
 }
+
+/// A button that shows the colour of the box beside it, and picks another.
+struct ColourPicker {
+  int id;
+  int box;
+};
+inline constexpr ColourPicker kColourPickers[] = {
+    {kPickForegroundButton, kForegroundBox},
+    {kPickBackgroundButton, kBackgroundBox},
+    {kPickAlertButton, kAlertBox},
+};
+/// The box of a picker; 0 for any other control.
+int colourBoxOf(int id);
 
 std::span<const Control> allControls();
 /// Null where there is none of that number.

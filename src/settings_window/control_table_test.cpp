@@ -46,6 +46,14 @@ TEST(ControlTableTest, TheTabsComeFirstThenSidebarPagesAndFrame) {
   EXPECT_EQ(pages, (std::vector{kNoPage, kEveryPage, 0, 1, 2, 3, 4, kEveryPage}));
 }
 
+TEST(ControlTableTest, OnlyAParagraphHasSeveralLines) {
+  for (const Control& control : allControls()) {
+    if (control.kind == ControlKind::Paragraph) continue;
+    EXPECT_EQ(std::u16string_view(control.text).find(u'\n'), std::u16string_view::npos)
+        << control.id;
+  }
+}
+
 TEST(ControlTableTest, NoIdStandsTwice) {
   std::set<int> ids;
   for (const Control& control : allControls()) EXPECT_TRUE(ids.insert(control.id).second);
@@ -58,7 +66,8 @@ TEST(ControlTableTest, WhatAPersonReadsOrClicksHasAText) {
     const bool needsText =
         control.kind == ControlKind::Section || control.kind == ControlKind::Button ||
         control.kind == ControlKind::Check || control.kind == ControlKind::Radio ||
-        control.kind == ControlKind::Title || control.kind == ControlKind::Caption;
+        control.kind == ControlKind::Title || control.kind == ControlKind::Caption ||
+        control.kind == ControlKind::Paragraph;
     if (needsText && !isWrittenLater) {
       EXPECT_FALSE(std::u16string_view(control.text).empty()) << control.id;
     }

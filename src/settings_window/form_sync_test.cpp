@@ -53,6 +53,14 @@ TEST_F(FormSyncTest, ColoursAreWrittenInUpperCase) {
   EXPECT_EQ(view().text(kAlertBox), u"#ABCDEF");
 }
 
+TEST_F(FormSyncTest, ARefillPaintsTheColourPickersAnew) {
+  view().invalidated.clear();
+  refillForm(app);
+  for (const int id : {267, 268, 269}) {
+    EXPECT_EQ(std::ranges::count(view().invalidated, id), 1) << id;
+  }
+}
+
 TEST_F(FormSyncTest, EveryWeightHasItsRow) {
   for (const auto& [weight, row] :
        std::map<uint32_t, int>{{300, 0}, {400, 1}, {700, 2}, {900, 3}, {500, 2}, {0, 2}}) {

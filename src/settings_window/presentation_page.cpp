@@ -17,8 +17,6 @@
 namespace mrl {
 namespace {
 
-constexpr char16_t kSkipped[] = u"[跳过计时] ";
-constexpr char16_t kTimed[] = u"[正常计时] ";
 constexpr char16_t kChooseFile[] = u"请先选择演示文稿。";
 constexpr char16_t kChooseFolder[] = u"请选择 PPT 文件夹";
 constexpr char16_t kNoFiles[] = u"文件夹不存在、不可访问或没有演示文稿";
@@ -34,7 +32,7 @@ std::vector<std::u16string> listRows(App& app) {
   std::vector<std::u16string> rows;
   for (const std::u16string& path : app.form.filePaths) {
     const PresentationFile file = presentationFile(app.form.settings, path);
-    rows.push_back((file.skip ? kSkipped : kTimed) + file.name);
+    rows.push_back((file.skip ? kSkippedRow : kTimedRow) + file.name);
   }
   return rows;
 }

@@ -6,6 +6,10 @@
 
 namespace mrl {
 
+// What a row of the list begins with; its file's name follows.
+inline constexpr char16_t kSkippedRow[] = u"[跳过计时] ";
+inline constexpr char16_t kTimedRow[] = u"[正常计时] ";
+
 /// The selected deck is excluded from timing, or no longer; saved at once.
 void toggleSelectedExclusion(App& app);
 

@@ -6,6 +6,7 @@
 #include "overlay/clock_geometry.h"
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_ids.h"
+#include "settings_window/control_table.h"
 #include "settings_window/form_sync.h"
 #include "settings_window/settings_window.h"
 
@@ -62,6 +63,7 @@ void refreshPreview(App& app) {
   const int top = placeAlong(view, Bar::PreviewVertical, host.height, size.height, scroll.y);
   view.placePreview({left, top, left + size.width, top + size.height});
   view.invalidate(kPreview);
+  for (const ColourPicker& picker : kColourPickers) view.invalidate(picker.id);
   setTextIfChanged(app, kExpirySummary, expirySummary(app.form.settings));
 }
 

@@ -7,7 +7,8 @@
 
 namespace mrl {
 
-/// Places the preview in its host and writes the sentence. Without a window it does nothing.
+/// Places the preview in its host, repaints it and the colours beside their boxes, and writes the
+/// sentence. Without a window it does nothing.
 void refreshPreview(App& app);
 
 /// What the preview shows now. It refers to the form's record.

@@ -34,16 +34,6 @@ constexpr PickButton kPickButtons[] = {
     {kSecondStage + kStagePickSound, Picker::Audio, kSecondStage + kStageSoundFile},
 };
 
-struct ColourButton {
-  int id;
-  int box;
-};
-constexpr ColourButton kColourButtons[] = {
-    {kPickForegroundButton, kForegroundBox},
-    {kPickBackgroundButton, kBackgroundBox},
-    {kPickAlertButton, kAlertBox},
-};
-
 void clearInvalid(App& app, int id) {
   SettingsView& view = app.platform.settingsView;
   if (!view.mark(id, Mark::Invalid)) return;
@@ -95,10 +85,9 @@ bool onPickButton(App& app, int id) {
     pickPath(app, *path);
     return true;
   }
-  const auto* colour = std::ranges::find(kColourButtons, id, &ColourButton::id);
-  if (colour == std::end(kColourButtons)) return false;
-  pickColour(app, colour->box);
-  return true;
+  const int colourBox = colourBoxOf(id);
+  if (colourBox != 0) pickColour(app, colourBox);
+  return colourBox != 0;
 }
 
 /// What has a function of its own when it is clicked, or comes from the keys. False for the rest.

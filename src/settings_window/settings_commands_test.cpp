@@ -104,6 +104,12 @@ TEST_F(SettingsCommandsTest, EveryColourPickerStartsAtItsColourAndAppliesItsChoi
   }
 }
 
+TEST_F(SettingsCommandsTest, AColourPickerIsPaintedAnewWithEveryKeyInItsBox) {
+  view().invalidated.clear();
+  view().type(kAlertBox, u"#12");
+  EXPECT_EQ(std::ranges::count(view().invalidated, int{kPickAlertButton}), 1);
+}
+
 TEST_F(SettingsCommandsTest, ACancelledColourPickerChangesNothing) {
   view().click(kPickAlertButton);
   EXPECT_TRUE(app.form.pendingEdits.empty());

@@ -17,9 +17,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kUnplaced = 10;  // the layout gives every control its place
-constexpr int kComboRowUnits = 32;
-constexpr int kFileRowUnits = 54;
+constexpr int kUnplaced = 10;           // the layout gives every control its place
 constexpr DWORD kCornerAttribute = 33;  // of a window of the desktop's; older systems know none
 constexpr DWORD kRoundCorners = 2;
 
@@ -37,7 +35,9 @@ SystemControl systemControl(const Control& row) {
     case ControlKind::Check: return {L"BUTTON", BS_AUTOCHECKBOX};
     case ControlKind::Radio: return {L"BUTTON", BS_AUTORADIOBUTTON};
     case ControlKind::Title:
-    case ControlKind::Caption: return {L"STATIC"};
+    case ControlKind::Paragraph: return {L"STATIC"};
+    // Centred from top to bottom, as it stands beside a box or a switch.
+    case ControlKind::Caption: return {L"STATIC", SS_CENTERIMAGE};
     case ControlKind::TimerLine: return {L"STATIC", SS_ENDELLIPSIS | SS_CENTERIMAGE};
     case ControlKind::NumberBox: return {L"EDIT", kEdit | ES_NUMBER};
     case ControlKind::TextBox: return {L"EDIT", kEdit};

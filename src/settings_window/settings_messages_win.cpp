@@ -46,7 +46,7 @@ std::optional<LRESULT> SettingsMessagesWin::handle(HWND window, UINT message, WP
   if (isWindowClass(window, kPreviewHostClass)) return onHost(window, message, wParam);
   if (isWindowClass(window, kQrClass)) {
     if (message != WM_PAINT) return {};
-    SettingsLook::paintQrCode(window, app.form.qrMatrix);
+    view.painter().paintQrCode(window);
     return 0;
   }
   const bool frame = isWindowClass(window, kSettingsClass);

@@ -5,13 +5,10 @@
 
 #include "core/unique_handle.h"
 #include "settings_window/settings_form.h"
+#include "settings_window/settings_shapes_win.h"
 
 namespace mrl {
 
-struct FontTraits {
-  static HFONT none() { return nullptr; }
-  static void close(HFONT font) { DeleteObject(font); }
-};
 struct BrushTraits {
   static HBRUSH none() { return nullptr; }
   static void close(HBRUSH brush) { DeleteObject(brush); }
@@ -35,18 +32,21 @@ class SettingsLook {
   /// Fonts, brushes and GDI+; a later call only makes the fonts for another DPI.
   void prepare(int dpi);
   void release();
-  [[nodiscard]] HFONT fontOf(int id) const;
+  /// REQUIRES: it is prepared.
+  [[nodiscard]] HFONT fontOf(int id) const { return fonts[static_cast<size_t>(faceOf(id))].get(); }
   [[nodiscard]] int scale(int units) const { return toPixels(units, dpi); }
 
   /// REQUIRES: a WM_PAINT of that window is being handled. They answer it.
   void paintWindow(HWND window) const;
   void paintPane(HWND window) const;
   void paintPreviewHost(HWND window) const;
-  static void paintQrCode(HWND window, const QrMatrix& matrix);
+  void paintQrCode(HWND window) const;
   /// A button, a check, a radio, a section or a combo.
   void paintControl(HWND window) const;
   /// Around an edit box; REQUIRES: its WM_NCPAINT.
   void paintEditFrame(HWND window) const;
+  /// Answers its WM_NCCALCSIZE: `client` is what the system leaves.
+  void narrowToFrame(RECT& client) const;
   /// Over a list without rows.
   void paintEmptyList(HWND window) const;
   /// WM_DRAWITEM of a combo's rows and of the list of files; false for anything else.
@@ -57,23 +57,14 @@ class SettingsLook {
   HBRUSH controlColours(UINT message, HDC dc, HWND control) const;
 
  private:
-  using Font = UniqueHandle<FontTraits>;
   using Brush = UniqueHandle<BrushTraits>;
 
-  void paintButton(HWND window, HDC dc, const RECT& client) const;
-  void paintSwatch(HDC dc, HWND window, int id, const RECT& client) const;
-  void paintRadio(HWND window, HDC dc, const RECT& client) const;
-  void paintCheck(HWND window, HDC dc, const RECT& client) const;
-  void paintSection(HWND window, HDC dc, const RECT& client) const;
-  void paintCombo(HWND window, HDC dc, const RECT& client) const;
-  void drawComboRow(const DRAWITEMSTRUCT& item) const;
-  void drawFileRow(const DRAWITEMSTRUCT& item) const;
-  void drawSidebar(HDC dc, int height) const;
+  void paintClient(HWND window, const Drawing& drawing) const;
 
   const SettingsForm& form;
   int dpi = kUnitsPerInch;
   ULONG_PTR gdiplus = 0;
-  Font body, bodyStrong, small, pageTitle, sectionTitle, digits;
+  Fonts fonts;
   Brush page, white, readOnly;
 };
 

@@ -1,12 +1,12 @@
 #include "settings_window/settings_shapes_win.h"
 
 #include <objbase.h>
-#include <algorithm>
 // After <objbase.h>, which it leans on.
 #include <gdiplus.h>
 
-#include "core/unique_handle.h"
+#include "core/wide_win.h"
 #include "resources/resource_ids.h"
+#include "settings_window/section_glyph.h"
 
 namespace mrl {
 namespace {
@@ -29,6 +29,10 @@ struct PathTraits {
   static Gdiplus::GpPath* none() { return nullptr; }
   static void close(Gdiplus::GpPath* path) { GdipDeletePath(path); }
 };
+struct GdiPenTraits {
+  static HPEN none() { return nullptr; }
+  static void close(HPEN pen) { DeleteObject(pen); }
+};
 struct RegionTraits {
   static HRGN none() { return nullptr; }
   static void close(HRGN region) { DeleteObject(region); }
@@ -44,6 +48,8 @@ Graphics smoothOn(HDC dc) {
   Graphics graphics;
   GdipCreateFromHDC(dc, graphics.put());
   GdipSetSmoothingMode(graphics.get(), Gdiplus::SmoothingModeAntiAlias);
+  // A drawing counts from the edges of pixels, GDI+ from their middles.
+  GdipTranslateWorldTransform(graphics.get(), -0.5F, -0.5F, Gdiplus::MatrixOrderPrepend);
   return graphics;
 }
 
@@ -59,15 +65,11 @@ Pen penOf(uint32_t colour, float width) {
   return pen;
 }
 
-Path roundPath(const RECT& rect, int radius) {
-  const float x = static_cast<float>(rect.left) + 0.5F;
-  const float y = static_cast<float>(rect.top) + 0.5F;
-  const float width = static_cast<float>(rect.right - rect.left) - 1;
-  const float height = static_cast<float>(rect.bottom - rect.top) - 1;
-  const float corner = std::min({2 * static_cast<float>(radius), width, height});
+Path pathOf(const RoundedRect& shape) {
   Path path;
   GdipCreatePath(Gdiplus::FillModeAlternate, path.put());
-  if (corner <= 0) {
+  const auto [x, y, width, height, corner] = outlinePath(shape.rect, shape.radius);
+  if (corner == 0) {
     GdipAddPathRectangle(path.get(), x, y, width, height);
     return path;
   }
@@ -81,60 +83,100 @@ Path roundPath(const RECT& rect, int radius) {
   return path;
 }
 
-/// A pen over a square, in parts of its side.
-class GlyphPen {
+RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+/// Paints one shape after the other.
+class Painter {
  public:
-  GlyphPen(HDC dc, const RECT& place, uint32_t glyphColour)
-      : graphics(smoothOn(dc)),
-        left(static_cast<float>(place.left)),
-        top(static_cast<float>(place.top)),
-        side(static_cast<float>(place.right - place.left)),
-        colour(glyphColour),
-        pen(penOf(glyphColour, std::max(side / 12, 1.4F))) {
+  Painter(HDC target, const Fonts& windowFonts) : dc(target), fonts(windowFonts) {}
+
+  void operator()(const Area& area) const {
+    const RECT rect = systemRect(area.rect);
+    SetDCBrushColor(dc, systemColour(area.colour));
+    FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
+  }
+  void operator()(const RoundedRect& shape) const {
+    const Graphics graphics = smoothOn(dc);
+    // A frame is painted around its client area, which only the clip region leaves out.
+    const UniqueHandle<RegionTraits> clip(CreateRectRgn(0, 0, 0, 0));
+    if (GetClipRgn(dc, clip.get()) == 1) {
+      GdipSetClipHrgn(graphics.get(), clip.get(), Gdiplus::CombineModeReplace);
+    }
+    const Path path = pathOf(shape);
+    GdipFillPath(graphics.get(), fillOf(shape.fill).get(), path.get());
+    if (!shape.outline) return;
+    const auto width = static_cast<float>(shape.outlineWidth);
+    GdipDrawPath(graphics.get(), penOf(*shape.outline, width).get(), path.get());
+  }
+  void operator()(const Ring& ring) const {
+    GdipDrawEllipseI(smoothOn(dc).get(), penOf(ring.colour, static_cast<float>(ring.width)).get(),
+                     ring.box.left, ring.box.top, ring.box.width(), ring.box.height());
+  }
+  void operator()(const Disc& disc) const {
+    GdipFillEllipseI(smoothOn(dc).get(), fillOf(disc.colour).get(), disc.box.left, disc.box.top,
+                     disc.box.width(), disc.box.height());
+  }
+  void operator()(const Line& line) const {
+    const UniqueHandle<GdiPenTraits> pen(
+        CreatePen(PS_SOLID, line.width, systemColour(line.colour)));
+    const HGDIOBJ before = SelectObject(dc, pen.get());
+    MoveToEx(dc, line.from.x, line.from.y, nullptr);
+    LineTo(dc, line.to.x, line.to.y);
+    SelectObject(dc, before);
+  }
+  void operator()(const Glyph& glyph) const {
+    const Graphics graphics = smoothOn(dc);
+    const auto side = static_cast<float>(glyph.square.width());
+    const Pen pen = penOf(glyph.colour, glyphPenWidth(side));
     GdipSetPenLineCap197819(pen.get(), Gdiplus::LineCapRound, Gdiplus::LineCapRound,
                             Gdiplus::DashCapRound);
+    for (const Stroke& stroke : sectionGlyph(glyph.section)) {
+      const float x = static_cast<float>(glyph.square.left) + stroke.x * side;
+      const float y = static_cast<float>(glyph.square.top) + stroke.y * side;
+      const float width = stroke.a * side;
+      const float height = stroke.b * side;
+      switch (stroke.kind) {
+        case StrokeKind::Line:
+          GdipDrawLine(graphics.get(), pen.get(), x, y,
+                       static_cast<float>(glyph.square.left) + width,
+                       static_cast<float>(glyph.square.top) + height);
+          break;
+        case StrokeKind::Box:
+          GdipDrawRectangle(graphics.get(), pen.get(), x, y, width, height);
+          break;
+        case StrokeKind::Arc:
+          GdipDrawArc(graphics.get(), pen.get(), x, y, width, height, stroke.start, stroke.sweep);
+          break;
+        case StrokeKind::Dot:
+          GdipFillEllipse(graphics.get(), fillOf(glyph.colour).get(), x, y, width, height);
+          break;
+      }
+    }
   }
-  void line(float x1, float y1, float x2, float y2) {
-    GdipDrawLine(graphics.get(), pen.get(), left + x1 * side, top + y1 * side, left + x2 * side,
-                 top + y2 * side);
+  void operator()(const Label& label) const {
+    const HGDIOBJ before = SelectObject(dc, fonts[static_cast<size_t>(label.face)].get());
+    SetBkMode(dc, TRANSPARENT);
+    SetTextColor(dc, systemColour(label.colour));
+    const std::wstring text = wideFrom(label.text);
+    RECT rect = systemRect(label.rect);
+    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rect,
+              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX |
+                  (label.isCentred ? DT_CENTER : DT_LEFT));
+    SelectObject(dc, before);
   }
-  void box(float x, float y, float width, float height) {
-    GdipDrawRectangle(graphics.get(), pen.get(), left + x * side, top + y * side, width * side,
-                      height * side);
+  void operator()(const FocusMark& mark) const {
+    const RECT rect = systemRect(mark.rect);
+    DrawFocusRect(dc, &rect);
   }
-  void arc(float x, float y, float width, float height, float start, float sweep) {
-    GdipDrawArc(graphics.get(), pen.get(), left + x * side, top + y * side, width * side,
-                height * side, start, sweep);
-  }
-  void dot(float x, float y, float diameter) {
-    GdipFillEllipse(graphics.get(), fillOf(colour).get(), left + x * side, top + y * side,
-                    diameter * side, diameter * side);
+  void operator()(const ProgramIcon& icon) const {
+    DrawIconEx(dc, icon.rect.left, icon.rect.top, programIcon(icon.rect.width()), icon.rect.width(),
+               icon.rect.height(), 0, nullptr, DI_NORMAL);
   }
 
  private:
-  Graphics graphics;
-  float left;
-  float top;
-  float side;
-  uint32_t colour;
-  Pen pen;
+  HDC dc;
+  const Fonts& fonts;
 };
-
-void drawBell(GlyphPen& pen) {
-  pen.arc(0.2F, 0.14F, 0.6F, 0.64F, 180, 180);
-  pen.line(0.2F, 0.45F, 0.14F, 0.76F);
-  pen.line(0.14F, 0.76F, 0.86F, 0.76F);
-  pen.line(0.86F, 0.76F, 0.8F, 0.45F);
-  pen.arc(0.4F, 0.7F, 0.2F, 0.2F, 0, 180);
-}
-
-void drawScreen(GlyphPen& pen) {
-  pen.box(0.12F, 0.14F, 0.76F, 0.58F);
-  pen.line(0.5F, 0.72F, 0.5F, 0.9F);
-  pen.line(0.3F, 0.9F, 0.7F, 0.9F);
-  pen.line(0.39F, 0.3F, 0.64F, 0.43F);
-  pen.line(0.64F, 0.43F, 0.39F, 0.56F);
-}
 
 }  // namespace
 
@@ -145,78 +187,21 @@ HICON programIcon(int size) {
 
 COLORREF systemColour(uint32_t rgb) { return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF); }
 
-void fillRect(HDC dc, const RECT& rect, uint32_t colour) {
-  SetDCBrushColor(dc, systemColour(colour));
-  FillRect(dc, &rect, static_cast<HBRUSH>(GetStockObject(DC_BRUSH)));
-}
-
-void roundRect(HDC dc, const RECT& rect, int radius, uint32_t fill, uint32_t outline,
-               float outlineWidth) {
-  const Graphics graphics = smoothOn(dc);
-  // A frame is painted around its client area, which only the clip region leaves out.
-  const UniqueHandle<RegionTraits> clip(CreateRectRgn(0, 0, 0, 0));
-  if (GetClipRgn(dc, clip.get()) == 1) {
-    GdipSetClipHrgn(graphics.get(), clip.get(), Gdiplus::CombineModeReplace);
+Fonts makeFonts(int dpi) {
+  Fonts fonts;
+  for (size_t i = 0; i < fonts.size(); ++i) {
+    const Typeface& face = kTypefaces[i];
+    fonts[i].reset(CreateFontW(-toPixels(face.units, dpi), 0, 0, 0, face.weight, FALSE, FALSE,
+                               FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
+                               CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_DONTCARE,
+                               wideFrom(face.family).c_str()));
   }
-  const Path path = roundPath(rect, radius);
-  GdipFillPath(graphics.get(), fillOf(fill).get(), path.get());
-  if (outline == kNoOutline) return;
-  GdipDrawPath(graphics.get(), penOf(outline, outlineWidth).get(), path.get());
+  return fonts;
 }
 
-void drawCircle(HDC dc, POINT topLeft, int diameter, uint32_t fill, uint32_t outline,
-                float outlineWidth) {
-  const Graphics graphics = smoothOn(dc);
-  const auto x = static_cast<float>(topLeft.x);
-  const auto y = static_cast<float>(topLeft.y);
-  const auto width = static_cast<float>(diameter);
-  if (fill != kNoOutline) {
-    GdipFillEllipse(graphics.get(), fillOf(fill).get(), x, y, width, width);
-  }
-  if (outline != kNoOutline) {
-    GdipDrawEllipse(graphics.get(), penOf(outline, outlineWidth).get(), x, y, width, width);
-  }
-}
-
-void drawGlyph(HDC dc, const RECT& square, int index, uint32_t colour) {
-  GlyphPen pen(dc, square, colour);
-  switch (index) {
-    case 0:
-      pen.arc(0.12F, 0.12F, 0.76F, 0.76F, 0, 360);
-      pen.line(0.5F, 0.27F, 0.5F, 0.5F);
-      pen.line(0.5F, 0.5F, 0.68F, 0.62F);
-      break;
-    case 1:
-      pen.box(0.12F, 0.16F, 0.76F, 0.66F);
-      pen.line(0.32F, 0.4F, 0.68F, 0.4F);
-      pen.line(0.32F, 0.58F, 0.56F, 0.58F);
-      break;
-    case 2: drawBell(pen); break;
-    case 3:
-      pen.arc(0.04F, 0.1F, 0.92F, 0.92F, 220, 100);
-      pen.arc(0.23F, 0.32F, 0.54F, 0.54F, 220, 100);
-      pen.dot(0.45F, 0.72F, 0.1F);
-      break;
-    default: drawScreen(pen); break;
-  }
-}
-
-void drawLine(HDC dc, POINT from, POINT to, uint32_t colour, int width) {
-  const HPEN pen = CreatePen(PS_SOLID, width, systemColour(colour));
-  const HGDIOBJ before = SelectObject(dc, pen);
-  MoveToEx(dc, from.x, from.y, nullptr);
-  LineTo(dc, to.x, to.y);
-  SelectObject(dc, before);
-  DeleteObject(pen);
-}
-
-void drawText(HDC dc, const std::wstring& text, RECT rect, HFONT font, uint32_t colour,
-              UINT format) {
-  const HGDIOBJ before = SelectObject(dc, font);
-  SetBkMode(dc, TRANSPARENT);
-  SetTextColor(dc, systemColour(colour));
-  DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rect, format);
-  SelectObject(dc, before);
+void paint(HDC dc, const Drawing& drawing, const Fonts& fonts) {
+  const Painter painter(dc, fonts);
+  for (const Shape& shape : drawing) std::visit(painter, shape);
 }
 
 }  // namespace mrl

@@ -36,17 +36,6 @@ void setHover(HWND window) {
   invalidate(window);
 }
 
-void narrowClient(RECT& client, const SettingsLook& look) {
-  if (client.right - client.left > look.scale(40)) {
-    client.left += look.scale(10);
-    client.right -= look.scale(10);
-  }
-  if (client.bottom - client.top > look.scale(26)) {
-    client.top += look.scale(7);
-    client.bottom -= look.scale(6);
-  }
-}
-
 bool changesTheLook(UINT message) {
   switch (message) {
     case WM_SETFOCUS:
@@ -99,7 +88,7 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
   }
   const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
   if (message == WM_NCCALCSIZE && kind == Kind::Edit) {
-    narrowClient(*reinterpret_cast<RECT*>(lParam), look);
+    look.narrowToFrame(*reinterpret_cast<RECT*>(lParam));
   }
   // A box of several lines would keep the Tab key, and by Escape close its parent, the pane.
   if (message == WM_GETDLGCODE && kind == Kind::Edit) return result & ~DLGC_WANTALLKEYS;

@@ -31,12 +31,6 @@ BarPlace placeOf(Bar bar) {
   return {kContentPane, SB_VERT};
 }
 
-Size clientOf(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return {static_cast<int>(client.right), static_cast<int>(client.bottom)};
-}
-
 constexpr UINT kPlaceFlags = SWP_NOZORDER | SWP_NOREDRAW | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
 
 }  // namespace
@@ -153,7 +147,7 @@ int SettingsViewWin::dpi() const {
   return isOpen() ? static_cast<int>(GetDpiForWindow(window)) : kUnitsPerInch;
 }
 
-Size SettingsViewWin::clientSize() const { return clientOf(window); }
+Size SettingsViewWin::clientSize() const { return clientSizeOf(window); }
 
 Rect SettingsViewWin::rectOf(int id) {
   const HWND target = control(id);
@@ -230,7 +224,7 @@ void SettingsViewWin::redrawPane() {
                RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
 }
 
-Size SettingsViewWin::previewHostSize() { return clientOf(control(kPreviewHost)); }
+Size SettingsViewWin::previewHostSize() { return clientSizeOf(control(kPreviewHost)); }
 
 void SettingsViewWin::placePreview(const Rect& rect) {
   if (control(kPreview) == nullptr) return;

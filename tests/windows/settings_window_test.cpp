@@ -40,7 +40,8 @@ Made madeAs(ControlKind kind) {
     // Of its group only the button that is on is a stop of the Tab key.
     case ControlKind::Radio: return {L"Button", BS_AUTORADIOBUTTON, WS_TABSTOP};
     case ControlKind::Title:
-    case ControlKind::Caption: return {L"Static"};
+    case ControlKind::Paragraph: return {L"Static"};
+    case ControlKind::Caption: return {L"Static", SS_CENTERIMAGE};
     case ControlKind::TimerLine: return {L"Static", SS_ENDELLIPSIS | SS_CENTERIMAGE};
     case ControlKind::NumberBox: return {L"Edit", ES_NUMBER | ES_AUTOHSCROLL | WS_TABSTOP};
     case ControlKind::TextBox: return {L"Edit", ES_AUTOHSCROLL | WS_TABSTOP};

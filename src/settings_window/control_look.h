@@ -1,0 +1,88 @@
+// What the controls of the settings window look like, decided without a screen: colours, fonts, and
+// what is painted for a control in a given state. Pixels; colours are 0xRRGGBB. Pure functions, any
+// thread.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "settings_window/settings_drawing.h"
+
+namespace mrl {
+
+inline constexpr uint32_t kWhite = 0xFFFFFF;
+inline constexpr uint32_t kInk = 0x1E2B42;    // primary text
+inline constexpr uint32_t kMuted = 0x707E94;  // secondary text, disabled text in boxes
+inline constexpr uint32_t kAccent = 0x226BFA;
+inline constexpr uint32_t kAccentHover = 0x195CE7;
+inline constexpr uint32_t kAccentDown = 0x1650CB;
+inline constexpr uint32_t kSelectFill = 0xE8F1FF;
+inline constexpr uint32_t kPageFill = 0xF5F7FB;
+inline constexpr uint32_t kReadOnlyFill = 0xF6F8FC;
+inline constexpr uint32_t kHairline = 0xDCE3ED;
+inline constexpr uint32_t kCardLine = 0xE6EBF3;
+inline constexpr uint32_t kWarnText = 0xA06812;     // the status line while input waits
+inline constexpr uint32_t kInvalidLine = 0xCC424A;  // around an invalid box
+inline constexpr uint32_t kHostDark = 0x273346;     // behind a preview of text alone
+inline constexpr uint32_t kHostLight = 0xEEF3F9;
+
+struct Typeface {
+  const char16_t* family;
+  int units;  // height of 1/96 inch, without the leading
+  int weight;
+};
+/// In the order of Face.
+inline constexpr Typeface kTypefaces[] = {
+    {u"Segoe UI", 14, 400}, {u"Segoe UI", 14, 600}, {u"Segoe UI", 12, 400},
+    {u"Segoe UI", 26, 600}, {u"Segoe UI", 17, 600}, {u"Consolas", 25, 600},
+};
+/// What a control has as its own font.
+Face faceOf(int id);
+
+/// Heights of the rows, 1/96 inch.
+inline constexpr int kComboRowUnits = 32;
+inline constexpr int kFileRowUnits = 54;
+
+struct ControlState {
+  int id = 0;
+  Size size;  // of the client area
+  std::u16string text;
+  bool isEnabled = true;
+  bool isChecked = false;
+  bool isPressed = false;
+  bool isHovered = false;
+  bool isFocused = false;
+  bool isActive = false;           // a button that is on; the section whose page is shown
+  std::u16string colourText = {};  // of a colour picker: what its box holds
+};
+/// A button, a check, a radio, a section or a combo.
+Drawing drawControl(const ControlState& control, int dpi);
+
+struct BoxState {
+  Size size;  // with the frame
+  bool isReadOnly = false;
+  bool isInvalid = false;
+  bool isFocused = false;
+};
+/// The frame of an edit box; its client area is left out of the painting.
+Drawing drawBoxFrame(const BoxState& box, int dpi);
+/// What the frame leaves of the system's client area.
+Rect withinBoxFrame(const Rect& client, int dpi);
+
+/// Who asks for the colours of a text that the system paints.
+enum class ColourAsker { Box, List, ScrollBar, Static };
+struct ChildState {
+  int id = 0;
+  bool isEnabled = true;
+  bool isReadOnly = false;
+  bool hasUnsavedInput = false;  // the form, not the control
+};
+struct ChildColours {
+  uint32_t text = kMuted;
+  uint32_t fill = kWhite;
+  bool isTransparent = false;  // the text stands on what is there
+  bool operator==(const ChildColours&) const = default;
+};
+ChildColours childColours(ColourAsker asker, const ChildState& child);
+
+}  // namespace mrl

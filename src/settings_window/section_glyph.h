@@ -1,0 +1,29 @@
+// The signs of the five sections. Lengths are fractions of the side of the square that a sign
+// fills, from its top left. Constant data, any thread.
+#pragma once
+
+#include <span>
+
+namespace mrl {
+
+enum class StrokeKind {
+  Line,  // from (x, y) to (a, b)
+  Box,   // a wide and b high
+  Arc,   // in such a box, from the angle `start` on over `sweep`; degrees, clockwise from the right
+  Dot,   // a filled circle in such a box
+};
+struct Stroke {
+  StrokeKind kind;
+  float x, y, a, b;
+  float start = 0;
+  float sweep = 0;
+  bool operator==(const Stroke&) const = default;
+};
+
+/// `section` is 0 to 4.
+std::span<const Stroke> sectionGlyph(int section);
+
+/// Pixels, for a square of that side. The pen's ends are round.
+constexpr float glyphPenWidth(float side) { return side / 12 > 1.4F ? side / 12 : 1.4F; }
+
+}  // namespace mrl

@@ -1,0 +1,24 @@
+#include "settings_window/settings_drawing.h"
+
+#include <gtest/gtest.h>
+
+namespace mrl {
+namespace {
+
+TEST(OutlinePathTest, RunsHalfAPixelWithinTheRectangle) {
+  EXPECT_EQ(outlinePath({10, 20, 110, 60}, 7), (OutlinePath{10.5F, 20.5F, 99, 39, 14}));
+}
+
+TEST(OutlinePathTest, ACornerIsNoLargerThanTheShape) {
+  EXPECT_EQ(outlinePath({0, 0, 11, 60}, 20).corner, 10);
+  EXPECT_EQ(outlinePath({0, 0, 60, 11}, 20).corner, 10);
+}
+
+TEST(OutlinePathTest, WithoutARadiusTheCornersAreSharp) {
+  EXPECT_EQ(outlinePath({0, 0, 60, 60}, 0).corner, 0);
+}
+
+TEST(OutlinePathTest, NothingHasNoCorners) { EXPECT_EQ(outlinePath({5, 5, 5, 5}, 7).corner, 0); }
+
+}  // namespace
+}  // namespace mrl
