@@ -44,7 +44,6 @@ if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll)
-  target_compile_options(marlune_system_tests PRIVATE ${FOR_CODE_THAT_RUNS_ONCE})
 endif()
 
 # The firewall of the tests for a program that is not one of theirs.

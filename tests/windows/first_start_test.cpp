@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <random>
 
 #include "core/command_ids.h"
 #include "core/wide_win.h"
@@ -68,8 +67,7 @@ class FirstStartTest : public testing::Test {
     if (!discoverAddresses(network, addresses, error)) {
       GTEST_SKIP() << "this machine is in no network";
     }
-    std::random_device source;  // below the ports that the system gives to clients
-    port = std::uniform_int_distribution<int32_t>(20000, 32000)(source);
+    port = static_cast<int32_t>(somePort());
     FilesWin files;
     Settings settings;
     settings.remotePort = static_cast<uint32_t>(port);

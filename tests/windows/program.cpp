@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 #include "core/wide_win.h"
 #include "core/window_classes_win.h"
@@ -25,12 +26,15 @@ std::string bytesOf(const std::wstring& path) {
 }
 
 /// The window of that class and title in that process; null while it has none.
-HWND windowOf(DWORD processId, const wchar_t* className, const wchar_t* title) {
-  HWND found = nullptr;
-  while ((found = FindWindowExW(nullptr, found, className, title)) != nullptr) {
+HWND windowOf(DWORD processId, const std::wstring& className, const std::wstring& title) {
+  for (HWND each = GetTopWindow(nullptr); each != nullptr; each = GetWindow(each, GW_HWNDNEXT)) {
     DWORD owner = 0;
-    GetWindowThreadProcessId(found, &owner);
-    if (owner == processId) return found;
+    GetWindowThreadProcessId(each, &owner);
+    wchar_t name[64]{};
+    wchar_t text[64]{};
+    GetClassNameW(each, name, static_cast<int>(std::size(name)));
+    GetWindowTextW(each, text, static_cast<int>(std::size(text)));
+    if (owner == processId && name == className && (title.empty() || text == title)) return each;
   }
   return nullptr;
 }
@@ -38,7 +42,7 @@ HWND windowOf(DWORD processId, const wchar_t* className, const wchar_t* title) {
 HWND clockOf(DWORD processId) { return windowOf(processId, kTimerClass, L"Marlune"); }
 
 HWND settingsOf(DWORD processId) {
-  const HWND found = windowOf(processId, kSettingsClass, nullptr);
+  const HWND found = windowOf(processId, kSettingsClass, L"");
   return IsWindowVisible(found) ? found : nullptr;
 }
 
@@ -215,6 +219,12 @@ void Program::lookAtSettings() const {
   FilesWin files;
   std::u16string error;
   lastLook.isReadable = loadSettings(files, u16From(settingsPath()), lastLook.record, error);
+}
+
+uint32_t somePort() {
+  std::random_device source;
+  // Below the ports that the system gives to clients.
+  return std::uniform_int_distribution<uint32_t>(20000, 32000)(source);
 }
 
 void pressAt(POINT point) { moveRealMouse(moveAction(point) + L" mousedown 1"); }

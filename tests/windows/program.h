@@ -91,6 +91,9 @@ class Program {
   mutable Look lastLook;
 };
 
+/// For the service of one test: programs of other tests may run meanwhile, and two can't share one.
+uint32_t somePort();
+
 /// The mouse, as a hand moves it. Screen pixels.
 void pressAt(POINT point);
 void moveTo(POINT point);

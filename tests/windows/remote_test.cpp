@@ -4,7 +4,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <random>
 
 #include "core/command_ids.h"
 #include "remote/raw_client_win.h"
@@ -34,8 +33,7 @@ std::string bytesOf(const std::wstring& path) {
 class RemoteSystemTest : public testing::Test {
  protected:
   void startTimer(Settings settings = {}) {
-    std::random_device source;  // below the ports that the system gives to clients
-    port = std::uniform_int_distribution<int32_t>(20000, 32000)(source);
+    port = static_cast<int32_t>(somePort());
     settings.remotePort = static_cast<uint32_t>(port);
     program.prepare(settings);
     ASSERT_TRUE(program.start());

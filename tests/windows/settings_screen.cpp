@@ -62,6 +62,7 @@ Rect placeInParent(HWND window) {
 void SettingsScreen::open(Settings settings) {
   settings.windowX = GetSystemMetrics(SM_CXSCREEN) - scaled(60);
   settings.windowY = scaled(100);
+  if (settings.remotePort == Settings().remotePort) settings.remotePort = somePort();
   program.prepare(settings);
   openAsItIs();
 }

@@ -2,8 +2,6 @@
 // clipboard, the port.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "remote/raw_client_win.h"
 #include "windows/settings_hand.h"
 
@@ -28,8 +26,7 @@ class SettingsServiceTest : public SettingsHand {
   static constexpr wchar_t kPortWaits[] = L"端口尚未应用；点击“应用端口”后生效。";
 
   void openOnItsPage(bool running) {
-    std::random_device source;  // below the ports that the system gives to clients
-    port = std::uniform_int_distribution<int32_t>(20000, 32000)(source);
+    port = static_cast<int32_t>(somePort());
     Settings settings;
     settings.remoteAutoStart = running;
     settings.remotePort = static_cast<uint32_t>(port);

@@ -14,7 +14,9 @@ using standin::waitUntil;
 
 class SettingsUpkeepTest : public SettingsScreen {
  protected:
+  /// With nothing left to paint.
   HeldObjects held() const {
+    settledShot();
     DWORD processId = 0;
     GetWindowThreadProcessId(program.clock(), &processId);
     return heldObjectsOf(processId);
