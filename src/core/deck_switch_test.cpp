@@ -41,6 +41,14 @@ class DeckSwitchTest : public AppFixture {
     runOut();
     runFor(kExitDelayMs);
   }
+  /// An application that takes its time for one call.
+  void slowDown(const std::string& call, uint64_t byMs) {
+    outside.automation.beforeCall =
+        [this, call, byMs, before = outside.automation.beforeCall](const std::string& entry) {
+          before(entry);
+          if (entry == call) clock.advance(byMs);
+        };
+  }
   /// What polls at the end of the deck that was switched to will see.
   void endTarget() {
     program->shows.clear();
@@ -78,6 +86,41 @@ TEST_F(DeckSwitchTest, WithExitAsWellTheCommandGoesOutTwiceAndOnlyTheFirstIsRepo
   EXPECT_EQ(app.lastError, u"");
 }
 
+TEST_F(DeckSwitchTest, WithExitAsWellBothExitsAreTriedAndAFailureOfTheFirstIsReported) {
+  app.settings.exitShow = true;
+  outside.automation.fail("view.Exit");
+  outside.windows.keysTaken = 0;
+  runOut();
+  EXPECT_EQ(times("method view.Exit"), 2);
+  EXPECT_EQ(app.lastError, u"放映操作失败（COM HRESULT=2147500037）");
+}
+
+TEST_F(DeckSwitchTest, TheSoundBeginsBeforeTheSwitch) {
+  app.settings.sound = true;
+  app.settings.soundFile = u"C:\\bell.wav";
+  bool sounded = false;
+  outside.automation.beforeCall = [&](const std::string& entry) {
+    if (entry == "method view.Exit") sounded = audio.isPlaying;
+  };
+  runOut();
+  EXPECT_TRUE(sounded);
+}
+
+TEST_F(DeckSwitchTest, TheDelayCountsFromTheEndOfTheTimeHoweverSlowTheExit) {
+  startShow(kDeck);
+  slowDown("method view.Exit", 3000);
+  const uint64_t now = clock.nowMs();
+  fireExpiry(app, now);
+  EXPECT_EQ(clock.nowMs(), now + 3000);
+  EXPECT_EQ(app.switchAtMs, now + 500);
+}
+
+TEST_F(DeckSwitchTest, ThePulsesCountFromTheStartOfTheShowHoweverSlowThatWas) {
+  slowDown("method settings.Run", 30'000);
+  switchOver();
+  EXPECT_EQ(app.switchPulseUntilMs, clock.nowMs() + 2000);
+}
+
 TEST_F(DeckSwitchTest, AnExitThatFailsIsNotReported) {
   outside.automation.fail("view.Exit");
   fireExpiry(app, clock.nowMs());
@@ -106,6 +149,7 @@ TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded
   EXPECT_FALSE(clockWindow.visible);
   EXPECT_TRUE(app.hiddenByRule && app.switchHold && app.switchHoldSeen);
   EXPECT_FALSE(app.blinkActive || app.blackActive || blackScreen.covering);
+  EXPECT_FALSE(audio.isOpen);
   EXPECT_EQ(app.blinkEndMs + app.soundStopMs, 0u);
   runFor(30'000);
   EXPECT_FALSE(clockWindow.visible) << "for as long as it is shown";
@@ -132,6 +176,45 @@ TEST_F(DeckSwitchTest, WhenTheDeckHasEndedTheClockComesBackAndTheTimerStaysPause
   EXPECT_FALSE(app.switchHold);
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_EQ(phase(), TimerPhase::Paused);
+}
+
+TEST_F(DeckSwitchTest, TheDeckIsFollowedAtOnceAndNotOnlyFromTheNextPollOn) {
+  switchOver();
+  EXPECT_TRUE(app.follower.switchSeen);
+  endTarget();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold) << "it was seen, though no poll of the tick ever saw it";
+  EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AClockThatTheUserHidBeforeStaysHiddenAfterTheDeck) {
+  runOut();
+  runCommand(app, kCommandHideClock);
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.hiddenByRule);
+  endTarget();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AfterTheDeckAHideRuleStillKeepsTheClockAway) {
+  app.settings.hideNoDocument = true;
+  switchOver();
+  endTarget();
+  program->decks.clear();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheDeckIsShownEndsTheSwitchAndBringsTheClockBack) {
+  switchOver();
+  runCommand(app, kCommandReset);
+  runFor(kTickMs);
+  EXPECT_FALSE(app.switchHold || app.follower.switchPending || app.follower.switchSeen);
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(app.switchPulseUntilMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, WhenTheDeckIsClosedTheTimerIsReset) {
@@ -174,6 +257,17 @@ TEST_F(DeckSwitchTest, ADeckThatIsGoneIsToldAndNothingHidesTheClock) {
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_FALSE(app.follower.switchPending || app.switchHold);
   EXPECT_EQ(app.switchTarget, u"");
+}
+
+TEST_F(DeckSwitchTest, ADeckThatIsGoneLeavesBlinkAndSoundGoing) {
+  app.settings.switchDeck = u"C:\\talks\\gone.pptx";
+  app.settings.blink = app.settings.sound = true;
+  app.settings.soundFile = u"C:\\bell.wav";
+  switchOver();
+  EXPECT_EQ(app.lastError, u"演示文件不存在");
+  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(audio.isPlaying);
+  EXPECT_EQ(app.switchPulseUntilMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, AnEmptyDeckIsToldTheSameWay) {
