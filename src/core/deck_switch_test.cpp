@@ -69,12 +69,14 @@ TEST_F(DeckSwitchTest, TheEndOfTheTimePausesTheTimerAndExitsTheShow) {
   EXPECT_EQ(app.switchAtMs, clock.nowMs() + 500);
 }
 
-TEST_F(DeckSwitchTest, ItDropsAResetThatWasPendingAndAnOpenPulse) {
+TEST_F(DeckSwitchTest, ItDropsAResetThatWasPendingAnOpenPulseAndWhatAnEarlierSwitchSaw) {
+  app.follower.switchSeen = true;
   app.follower.resetAtMs = clock.nowMs() + 1;
   app.openPulseTarget = kDeck;
   app.openPulseUntilMs = app.openPulseNextMs = clock.nowMs() + 1000;
   fireExpiry(app, clock.nowMs());
   EXPECT_EQ(app.follower.resetAtMs, 0u);
+  EXPECT_FALSE(app.follower.switchSeen);
   EXPECT_EQ(app.openPulseTarget, u"");
   EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 0u);
 }
@@ -159,6 +161,7 @@ TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded
 TEST_F(DeckSwitchTest, TheShowIsRaisedFourTimesASecondForTwoSeconds) {
   switchOver();
   const long atStart = times("topmost 600");
+  EXPECT_EQ(atStart, 2) << "by the start itself, and by the first pulse at once";
   runFor(2000);
   // Ticks come every 100 ms, so the pulses of 250 ms fall on every third of them.
   EXPECT_EQ(times("topmost 600") - atStart, 6);
@@ -185,6 +188,21 @@ TEST_F(DeckSwitchTest, TheDeckIsFollowedAtOnceAndNotOnlyFromTheNextPollOn) {
   waitForPoll();
   EXPECT_FALSE(app.switchHold) << "it was seen, though no poll of the tick ever saw it";
   EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, UntilTheDeckIsSeenTheClockStaysHiddenWhateverAnEarlierSwitchSaw) {
+  runOut();
+  app.switchHoldSeen = true;
+  outside.automation.beforeCall = [&](const std::string& entry) {
+    if (entry != "get show.HWND") return;
+    program->shows.clear();  // its window takes long to come up
+    outside.windows.windows.clear();
+  };
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.switchHoldSeen);
+  waitForPoll();
+  EXPECT_TRUE(app.switchHold);
+  EXPECT_FALSE(clockWindow.visible);
 }
 
 TEST_F(DeckSwitchTest, AClockThatTheUserHidBeforeStaysHiddenAfterTheDeck) {
@@ -257,6 +275,14 @@ TEST_F(DeckSwitchTest, ADeckThatIsGoneIsToldAndNothingHidesTheClock) {
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_FALSE(app.follower.switchPending || app.switchHold);
   EXPECT_EQ(app.switchTarget, u"");
+}
+
+TEST_F(DeckSwitchTest, ADeckThatIsGoneEndsTheSwitchEvenIfItsShowWasSeen) {
+  app.settings.switchDeck = u"C:\\talks\\gone.pptx";
+  runOut();
+  app.follower.switchSeen = true;
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.follower.switchPending || app.follower.switchSeen);
 }
 
 TEST_F(DeckSwitchTest, ADeckThatIsGoneLeavesBlinkAndSoundGoing) {
