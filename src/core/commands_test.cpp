@@ -59,10 +59,13 @@ TEST_F(CommandsTest, TheClockIsHiddenAndShownByTheUsersWish) {
 }
 
 TEST_F(CommandsTest, ToggleVisibilityGoesByWhatIsSeen) {
+  app.hiddenByRule = true;
   runCommand(app, kCommandToggleVisibility);
-  EXPECT_FALSE(clockWindow.visible);
+  EXPECT_FALSE(clockWindow.visible || app.hiddenByRule);
+  app.hiddenByRule = true;
   runCommand(app, kCommandToggleVisibility);
   EXPECT_TRUE(clockWindow.visible);
+  EXPECT_FALSE(app.hiddenByRule);
 }
 
 TEST_F(CommandsTest, ExitDestroysTheClockWindow) {
@@ -71,7 +74,8 @@ TEST_F(CommandsTest, ExitDestroysTheClockWindow) {
 }
 
 TEST_F(CommandsTest, EveryCommandRepaintsTheClockWhateverHappened) {
-  for (const int command : {0, 99, 100, 101, 103, 104, 108, 112, 113, 114, 115, 4711}) {
+  for (const int command : {0, 99, 100, 101, 102, 103, 104, 105, 106, 108, 109, 110, 111, 112, 113,
+                            114, 115, 107, 4711}) {
     clockWindow.invalidations = 0;
     runCommand(app, command);
     EXPECT_GE(clockWindow.invalidations, 1) << command;
@@ -115,6 +119,27 @@ TEST_F(CommandsTest, AutomaticModeDuringAnExcludedShowStartsNothing) {
   waitForPoll();
   runCommand(app, kCommandAutoMode);
   EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(CommandsTest, AutomaticModeWhileTheDeckOfASwitchIsShownStartsNothing) {
+  runCommand(app, kCommandManualMode);
+  startShow(kDeck);
+  waitForPoll();
+  app.switchTarget = kDeck;
+  app.follower.switchPending = true;
+  runCommand(app, kCommandAutoMode);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+  EXPECT_TRUE(app.follower.switchSeen);
+}
+
+TEST_F(CommandsTest, AutomaticModeGoesByTheLastPollAndMakesNone) {
+  runCommand(app, kCommandManualMode);
+  waitForPoll();
+  startShow(kDeck);
+  outside.log.clear();
+  runCommand(app, kCommandAutoMode);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+  EXPECT_TRUE(outside.log.empty());
 }
 
 TEST_F(CommandsTest, TheBlackScreenIsToggledDuringAShow) {

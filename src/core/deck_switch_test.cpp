@@ -41,6 +41,14 @@ class DeckSwitchTest : public AppFixture {
     runOut();
     runFor(kExitDelayMs);
   }
+  /// An application that takes its time for one call.
+  void slowDown(const std::string& call, uint64_t byMs) {
+    outside.automation.beforeCall =
+        [this, call, byMs, before = outside.automation.beforeCall](const std::string& entry) {
+          before(entry);
+          if (entry == call) clock.advance(byMs);
+        };
+  }
   /// What polls at the end of the deck that was switched to will see.
   void endTarget() {
     program->shows.clear();
@@ -61,12 +69,14 @@ TEST_F(DeckSwitchTest, TheEndOfTheTimePausesTheTimerAndExitsTheShow) {
   EXPECT_EQ(app.switchAtMs, clock.nowMs() + 500);
 }
 
-TEST_F(DeckSwitchTest, ItDropsAResetThatWasPendingAndAnOpenPulse) {
+TEST_F(DeckSwitchTest, ItDropsAResetThatWasPendingAnOpenPulseAndWhatAnEarlierSwitchSaw) {
+  app.follower.switchSeen = true;
   app.follower.resetAtMs = clock.nowMs() + 1;
   app.openPulseTarget = kDeck;
   app.openPulseUntilMs = app.openPulseNextMs = clock.nowMs() + 1000;
   fireExpiry(app, clock.nowMs());
   EXPECT_EQ(app.follower.resetAtMs, 0u);
+  EXPECT_FALSE(app.follower.switchSeen);
   EXPECT_EQ(app.openPulseTarget, u"");
   EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 0u);
 }
@@ -76,6 +86,41 @@ TEST_F(DeckSwitchTest, WithExitAsWellTheCommandGoesOutTwiceAndOnlyTheFirstIsRepo
   runOut();
   EXPECT_EQ(times("method view.Exit"), 1) << "the second finds no show";
   EXPECT_EQ(app.lastError, u"");
+}
+
+TEST_F(DeckSwitchTest, WithExitAsWellBothExitsAreTriedAndAFailureOfTheFirstIsReported) {
+  app.settings.exitShow = true;
+  outside.automation.fail("view.Exit");
+  outside.windows.keysTaken = 0;
+  runOut();
+  EXPECT_EQ(times("method view.Exit"), 2);
+  EXPECT_EQ(app.lastError, u"放映操作失败（COM HRESULT=2147500037）");
+}
+
+TEST_F(DeckSwitchTest, TheSoundBeginsBeforeTheSwitch) {
+  app.settings.sound = true;
+  app.settings.soundFile = u"C:\\bell.wav";
+  bool sounded = false;
+  outside.automation.beforeCall = [&](const std::string& entry) {
+    if (entry == "method view.Exit") sounded = audio.isPlaying;
+  };
+  runOut();
+  EXPECT_TRUE(sounded);
+}
+
+TEST_F(DeckSwitchTest, TheDelayCountsFromTheEndOfTheTimeHoweverSlowTheExit) {
+  startShow(kDeck);
+  slowDown("method view.Exit", 3000);
+  const uint64_t now = clock.nowMs();
+  fireExpiry(app, now);
+  EXPECT_EQ(clock.nowMs(), now + 3000);
+  EXPECT_EQ(app.switchAtMs, now + 500);
+}
+
+TEST_F(DeckSwitchTest, ThePulsesCountFromTheStartOfTheShowHoweverSlowThatWas) {
+  slowDown("method settings.Run", 30'000);
+  switchOver();
+  EXPECT_EQ(app.switchPulseUntilMs, clock.nowMs() + 2000);
 }
 
 TEST_F(DeckSwitchTest, AnExitThatFailsIsNotReported) {
@@ -106,6 +151,7 @@ TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded
   EXPECT_FALSE(clockWindow.visible);
   EXPECT_TRUE(app.hiddenByRule && app.switchHold && app.switchHoldSeen);
   EXPECT_FALSE(app.blinkActive || app.blackActive || blackScreen.covering);
+  EXPECT_FALSE(audio.isOpen);
   EXPECT_EQ(app.blinkEndMs + app.soundStopMs, 0u);
   runFor(30'000);
   EXPECT_FALSE(clockWindow.visible) << "for as long as it is shown";
@@ -115,6 +161,7 @@ TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded
 TEST_F(DeckSwitchTest, TheShowIsRaisedFourTimesASecondForTwoSeconds) {
   switchOver();
   const long atStart = times("topmost 600");
+  EXPECT_EQ(atStart, 2) << "by the start itself, and by the first pulse at once";
   runFor(2000);
   // Ticks come every 100 ms, so the pulses of 250 ms fall on every third of them.
   EXPECT_EQ(times("topmost 600") - atStart, 6);
@@ -132,6 +179,60 @@ TEST_F(DeckSwitchTest, WhenTheDeckHasEndedTheClockComesBackAndTheTimerStaysPause
   EXPECT_FALSE(app.switchHold);
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_EQ(phase(), TimerPhase::Paused);
+}
+
+TEST_F(DeckSwitchTest, TheDeckIsFollowedAtOnceAndNotOnlyFromTheNextPollOn) {
+  switchOver();
+  EXPECT_TRUE(app.follower.switchSeen);
+  endTarget();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold) << "it was seen, though no poll of the tick ever saw it";
+  EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, UntilTheDeckIsSeenTheClockStaysHiddenWhateverAnEarlierSwitchSaw) {
+  runOut();
+  app.switchHoldSeen = true;
+  outside.automation.beforeCall = [&](const std::string& entry) {
+    if (entry != "get show.HWND") return;
+    program->shows.clear();  // its window takes long to come up
+    outside.windows.windows.clear();
+  };
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.switchHoldSeen);
+  waitForPoll();
+  EXPECT_TRUE(app.switchHold);
+  EXPECT_FALSE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AClockThatTheUserHidBeforeStaysHiddenAfterTheDeck) {
+  runOut();
+  runCommand(app, kCommandHideClock);
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.hiddenByRule);
+  endTarget();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AfterTheDeckAHideRuleStillKeepsTheClockAway) {
+  app.settings.hideNoDocument = true;
+  switchOver();
+  endTarget();
+  program->decks.clear();
+  waitForPoll();
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheDeckIsShownEndsTheSwitchAndBringsTheClockBack) {
+  switchOver();
+  runCommand(app, kCommandReset);
+  runFor(kTickMs);
+  EXPECT_FALSE(app.switchHold || app.follower.switchPending || app.follower.switchSeen);
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(app.switchPulseUntilMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, WhenTheDeckIsClosedTheTimerIsReset) {
@@ -174,6 +275,25 @@ TEST_F(DeckSwitchTest, ADeckThatIsGoneIsToldAndNothingHidesTheClock) {
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_FALSE(app.follower.switchPending || app.switchHold);
   EXPECT_EQ(app.switchTarget, u"");
+}
+
+TEST_F(DeckSwitchTest, ADeckThatIsGoneEndsTheSwitchEvenIfItsShowWasSeen) {
+  app.settings.switchDeck = u"C:\\talks\\gone.pptx";
+  runOut();
+  app.follower.switchSeen = true;
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.follower.switchPending || app.follower.switchSeen);
+}
+
+TEST_F(DeckSwitchTest, ADeckThatIsGoneLeavesBlinkAndSoundGoing) {
+  app.settings.switchDeck = u"C:\\talks\\gone.pptx";
+  app.settings.blink = app.settings.sound = true;
+  app.settings.soundFile = u"C:\\bell.wav";
+  switchOver();
+  EXPECT_EQ(app.lastError, u"演示文件不存在");
+  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(audio.isPlaying);
+  EXPECT_EQ(app.switchPulseUntilMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, AnEmptyDeckIsToldTheSameWay) {

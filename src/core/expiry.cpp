@@ -6,7 +6,6 @@
 #include "presentation/show_control.h"
 
 namespace mrl {
-namespace {}  // namespace
 
 void startBlink(App& app, uint32_t seconds) {
   app.blinkActive = true;

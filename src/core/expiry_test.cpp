@@ -91,6 +91,42 @@ TEST_F(ExpiryActionsTest, AStageWithBothSwitchesOffDoesNotBlink) {
   EXPECT_FALSE(app.blinkActive);
 }
 
+TEST_F(ExpiryActionsTest, AStageNeitherPausesNorBlacksNorExitsNorSwitches) {
+  app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;
+  app.settings.prompt1 = {.blinkWindow = true, .sound = true};
+  startShow(kDeck);
+  waitForPoll();
+  fireStage(app, 0);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+  EXPECT_FALSE(blackScreen.covering || app.follower.switchPending);
+  EXPECT_EQ(program->shows.size(), 1u);
+  EXPECT_EQ(app.switchAtMs, 0u);
+}
+
+TEST_F(ExpiryActionsTest, BlinkAndBlackScreenComeBeforeTheExitOfTheShow) {
+  app.settings.black = app.settings.exitShow = true;
+  startShow(kDeck);
+  waitForPoll();
+  bool stoodBefore = false;
+  outside.automation.beforeCall = [&](const std::string& entry) {
+    if (entry == "method view.Exit") stoodBefore = app.blinkActive && blackScreen.covering;
+  };
+  fireExpiry(app, clock.nowMs());
+  EXPECT_TRUE(stoodBefore);
+  EXPECT_TRUE(program->shows.empty());
+}
+
+TEST_F(ExpiryActionsTest, ADurationChangedByHandDoesNotFireAgain) {
+  app.settings.blink = true;
+  app.settings.blinkSeconds = 1;
+  runOut();
+  runFor(1000);
+  ASSERT_FALSE(app.blinkActive);
+  app.settings.duration = 15;
+  runFor(10'000);
+  EXPECT_FALSE(app.blinkActive);
+}
+
 TEST_F(ExpiryActionsTest, ABlackScreenAtTheEndBlinksTheClockOnIt) {
   app.settings.black = true;
   startShow(kDeck);
@@ -115,7 +151,8 @@ TEST_F(ExpiryActionsTest, AnExcludedShowIsNotBlackedOut) {
   startShow(kDeck);
   waitForPoll();
   setBlack(app, true);
-  EXPECT_FALSE(blackScreen.covering);
+  EXPECT_FALSE(blackScreen.covering || app.blackActive);
+  EXPECT_EQ(app.lastError, u"当前没有可控制的放映，黑屏不适用于已排除的文稿。");
 }
 
 TEST_F(ExpiryActionsTest, ASecondBlackScreenChangesNothingAndSaysNothingEvenWhenTheShowHasGone) {
@@ -143,13 +180,14 @@ TEST_F(ExpiryActionsTest, TheClockIsLiftedAboveTheBlackScreenOnlyIfItIsVisible) 
   startShow(kDeck);
   waitForPoll();
   clockWindow.calls.clear();
+  blackScreen.log = &clockWindow.calls;
   setBlack(app, true);
-  EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"show"});
+  EXPECT_EQ(clockWindow.calls, (std::vector<std::string>{"cover", "show"}));
   setBlack(app, false);
   clockWindow.hide();
   clockWindow.calls.clear();
   setBlack(app, true);
-  EXPECT_TRUE(clockWindow.calls.empty());
+  EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"cover"});
 }
 
 TEST_F(ExpiryActionsTest, TheBlackScreenCanBeLeftAndEnteredAgain) {
@@ -204,7 +242,7 @@ TEST_F(ExpiryActionsTest, AnExitThatFailsIsToldAndTheRestStillHappens) {
   EXPECT_TRUE(app.blinkActive);
 }
 
-TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenAndTheTimerAlone) {
+TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenTheOpenPulseAndTheTimerAlone) {
   startShow(kDeck);
   waitForPoll();
   setBlack(app, true);
@@ -213,6 +251,9 @@ TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenAndTheTimerAlone
   app.switchTarget = kOtherDeck;
   app.switchHold = app.switchHoldSeen = true;
   app.switchAtMs = app.switchPulseNextMs = app.switchPulseUntilMs = 1;
+  app.openPulseTarget = kDeck;
+  app.openPulseUntilMs = app.openPulseNextMs = 7;
+  const uint64_t blinkStart = app.blinkStartMs;
   app.soundStopMs = 1;
   audio.isOpen = true;
   const TimerState timer = app.timer;
@@ -225,6 +266,9 @@ TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenAndTheTimerAlone
   EXPECT_FALSE(audio.isOpen);
   EXPECT_FALSE(app.blinkActive);
   EXPECT_TRUE(blackScreen.covering);
+  EXPECT_EQ(app.openPulseTarget, kDeck);
+  EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 14u);
+  EXPECT_EQ(app.blinkStartMs, blinkStart);
   EXPECT_EQ(app.timer, timer);
 }
 

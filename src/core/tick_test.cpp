@@ -304,6 +304,16 @@ TEST_F(TickTest, ANewShowRaisesTheBlackWindowsAndTheClockOnce) {
   EXPECT_EQ(times("raise"), 3) << "another document is another show";
 }
 
+TEST_F(TickTest, TheClockIsRaisedAfterTheBlackWindows) {
+  waitForPoll();
+  startShow(kDeck);
+  clockWindow.calls.clear();
+  blackScreen.log = &clockWindow.calls;
+  waitForPoll();
+  const auto black = std::ranges::find(clockWindow.calls, "raise black");
+  EXPECT_EQ(std::count(black, clockWindow.calls.end(), "raise"), 1);
+}
+
 TEST_F(TickTest, AHiddenClockIsNotRaised) {
   runCommand(app, kCommandHideClock);
   startShow(kDeck);

@@ -208,6 +208,26 @@ TEST_F(ReplaceTest, TheShowOfAnotherApplicationIsExitedToo) {
   EXPECT_EQ(world.state.progId, u"PowerPoint.Application");
 }
 
+TEST_F(ReplaceTest, OfTwoShowsTheOneThatThisProgramStartedExits) {
+  const auto first = application->addShow(application->addDeck(u"C:\\Talks\\third.pptx"), 66);
+  std::swap(application->shows[0], application->shows[1]);
+  world.state.expectedDocument = kOther;
+  EXPECT_TRUE(open(kDeck, true));
+  ASSERT_EQ(application->shows.size(), 2u);
+  EXPECT_EQ(application->shows[0], first);
+  EXPECT_EQ(application->shows[1]->deck, deck);
+}
+
+TEST_F(ReplaceTest, ADeckThatWasOpenedForAShowThatCanNotBeExitedStaysOpen) {
+  std::erase(application->decks, deck);
+  world.automation.fail("view.Exit");
+  EXPECT_FALSE(open(kDeck, true));
+  EXPECT_EQ(error, u"无法退出当前放映，请先手动退出后重试");
+  ASSERT_EQ(application->decks.size(), 2u);
+  EXPECT_EQ(application->decks[1]->path, kDeck);
+  EXPECT_EQ(application->shows.at(0), show);
+}
+
 TEST_F(ReplaceTest, AShowThatOnlyTheDesktopKnowsIsLeftAloneAndTheDeckStaysOpen) {
   application->decks.clear();
   application->shows.clear();
