@@ -139,6 +139,13 @@ TEST_F(FirewallTest, ABlockRuleIsReportedEvenBesideTheProgramsOwn) {
   EXPECT_EQ(check(), State::Blocked);
 }
 
+TEST_F(FirewallTest, ARuleUnderTheFirstNameDecidesEvenIfOneUnderTheSecondFits) {
+  rules.rules = {ownRule(), ownRule()};
+  rules.rules[0].profiles = 6;
+  rules.rules[1].name = firewallRuleName(rules.path, kPort, true);
+  EXPECT_EQ(check(), State::ScopeMismatch);
+}
+
 TEST_F(FirewallTest, AnAuthorizedProgramAsksForNothing) {
   rules.rules = {ownRule()};
   EXPECT_TRUE(authorize());
