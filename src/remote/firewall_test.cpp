@@ -210,6 +210,16 @@ TEST_F(FirewallTest, ACommandThatMadeNothingIsNotBelieved) {
   expectNotAuthorized(u"防火墙规则未能验证，请检查系统策略。");
 }
 
+TEST_F(FirewallTest, AnEarlierMessageIsReplacedByAFailureAndKeptOtherwise) {
+  message = u"earlier";
+  EXPECT_FALSE(authorizeFirewallRule(rules, kOwner, kPort, message));
+  EXPECT_EQ(message, u"防火墙规则未能验证，请检查系统策略。");
+  rules.made = {ownRule()};
+  message = u"earlier";
+  EXPECT_TRUE(authorizeFirewallRule(rules, kOwner, kPort, message));
+  EXPECT_EQ(message, u"earlier");
+}
+
 TEST_F(FirewallTest, ACommandThatMadeSomethingElseIsToldWhatIsWrong) {
   rules.made = {ownRule()};
   rules.made[0].profiles = 1;

@@ -179,6 +179,13 @@ TEST_F(RemoteServerTest, TheEndOfTheProgramStopsTheService) {
   expectNothingLeft();
 }
 
+TEST_F(RemoteServerTest, TheQueueIsEmptiedOnlyWhenNobodyCanPostAnyMore) {
+  ASSERT_TRUE(start({kWired}));
+  requests.onDrain = [this] { expectNothingLeft(); };
+  finishApp(app);
+  EXPECT_EQ(requests.drains, 1);
+}
+
 TEST_F(RemoteServerTest, AnAppThatGoesTakesItsServiceAlong) {
   ASSERT_TRUE(start({kWired}));
   served.reset();
