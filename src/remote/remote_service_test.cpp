@@ -152,6 +152,14 @@ TEST_F(RemoteServiceTest, WithoutAServiceTheCommandLeadsToTheSettingsThatStartIt
   EXPECT_TRUE(shell.opened.empty());
 }
 
+TEST_F(RemoteServiceTest, AnOpenSettingsWindowShowsThatNothingRunsWhenTheCommandFindsNothing) {
+  ASSERT_TRUE(startRemote(app, true));
+  runCommand(app, kCommandRefreshRemote);
+  stopRemote(app);
+  runCommand(app, kCommandOpenRemote);
+  EXPECT_EQ(view().text(kAddressBox), u"遥控服务未启动，请启动或恢复服务。");
+}
+
 TEST_F(RemoteServiceTest, TheAddressIsShownAgainOnCommand) {
   runCommand(app, kCommandRefreshRemote);
   EXPECT_EQ(status(), u"遥控服务未启动，请在网络页恢复服务。");

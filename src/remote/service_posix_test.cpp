@@ -5,7 +5,7 @@
 namespace mrl {
 namespace {
 
-// The same text runs on Windows; these two need more of the network than every machine's gives.
+// What these two look at is shared with Windows; here the system under it is sure to play along.
 TEST_F(ServiceTest, APeerThatNeverReadsItsAnswerHoldsNobodyUpForLong) {
   stopServer(app.remote);
   served.fakes.serviceHost.pageBytes.assign(64U << 20U, 'x');  // more than any buffer takes
