@@ -77,6 +77,7 @@ TEST_F(FirewallTest, EveryFailureOfTheSystemIsTold) {
   expectCheck(State::Failed, u"无法查询 Windows 防火墙规则。");
   rules.search = RuleSearch::NoMemory;
   expectCheck(State::Failed, u"内存不足。");
+  EXPECT_EQ(rules.searched.size(), 2u) << "the second name was not tried";
 }
 
 TEST_F(FirewallTest, ASearchForTheSecondNameThatFailsIsNoMissingRule) {
