@@ -135,6 +135,15 @@ TEST_F(AddressesTest, SixtyThreeAreServedAndOneMoreIsRefused) {
   expectRefused(u"网络地址过多，无法启动遥控服务。");
 }
 
+TEST_F(AddressesTest, AnAddressThatComesTwiceCountsOnce) {
+  addMany(63);
+  network.add(2, {ipv4(10, 1, 1, 1)});
+  std::vector<uint32_t> found;
+  std::u16string error;
+  EXPECT_TRUE(discoverAddresses(network, found, error)) << utf8From(error);
+  EXPECT_EQ(found.size(), 63u);
+}
+
 TEST_F(AddressesTest, TheListHasALinePerAddress) {
   EXPECT_EQ(remoteUrlList({kWired, kWireless}, u"", 8080),
             u"http://192.168.1.5:8080/\r\nhttp://10.0.0.7:8080/");

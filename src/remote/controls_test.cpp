@@ -91,6 +91,14 @@ TEST_F(ControlsTest, TheRevisionIs16LowerCaseHexadecimalDigits) {
   EXPECT_EQ(revision.find_first_not_of("0123456789abcdef"), std::string::npos);
 }
 
+TEST_F(ControlsTest, TheRevisionIsTheHashOfTheValuesBytes) {
+  // Worked out by hand elsewhere: FNV-1a of 64 bits over the text of the values.
+  Settings settings;
+  EXPECT_EQ(controlsRevision(settings), "35d0fa1fa1184d75");
+  settings.duration = 12;
+  EXPECT_EQ(controlsRevision(settings), "007e6decb27cfe3d") << "zeros in front stay";
+}
+
 TEST_F(ControlsTest, AChangeThatIsUndoneBringsTheOldRevisionBack) {
   Settings settings;
   const std::string before = controlsRevision(settings);
@@ -221,6 +229,19 @@ TEST_F(ControlsTest, AMalformedFormIsRefused) {
   for (const std::string& bad : {form + "&&x=1", "&" + form, form + "&lonely", std::string("&"),
                                  "duration&" + form, form + "&duration=900"}) {
     expectRefused(bad, kMalformed);
+  }
+}
+
+TEST_F(ControlsTest, AMalformedFormIsToldBeforeAStaleOne) {
+  expectRefused("revision=0&revision=0", kMalformed);
+  expectRefused("lonely", kMalformed);
+}
+
+TEST_F(ControlsTest, WhatIsOutsideTheTableIsNotReached) {
+  for (const char* name :
+       {"autoMode", "windowX", "windowWidth", "pptFolder", "switchDeck", "skipList", "fontName",
+        "remotePort", "remoteAutoStart", "prompt3.enabled", "Duration", ""}) {
+    expectRefused(formWith() + '&' + name + "=1", kUnknownField);
   }
 }
 

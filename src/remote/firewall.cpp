@@ -130,9 +130,9 @@ bool authorizeFirewallRule(FirewallRules& rules, WindowHandle owner, int32_t por
   const FirewallRuleState before = checkFirewallRule(rules, port, message);
   if (before != FirewallRuleState::Missing) return before == FirewallRuleState::Authorized;
   if (!makeRule(rules, owner, port, message)) return false;
-  message.clear();
-  if (checkFirewallRule(rules, port, message) == FirewallRuleState::Authorized) return true;
-  if (message.empty()) message = kNotVerified;
+  std::u16string reason;
+  if (checkFirewallRule(rules, port, reason) == FirewallRuleState::Authorized) return true;
+  message = reason.empty() ? kNotVerified : reason;
   return false;
 }
 

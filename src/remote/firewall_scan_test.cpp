@@ -83,6 +83,11 @@ TEST_F(FirewallScanTest, ARuleForAnotherProgramDoesNotCountAndOneForAllDoes) {
   }
 }
 
+TEST_F(FirewallScanTest, ABlockRuleForFewAddressesStillCounts) {
+  EXPECT_TRUE(blocks(with(&FirewallRule::remoteAddresses, u"10.0.0.1")));
+  EXPECT_TRUE(blocks(with(&FirewallRule::edgeTraversal, kFirewallTrue)));
+}
+
 TEST_F(FirewallScanTest, VariablesInTheProgramsNameAreFilledIn) {
   EXPECT_TRUE(blocks(with(&FirewallRule::application, u"%program%")));
 }

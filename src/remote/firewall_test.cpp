@@ -77,6 +77,7 @@ TEST_F(FirewallTest, EveryFailureOfTheSystemIsTold) {
   expectCheck(State::Failed, u"无法查询 Windows 防火墙规则。");
   rules.search = RuleSearch::NoMemory;
   expectCheck(State::Failed, u"内存不足。");
+  EXPECT_EQ(rules.searched.size(), 2u) << "the second name was not tried";
 }
 
 TEST_F(FirewallTest, ASearchForTheSecondNameThatFailsIsNoMissingRule) {
@@ -137,6 +138,13 @@ TEST_F(FirewallTest, EveryDetailMustFit) {
 TEST_F(FirewallTest, ABlockRuleIsReportedEvenBesideTheProgramsOwn) {
   rules.rules = {ownRule(), blockRule()};
   EXPECT_EQ(check(), State::Blocked);
+}
+
+TEST_F(FirewallTest, ARuleUnderTheFirstNameDecidesEvenIfOneUnderTheSecondFits) {
+  rules.rules = {ownRule(), ownRule()};
+  rules.rules[0].profiles = 6;
+  rules.rules[1].name = firewallRuleName(rules.path, kPort, true);
+  EXPECT_EQ(check(), State::ScopeMismatch);
 }
 
 TEST_F(FirewallTest, AnAuthorizedProgramAsksForNothing) {
@@ -201,6 +209,16 @@ TEST_F(FirewallTest, ACommandThatFailsIsToldWithItsExitCodeUnsigned) {
 
 TEST_F(FirewallTest, ACommandThatMadeNothingIsNotBelieved) {
   expectNotAuthorized(u"防火墙规则未能验证，请检查系统策略。");
+}
+
+TEST_F(FirewallTest, AnEarlierMessageIsReplacedByAFailureAndKeptOtherwise) {
+  message = u"earlier";
+  EXPECT_FALSE(authorizeFirewallRule(rules, kOwner, kPort, message));
+  EXPECT_EQ(message, u"防火墙规则未能验证，请检查系统策略。");
+  rules.made = {ownRule()};
+  message = u"earlier";
+  EXPECT_TRUE(authorizeFirewallRule(rules, kOwner, kPort, message));
+  EXPECT_EQ(message, u"earlier");
 }
 
 TEST_F(FirewallTest, ACommandThatMadeSomethingElseIsToldWhatIsWrong) {

@@ -74,7 +74,7 @@ TEST_F(HandOverTest, ARefusalIsPassedOnAsJson) {
   const Answer answer = handOver(make("nonsense"));
   EXPECT_EQ(answer.status, 409);
   EXPECT_EQ(answer.type, kJson);
-  EXPECT_TRUE(answer.body.starts_with("{\"error\":\"")) << answer.body;
+  EXPECT_EQ(answer.body, R"({"error":"未知操作。"})");
 }
 
 TEST_F(HandOverTest, AWindowThatIsGoneGives503AndKeepsNothing) {
@@ -193,8 +193,26 @@ TEST_F(HandOverTest, AFormThatIsRefusedIsAConflictAndChangesNothing) {
   EXPECT_TRUE(app.settings == before);
 }
 
-TEST_F(HandOverTest, TheInternalWordWithoutABodyIsRefused) {
-  EXPECT_EQ(run("controls-save")->status, 409);
+TEST_F(HandOverTest, ASavedFormIsAnsweredWithTheNewControls) {
+  const auto request = make("controls-save");
+  request->body = "revision=" + controlsRevision(app.settings);
+  Settings copy = app.settings;
+  for (const ControlField& field : controlFields(copy)) {
+    const auto text = [](auto* value) { return std::to_string(*value); };
+    request->body += '&' + field.name + '=';
+    request->body += field.name == "opacity" ? "60" : std::visit(text, field.target);
+  }
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->status, 200);
+  EXPECT_EQ(app.settings.opacity, 60u);
+  EXPECT_EQ(request->response, controlsSnapshotJson(app));
+}
+
+TEST_F(HandOverTest, TheInternalWordWithoutABodyIsStale) {
+  const auto request = run("controls-save");
+  EXPECT_EQ(request->status, 409);
+  EXPECT_EQ(request->response,
+            R"({"error":"电脑设置已更新。遥控端草稿已保留，请重新加载后确认。"})");
 }
 
 TEST_F(HandOverTest, TheEndOfTheProgramLetsGoOfWhatIsQueuedAndRunsNoneOfIt) {

@@ -89,6 +89,11 @@ TEST(HttpRulesTest, AnOriginIsComparedWithTheHostAsItWasWritten) {
   EXPECT_FALSE(namesThisService(request("localhost", "http://127.0.0.1"), kLoopback, kPort));
 }
 
+TEST(HttpRulesTest, AnEmptyOriginIsNone) {
+  const std::string raw = "GET / HTTP/1.1\r\nHost: 192.168.1.5\r\nOrigin: \t\r\n\r\n";
+  EXPECT_TRUE(namesThisService(raw, kLan, kPort));
+}
+
 TEST(HttpRulesTest, AGoodOriginDoesNotHealABadHost) {
   EXPECT_FALSE(namesThisService(request("evil.example", "http://evil.example"), kLan, kPort));
 }

@@ -165,6 +165,15 @@ TEST_F(ListenerTest, ARequestWithItsEndIsServedHoweverLateThatCame) {
   EXPECT_EQ(statusOf(serve({get("/")})), 200);
 }
 
+TEST_F(ListenerTest, AReceiveThatFailsEndsTheReadingLikeAPeerThatClosed) {
+  for (const int result : {0, -1}) {
+    peer.silence = result;
+    EXPECT_EQ(statusOf(serve({"GET / HTTP/1.1\r\n"})), 400) << result;
+    EXPECT_EQ(statusOf(serve({post("/api/controls", "Content-Length: 4\r\n", "abc")})), 400)
+        << result;
+  }
+}
+
 TEST_F(ListenerTest, TheRulesLookAtTheConnectionsOwnAddress) {
   peer.localAddress = ipv4(192, 168, 1, 5);
   EXPECT_EQ(statusOf(serve({get("/")})), 403);
@@ -187,6 +196,31 @@ TEST_F(ListenerTest, ACommandIsHandedOverWithItsArgument) {
   EXPECT_NE(response.find("\r\nContent-Type: application/json; charset=utf-8\r\n"),
             std::string::npos);
   EXPECT_EQ(bodyOf(response), answer);
+}
+
+TEST_F(ListenerTest, ARefusalKeepsItsStatusAndItsJson) {
+  requests.onPost = [](RemoteRequest& request) {
+    request.status = 409;
+    request.response = R"({"error":"x"})";
+    request.done->set();
+  };
+  const std::string response = serve({post("/api/nonsense")});
+  EXPECT_TRUE(response.starts_with(
+      "HTTP/1.1 409 Response\r\nContent-Type: application/json; charset=utf-8\r\n"));
+  EXPECT_EQ(bodyOf(response), R"({"error":"x"})");
+}
+
+TEST_F(ListenerTest, AProgramThatDoesNotAnswerIsToldInPlainText) {
+  const std::string head = "HTTP/1.1 503 Response\r\nContent-Type: text/plain; charset=utf-8\r\n";
+  requests.onPost = nullptr;
+  std::string response = serve({post("/api/toggle")});
+  EXPECT_TRUE(response.starts_with(head));
+  EXPECT_EQ(bodyOf(response),
+            "UI unavailable; command may be pending. Refresh state before retry.");
+  requests.postWorks = false;
+  response = serve({post("/api/toggle")});
+  EXPECT_TRUE(response.starts_with(head));
+  EXPECT_EQ(bodyOf(response), "UI unavailable");
 }
 
 TEST_F(ListenerTest, AnEmptyWordIsHandedOverToo) {
@@ -226,6 +260,11 @@ TEST_F(ListenerTest, ABodyThatIsTooShortIsRefused) {
 TEST_F(ListenerTest, AFormsQueryIsNotLookedAt) {
   EXPECT_EQ(statusOf(serve({post("/api/controls?anything", "Content-Length: 3\r\n", "abc")})), 200);
   EXPECT_EQ(statusOf(serve({post("/api/controls?anything", "Content-Length: 4\r\n", "abc")})), 400);
+}
+
+TEST_F(ListenerTest, AFormsTypeIsNotLookedAt) {
+  const std::string headers = "Content-Type: application/json\r\nContent-Length: 3\r\n";
+  EXPECT_EQ(statusOf(serve({post("/api/controls", headers, "abc")})), 200);
 }
 
 TEST_F(ListenerTest, AChunkedBodyIsRefused) {
@@ -274,8 +313,11 @@ TEST_F(ListenerTest, AnAnswerGoesOutInAsManySendsAsItTakes) {
 TEST_F(ListenerTest, AnAnswerThatCanNotBeSentIsAbandoned) {
   peer.mostPerSend = 7;
   peer.sendsBeforeFailure = 2;
-  EXPECT_EQ(serve({get("/")}).size(), 14U);
-  EXPECT_EQ(peer.sends, 2U);
+  for (const int result : {-1, 0}) {
+    peer.failedSend = result;
+    EXPECT_EQ(serve({get("/")}).size(), 14U);
+    EXPECT_EQ(peer.sends, 2U);
+  }
 }
 
 TEST_F(ListenerTest, AStopEndsTheReadingButNotTheAnswer) {

@@ -96,6 +96,26 @@ TEST_F(NetworkCheckTest, AMissingNetworkIsToldAndNothingIsMade) {
   EXPECT_TRUE(firewall.commands.empty());
 }
 
+TEST_F(NetworkCheckTest, AMissingNetworkIsToldThoughTheRuleFits) {
+  firewall.rules = {fitting};
+  network.adaptersFail = true;
+  press();
+  const std::u16string text = u"无法读取网络地址，请检查网络连接。";
+  EXPECT_EQ(status(), text);
+  expectBox(text, DialogIcon::Information);
+}
+
+TEST_F(NetworkCheckTest, ACheckThatFailsAfterTheRuleWasMadeIsAWarning) {
+  firewall.made = {fitting};
+  firewall.goodSearches = 5;  // two each before it is made, and the one that finds it
+  firewall.search = RuleSearch::Failed;
+  press();
+  const std::u16string text = u"无法查询 Windows 防火墙规则。";
+  EXPECT_EQ(firewall.searched.size(), 6u);
+  EXPECT_EQ(status(), text);
+  expectBox(text, DialogIcon::Warning);
+}
+
 TEST_F(NetworkCheckTest, AMissingRuleIsMadeAndCheckedAgain) {
   firewall.made = {fitting};
   press();

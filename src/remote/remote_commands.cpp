@@ -19,7 +19,7 @@ namespace {
 constexpr char16_t kUnknown[] = u"未知操作。";
 constexpr char16_t kFileGone[] = u"文件列表已变化或文件不在当前文件夹，请刷新。";
 constexpr char16_t kBadDuration[] = u"时长须为 0–59999 秒。";
-constexpr uint32_t kMaxDurationSeconds = 59999;
+constexpr int32_t kMaxDurationSeconds = 59999;
 constexpr uint32_t kShineSeconds = 3;
 constexpr uint64_t kOpenPulseMs = 2000;
 
@@ -159,13 +159,15 @@ bool changeSettings(const Call& call, const Settings& changed) {
 bool setDuration(const Call& call) {
   App& app = call.app;
   if (hasUnfinishedInput(app, call.error)) return false;
-  Settings changed = app.settings;
+  int32_t seconds = 0;
   const char* const end = call.argument.data() + call.argument.size();
-  const auto [stop, failure] = std::from_chars(call.argument.data(), end, changed.duration);
-  if (failure != std::errc() || stop != end || changed.duration > kMaxDurationSeconds) {
+  const auto [stop, failure] = std::from_chars(call.argument.data(), end, seconds);
+  if (failure != std::errc() || stop != end || seconds < 0 || seconds > kMaxDurationSeconds) {
     call.error = kBadDuration;
     return false;
   }
+  Settings changed = app.settings;
+  changed.duration = static_cast<uint32_t>(seconds);
   if (!changeSettings(call, changed)) return false;
   restartElapsed(app.timer, app.platform.clock.nowMs());
   app.blinkActive = false;

@@ -3,10 +3,12 @@
 #include <gtest/gtest.h>
 
 #include "core/app_fixture.h"
+#include "core/commands.h"
 #include "core/expiry.h"
 #include "core/text.h"
 #include "presentation/catalogue.h"
 #include "presentation/show_control.h"
+#include "settings_window/control_ids.h"
 
 namespace mrl {
 namespace {
@@ -143,6 +145,14 @@ TEST_F(RemoteCommandsTest, VisibilityPausesARunningTimerWhenItHidesAndResumesNot
   }
 }
 
+TEST_F(RemoteCommandsTest, VisibilityThatShowsAHiddenClockPausesNothing) {
+  runTimer();
+  send("hide");
+  send("visibility");
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
 TEST_F(RemoteCommandsTest, ShowAndHideLeaveTheTimerAlone) {
   runTimer();
   send("hide");
@@ -224,6 +234,43 @@ TEST_F(RemoteCommandsTest, BeginAndCurrentBringTheirShowToTheFrontForTwoSeconds)
   }
 }
 
+TEST_F(RemoteCommandsTest, AShowWhoseDocumentCannotBeToldIsNotBroughtToTheFront) {
+  startShow(kDeck);
+  waitForPoll();
+  program->shows.front()->deck->path.clear();
+  app.openPulseTarget = kOtherDeck;
+  app.openPulseUntilMs = 5;
+  send("begin");
+  EXPECT_EQ(app.openPulseTarget, kOtherDeck);
+  EXPECT_EQ(app.openPulseUntilMs, 5u);
+}
+
+TEST_F(RemoteCommandsTest, TheOtherShowAndFileCommandsLeaveTheOpenPulseAlone) {
+  startShow(kDeck);
+  waitForPoll();
+  app.openPulseTarget = kOtherDeck;
+  app.openPulseUntilMs = app.openPulseNextMs = clock.nowMs() + 1000;
+  const uint64_t before = app.openPulseUntilMs;
+  send("next");
+  send("previous");
+  send("open-file", idOf(kDeck));
+  send("close-file", idOf(kDeck));
+  EXPECT_EQ(app.openPulseTarget, kOtherDeck);
+  EXPECT_EQ(app.openPulseUntilMs, before);
+  EXPECT_EQ(app.openPulseNextMs, before);
+}
+
+TEST_F(RemoteCommandsTest, AShowThatCannotBeginBringsNothingToTheFront) {
+  startShow(kDeck);
+  waitForPoll();
+  program->dead = true;
+  outside.windows.windows.clear();
+  std::u16string error;
+  EXPECT_FALSE(runRemoteCommand(app, "begin", "", error));
+  EXPECT_NE(error, u"");
+  EXPECT_EQ(app.openPulseTarget, u"");
+}
+
 TEST_F(RemoteCommandsTest, AFileIsPlayedAndBroughtToTheFrontForTwoSeconds) {
   send("file", idOf(kDeck));
   EXPECT_EQ(program->shows.size(), 1u);
@@ -267,6 +314,27 @@ TEST_F(RemoteCommandsTest, SkipTwiceRestoresTheListApartFromOrder) {
   EXPECT_EQ(saved().skipList, std::vector<std::u16string>{kDeck});
   send("skip", idOf(kDeck));
   EXPECT_TRUE(saved().skipList.empty());
+  app.settings.skipList = {kDeck, kOtherDeck};
+  send("skip", idOf(kDeck));
+  EXPECT_EQ(saved().skipList, std::vector<std::u16string>{kOtherDeck});
+  send("skip", idOf(kDeck));
+  EXPECT_EQ(saved().skipList, (std::vector<std::u16string>{kOtherDeck, kDeck}));
+}
+
+TEST_F(RemoteCommandsTest, AMissingFileIsToldBeforeUnfinishedInput) {
+  app.form.isOpen = true;
+  app.form.settingsDirty = true;
+  expectRefused("skip", "0123456789abcdef", kFileGone);
+}
+
+TEST_F(RemoteCommandsTest, AnOpenSettingsWindowListsTheFileAsItNowIs) {
+  runCommand(app, kCommandOpenSettings);
+  ASSERT_TRUE(app.form.isOpen);
+  const std::vector<std::u16string> before = settingsView.lists[kFileList];
+  send("skip", idOf(kDeck));
+  const std::vector<std::u16string>& rows = settingsView.lists[kFileList];
+  ASSERT_EQ(rows.size(), before.size());
+  EXPECT_NE(rows, before);
 }
 
 TEST_F(RemoteCommandsTest, ASkipThatCannotBeSavedChangesNothing) {
@@ -309,7 +377,12 @@ TEST_F(RemoteCommandsTest, ADurationIsANumberUpTo59999) {
   EXPECT_EQ(saved().duration, 59999u);
   send("duration", "0");
   EXPECT_EQ(saved().duration, 0u);
-  for (const char* bad : {"", "60000", "-1", "+5", " 5", "5 ", "5s", "4294967301", "x"}) {
+  send("duration", "0000000000000060");
+  EXPECT_EQ(saved().duration, 60u);
+  send("duration", "-0");
+  EXPECT_EQ(saved().duration, 0u);
+  for (const char* bad : {"", "60000", "-1", "+5", " 5", "5 ", "5s", "4294967301", "-4294967290",
+                          "2147483648", "0123456789abcdef", "x"}) {
     expectRefused("duration", bad, kBadDuration);
   }
 }

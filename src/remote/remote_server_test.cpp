@@ -161,6 +161,7 @@ TEST_F(RemoteServerTest, AStopIsSafeWhenNothingRuns) {
   stopServer(server);
   stopServer(server);
   expectNothingLeft();
+  EXPECT_EQ(server.generation, 2U);  // even such a stop outdates what may be queued
 }
 
 TEST_F(RemoteServerTest, AThreadOfAnEarlierRunIsJoinedFirst) {
@@ -176,6 +177,13 @@ TEST_F(RemoteServerTest, TheEndOfTheProgramStopsTheService) {
   ASSERT_TRUE(start({kWired}));
   finishApp(app);
   expectNothingLeft();
+}
+
+TEST_F(RemoteServerTest, TheQueueIsEmptiedOnlyWhenNobodyCanPostAnyMore) {
+  ASSERT_TRUE(start({kWired}));
+  requests.onDrain = [this] { expectNothingLeft(); };
+  finishApp(app);
+  EXPECT_EQ(requests.drains, 1);
 }
 
 TEST_F(RemoteServerTest, AnAppThatGoesTakesItsServiceAlong) {

@@ -110,6 +110,20 @@ TEST_F(RemoteServiceTest, TestModeLeavesTheKeyInAFile) {
   EXPECT_EQ(files().bytesOf(u"C:\\data\\remote.txt"), app.remote.pairingKey);
 }
 
+TEST_F(RemoteServiceTest, AStartThatFailsLeavesNoKeyInAFile) {
+  beInTestMode();
+  sockets.taken = {kLoopback};
+  expectRefused(u"遥控端口 22222 无法监听，请检查网络或更换端口。");
+  EXPECT_FALSE(files().exists(u"C:\\data\\remote.txt"));
+}
+
+TEST_F(RemoteServiceTest, TheKeyReplacesThatOfAnEarlierRun) {
+  beInTestMode();
+  files().putFile(u"C:\\data\\remote.txt", std::string(100, 'x'));
+  ASSERT_TRUE(startRemote(app, true));
+  EXPECT_EQ(files().bytesOf(u"C:\\data\\remote.txt"), app.remote.pairingKey);
+}
+
 TEST_F(RemoteServiceTest, OutsideTestModeThereIsNoSuchFile) {
   ASSERT_TRUE(startRemote(app, true));
   EXPECT_FALSE(files().exists(u"C:\\data\\remote.txt"));

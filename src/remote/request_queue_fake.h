@@ -37,12 +37,14 @@ class RequestQueueFake : public RequestQueue {
   }
   void drain() override {
     ++drains;
+    if (onDrain) onDrain();
     queued.clear();
   }
 
   bool postWorks = true;
   bool eventsWork = true;
   std::function<void(RemoteRequest&)> onPost;  // plays the UI thread that is quick to answer
+  std::function<void()> onDrain;
   std::vector<std::shared_ptr<RemoteRequest>> queued;
   std::vector<uint32_t> waitedMs;
   WindowHandle lastTarget;

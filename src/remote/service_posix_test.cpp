@@ -1,3 +1,33 @@
 #include "remote/service_fixture_posix.h"
 
 #include "remote/service_contract.inc"
+
+namespace mrl {
+namespace {
+
+// What these two look at is shared with Windows; here the system under it is sure to play along.
+TEST_F(ServiceTest, APeerThatNeverReadsItsAnswerHoldsNobodyUpForLong) {
+  stopServer(app.remote);
+  served.fakes.serviceHost.pageBytes.assign(64U << 20U, 'x');  // more than any buffer takes
+  ASSERT_TRUE(start());
+  RawClient silent(port());
+  silent.send(get("/"));
+  EXPECT_EQ(statusFor(post("/api/toggle")), 200);
+}
+
+TEST_F(RealSocketsTest, NoMoreThan64ListenersAreWaitedFor) {
+  std::vector<std::unique_ptr<ListeningSocket>> listeners;
+  for (size_t i = 0; i <= kMostListeners; ++i) {
+    const auto last = static_cast<uint8_t>(i + 1);
+    listeners.push_back(session->listen(ipv4(127, 0, 0, last), port()));
+    ASSERT_TRUE(listeners.back());
+  }
+  const RawClient beyond(port(), ipv4(127, 0, 0, kMostListeners + 1));
+  ASSERT_TRUE(beyond.isConnected());
+  EXPECT_EQ(session->wait(listeners), nullptr);
+  const RawClient within(port(), ipv4(127, 0, 0, kMostListeners));
+  EXPECT_EQ(session->wait(listeners), listeners[kMostListeners - 1].get());
+}
+
+}  // namespace
+}  // namespace mrl

@@ -20,8 +20,10 @@ namespace mrl {
 struct PeerFake {
   std::vector<std::string> chunks;  // each is one receive; the end of them is the peer's silence
   std::function<void()> onReceive;  // runs at the start of every receive, so time can pass in it
+  int silence = 0;                  // what a receive behind the last chunk gives; below 1
   size_t mostPerSend = std::string::npos;
   size_t sendsBeforeFailure = std::string::npos;
+  int failedSend = -1;                                // what a send that fails gives; below 1
   std::optional<uint32_t> localAddress = 0x0100007F;  // 127.0.0.1 on a little-endian machine
 
   std::string received;
@@ -39,14 +41,14 @@ class ConnectionFake : public Connection {
 
   int receive(std::span<char> buffer) override {
     if (peer.onReceive) peer.onReceive();
-    if (peer.receives >= peer.chunks.size()) return 0;
+    if (peer.receives >= peer.chunks.size()) return peer.silence;
     const std::string& chunk = peer.chunks[peer.receives++];
     assert(chunk.size() <= buffer.size());
     std::ranges::copy(chunk, buffer.begin());
     return static_cast<int>(chunk.size());
   }
   int send(std::string_view bytes) override {
-    if (peer.sends >= peer.sendsBeforeFailure) return -1;
+    if (peer.sends >= peer.sendsBeforeFailure) return peer.failedSend;
     ++peer.sends;
     const std::string_view taken = bytes.substr(0, peer.mostPerSend);
     peer.received.append(taken);

@@ -45,6 +45,17 @@ TEST_F(StateTest, ARunningShowIsToldWithItsSlideAndItsProvider) {
   EXPECT_EQ(valueOf("running"), "true");
 }
 
+TEST_F(StateTest, AShowThatHasEndedLeavesNeitherSlideNorProvider) {
+  start();
+  startShow(kDeck, 7);
+  waitForPoll();
+  endShow();
+  waitForPoll();
+  EXPECT_EQ(valueOf("showing"), "false");
+  EXPECT_EQ(valueOf("slide"), "0");
+  EXPECT_EQ(valueOf("provider"), "\"\"");
+}
+
 TEST_F(StateTest, TheTimeIsWhatTheClockShowsTheOvertimesPrefixIncluded) {
   app.settings.duration = 1;
   startTimer(app.timer, clock.nowMs());
