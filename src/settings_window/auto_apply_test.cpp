@@ -378,5 +378,15 @@ TEST_F(AutoApplyTest, AStartThatFailsLeavesTheSettingSavedAndHasTheLastWord) {
   EXPECT_FALSE(isPending(kAutoStartCheck));
 }
 
+TEST_F(AutoApplyTest, ABoxThatIsRightAfterAllLosesItsRedOnTheScreen) {
+  enter(kFolderBox, u"C:\\decks");
+  ASSERT_TRUE(isRed(kFolderBox));
+  files().putFolder(u"C:\\decks");
+  view().redrawnFrames.clear();
+  applyPending(app, true);
+  EXPECT_FALSE(isRed(kFolderBox));
+  EXPECT_EQ(view().redrawnFrames, std::vector{int{kFolderBox}});
+}
+
 }  // namespace
 }  // namespace mrl
