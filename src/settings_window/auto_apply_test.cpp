@@ -388,5 +388,14 @@ TEST_F(AutoApplyTest, ABoxThatIsRightAfterAllLosesItsRedOnTheScreen) {
   EXPECT_EQ(view().redrawnFrames, std::vector{int{kFolderBox}});
 }
 
+TEST_F(AutoApplyTest, WithNothingPendingTheKeysStillBringTheControlsUpToDate) {
+  app.remote.running = true;
+  EXPECT_TRUE(onSettingsCommand(app, kApplyAll, kClicked));
+  EXPECT_TRUE(isEnabled(kCopyAddressButton));
+  app.remote.running = false;
+  EXPECT_TRUE(onSettingsKey(app, 'S'));
+  EXPECT_FALSE(isEnabled(kCopyAddressButton));
+}
+
 }  // namespace
 }  // namespace mrl

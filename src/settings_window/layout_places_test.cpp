@@ -181,7 +181,8 @@ const Page kPages[] = {
 /// top and scrolled.
 class LayoutPlacesTest : public ::testing::TestWithParam<int> {
  protected:
-  static constexpr int kWidths[] = {640, 767, 768, 815, 816, 817, 900, 907, 908, 909, 1040, 1601};
+  static constexpr int kWidths[] = {500, 552, 640, 767, 768, 815,  816,
+                                    817, 900, 907, 908, 909, 1040, 1601};
   static constexpr int kHeights[] = {400, 467, 468, 469, 470, 620, 741, 1200};
   static constexpr int kScrolls[] = {0, 37};
 

@@ -215,5 +215,34 @@ TEST_F(PresentationPageTest, AnAppliedFolderIsListedAnew) {
   EXPECT_EQ(view().text(kFileCount), u"共 1 个文件 · 勾选后立即生效");
 }
 
+TEST_F(PresentationPageTest, TheSwitchedRowIsTheOneThatStaysSelected) {
+  for (const bool saveFails : {false, true}) {
+    if (saveFails) failSaves();
+    for (const int row : {2, 1}) {
+      view().setRow(kFileList, row);
+      onSettingsCommand(app, kToggleExclusion, kClicked);
+      EXPECT_EQ(view().row(kFileList), row);
+    }
+  }
+}
+
+TEST_F(PresentationPageTest, ASwitchedFileThatHasGoneLeavesItsRowToTheNext) {
+  view().setRow(kFileList, 0);
+  files().remove(u"C:\\decks\\a.pptx");
+  onSettingsCommand(app, kToggleExclusion, kClicked);
+  EXPECT_EQ(rows(), (Rows{u"[跳过计时] b.ppt", u"[正常计时] c.dps"}));
+  EXPECT_EQ(view().row(kFileList), 0);
+  EXPECT_TRUE(isEnabled(kOpenFileButton));
+}
+
+TEST_F(PresentationPageTest, AFileRenamedInItsCaseStaysSelected) {
+  view().setRow(kFileList, 2);
+  files().remove(u"C:\\decks\\c.dps");
+  files().putFile(u"C:\\decks\\C.DPS", "");
+  view().click(kReloadListButton);
+  EXPECT_EQ(rows()[0], u"[正常计时] C.DPS");
+  EXPECT_EQ(view().row(kFileList), 0);
+}
+
 }  // namespace
 }  // namespace mrl
