@@ -17,7 +17,7 @@ TEST_F(AutoApplyTest, AnEditAppliesWhenNothingWasTypedForAWhile) {
   view().type(kMinutesBox, u"20");
   EXPECT_EQ(status(), kEditing);
   EXPECT_TRUE(app.form.settingsDirty);
-  clock.advance(kEditDelayMs - 1);
+  clock.advance(699);
   applyPending(app, false);
   EXPECT_EQ(app.settings.duration, 900u);
   clock.advance(1);
@@ -395,6 +395,20 @@ TEST_F(AutoApplyTest, WithNothingPendingTheKeysStillBringTheControlsUpToDate) {
   app.remote.running = false;
   EXPECT_TRUE(onSettingsKey(app, 'S'));
   EXPECT_FALSE(isEnabled(kCopyAddressButton));
+}
+
+TEST_F(AutoApplyTest, TheClockTakesItsNewHeightToo) {
+  enter(kHeightBox, u"100");
+  EXPECT_EQ(clockWindow.place.height(), 100);
+}
+
+TEST_F(AutoApplyTest, AnActionThatIsTakenAwayPutsNothingElseOut) {
+  app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;  // by whatever road
+  refillForm(app);
+  view().click(kExitShowCheck);
+  EXPECT_EQ(status(), kApplied);
+  EXPECT_TRUE(saved().switchPpt);
+  EXPECT_TRUE(app.settings.black);
 }
 
 }  // namespace

@@ -224,6 +224,7 @@ TEST_F(LayoutScrollTest, AnotherResolutionBringsThePageToItsTop) {
   onSettingsDpiChanged(app);
   EXPECT_EQ(app.form.scrollPosition, 0);
   EXPECT_EQ(view().rectOf(kMinutesBox), (Rect{80, 176, 280, 288}));
+  EXPECT_EQ(view().previewPlace.width(), 2 * 183);
   EXPECT_EQ(view().calls.back(), "redrawAll");
 }
 

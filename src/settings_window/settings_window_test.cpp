@@ -37,6 +37,11 @@ TEST_F(SettingsWindowTest, OnASmallScreenItLeavesAMargin) {
   clockWindow.workArea = {100, 50, 900, 650};
   openSettingsWindow(app);
   EXPECT_EQ(view().windowRect, (Rect{112, 62, 888, 638}));
+  closeSettingsWindow(app);
+  clockWindow.windowDpi = 144;
+  clockWindow.workArea = {0, 0, 1200, 900};
+  openSettingsWindow(app);
+  EXPECT_EQ(view().windowRect, (Rect{18, 18, 1182, 882}));
 }
 
 TEST_F(SettingsWindowTest, ANewWindowShowsTheLiveRecord) {
