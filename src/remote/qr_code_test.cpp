@@ -50,5 +50,30 @@ TEST(QrCodeTest, AControlThatIsTooSmallStillGetsOnePixelAModule) {
   EXPECT_EQ(placeQrCode(20, 20, 25), (QrPlace{1, -2, -2}));
 }
 
+/// The two bits that tell the level of correction, as they stand beside the upper left finder.
+std::pair<bool, bool> levelBits(const QrMatrix& matrix) { return {matrix[8][0], matrix[8][1]}; }
+
+TEST(QrCodeTest, CorrectionIsMediumOrBetterWhereTheSymbolHasRoom) {
+  constexpr std::pair kMedium{true, false};
+  constexpr std::pair kQuartile{false, true};
+  QrMatrix matrix;
+  ASSERT_TRUE(encodeQrCode(u"http://192.168.1.10:22222/", matrix));  // 26 bytes fill version 2
+  EXPECT_EQ(matrix.size(), 25u);
+  EXPECT_EQ(levelBits(matrix), kMedium);
+  ASSERT_TRUE(encodeQrCode(u"http://192.168.1.110:22222/", matrix));
+  EXPECT_EQ(matrix.size(), 29u) << "one byte more would still fit version 2 at the lowest level";
+  EXPECT_EQ(levelBits(matrix), kQuartile);
+  ASSERT_TRUE(encodeQrCode(u"http://1.2.3.4:1024/", matrix));
+  EXPECT_EQ(matrix.size(), 25u);
+  EXPECT_EQ(levelBits(matrix), kQuartile);
+}
+
+TEST(QrCodeTest, TheQuietZoneGivesWayOnlyToWholePixels) {
+  EXPECT_EQ(placeQrCode(65, 65, 25), (QrPlace{1, 20, 20}));  // one pixel short of two a module
+  EXPECT_EQ(placeQrCode(66, 66, 25), (QrPlace{2, 8, 8}));
+  EXPECT_EQ(placeQrCode(200, 300, 25), (QrPlace{6, 25, 75}));
+  EXPECT_EQ(placeQrCode(26, 26, 25), (QrPlace{1, 0, 0}));
+}
+
 }  // namespace
 }  // namespace mrl

@@ -89,10 +89,9 @@ std::u16string appliedStatus(const App& app, const Applied& applied) {
 
 /// The rest of an apply, once the record is saved and adopted.
 void carryOut(App& app, const Field& field, const Applied& applied) {
-  SettingsView& view = app.platform.settingsView;
   if (applied.conflict) showActions(app);
-  view.setMark(field.id, Mark::Invalid, false);
-  if (field.kind == FieldKind::Time) view.setMark(field.secondsId, Mark::Invalid, false);
+  clearInvalid(app, field.id);
+  if (field.kind == FieldKind::Time) clearInvalid(app, field.secondsId);
   showOnClock(app, field.id);
   if (applied.portOfRunning) {
     stopRemote(app);
@@ -145,6 +144,13 @@ void notePortInput(App& app) {
 }
 
 }  // namespace
+
+void clearInvalid(App& app, int id) {
+  SettingsView& view = app.platform.settingsView;
+  if (!view.mark(id, Mark::Invalid)) return;
+  view.setMark(id, Mark::Invalid, false);
+  view.redrawFrame(id);
+}
 
 void bookEdit(App& app, int id, uint64_t delayMs) {
   if (!app.form.isOpen || app.form.controlsSuppressed) return;

@@ -24,4 +24,7 @@ void applyPending(App& app, bool force);
 /// nothing booked, it does nothing and gives true.
 bool applyEdit(App& app, int id);
 
+/// Takes the red off a box, on the screen too.
+void clearInvalid(App& app, int id);
+
 }  // namespace mrl

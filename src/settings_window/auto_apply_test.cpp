@@ -17,7 +17,7 @@ TEST_F(AutoApplyTest, AnEditAppliesWhenNothingWasTypedForAWhile) {
   view().type(kMinutesBox, u"20");
   EXPECT_EQ(status(), kEditing);
   EXPECT_TRUE(app.form.settingsDirty);
-  clock.advance(kEditDelayMs - 1);
+  clock.advance(699);
   applyPending(app, false);
   EXPECT_EQ(app.settings.duration, 900u);
   clock.advance(1);
@@ -376,6 +376,39 @@ TEST_F(AutoApplyTest, AStartThatFailsLeavesTheSettingSavedAndHasTheLastWord) {
   EXPECT_FALSE(app.remote.running);
   EXPECT_NE(status(), kApplied);
   EXPECT_FALSE(isPending(kAutoStartCheck));
+}
+
+TEST_F(AutoApplyTest, ABoxThatIsRightAfterAllLosesItsRedOnTheScreen) {
+  enter(kFolderBox, u"C:\\decks");
+  ASSERT_TRUE(isRed(kFolderBox));
+  files().putFolder(u"C:\\decks");
+  view().redrawnFrames.clear();
+  applyPending(app, true);
+  EXPECT_FALSE(isRed(kFolderBox));
+  EXPECT_EQ(view().redrawnFrames, std::vector{int{kFolderBox}});
+}
+
+TEST_F(AutoApplyTest, WithNothingPendingTheKeysStillBringTheControlsUpToDate) {
+  app.remote.running = true;
+  EXPECT_TRUE(onSettingsCommand(app, kApplyAll, kClicked));
+  EXPECT_TRUE(isEnabled(kCopyAddressButton));
+  app.remote.running = false;
+  EXPECT_TRUE(onSettingsKey(app, 'S'));
+  EXPECT_FALSE(isEnabled(kCopyAddressButton));
+}
+
+TEST_F(AutoApplyTest, TheClockTakesItsNewHeightToo) {
+  enter(kHeightBox, u"100");
+  EXPECT_EQ(clockWindow.place.height(), 100);
+}
+
+TEST_F(AutoApplyTest, AnActionThatIsTakenAwayPutsNothingElseOut) {
+  app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;  // by whatever road
+  refillForm(app);
+  view().click(kExitShowCheck);
+  EXPECT_EQ(status(), kApplied);
+  EXPECT_TRUE(saved().switchPpt);
+  EXPECT_TRUE(app.settings.black);
 }
 
 }  // namespace

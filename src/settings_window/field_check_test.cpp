@@ -329,5 +329,15 @@ TEST_F(FieldCheckTest, ThePortGoesFrom1024To65535) {
   }
 }
 
+TEST_F(FieldCheckTest, TheZeroThatFillsAnEmptyBoxBooksNoEdit) {
+  view().texts[kResetDelayBox] = u"";
+  Settings candidate;
+  candidate.resetDelay = 9;
+  EXPECT_TRUE(takeField(app, *findField(kResetDelayBox), candidate).valid);
+  EXPECT_EQ(candidate.resetDelay, 0u);
+  EXPECT_EQ(view().text(kResetDelayBox), u"0");
+  EXPECT_TRUE(app.form.pendingEdits.empty());
+}
+
 }  // namespace
 }  // namespace mrl

@@ -159,5 +159,83 @@ TEST_F(LayoutScrollTest, OnlyThePresentPageIsShown) {
   EXPECT_FALSE(view().hidden.contains(kTimerLine));
 }
 
+TEST_F(LayoutScrollTest, EachStepOfTheScrollBarGoesItsWay) {
+  view().windowDpi = 144;
+  view().client = {toPixels(1040, 144), toPixels(500, 144)};
+  layoutPage(app);
+  const int page = toPixels(500 - 248, 144);
+  scrollPage(app, PageScroll::LineDown);
+  EXPECT_EQ(app.form.scrollPosition, 84);
+  scrollPage(app, PageScroll::PageDown);
+  EXPECT_EQ(app.form.scrollPosition, 84 + page * 3 / 4);
+  scrollPage(app, PageScroll::LineUp);
+  EXPECT_EQ(app.form.scrollPosition, page * 3 / 4);
+  scrollPage(app, PageScroll::PageUp);
+  EXPECT_EQ(app.form.scrollPosition, 0);
+  view().bars[Bar::Page].track = 33;
+  scrollPage(app, PageScroll::Track);
+  EXPECT_EQ(app.form.scrollPosition, 33);
+  EXPECT_EQ(view().rectOf(kTimingTitle).top, 30 - 33);
+  EXPECT_EQ(view().bars[Bar::Page].position, 33);
+  EXPECT_EQ(view().calls.back(), "redrawPane");
+}
+
+TEST_F(LayoutScrollTest, TheWheelGoesBothWaysAndByTheResolution) {
+  view().windowDpi = 144;
+  view().client = {toPixels(1040, 144), toPixels(740, 144)};
+  turnWheel(app, -240);
+  EXPECT_EQ(app.form.scrollPosition, 168);
+  turnWheel(app, 119);
+  EXPECT_EQ(app.form.scrollPosition, 168 - 83);
+  turnWheel(app, 1);
+  EXPECT_EQ(app.form.scrollPosition, 168 - 84);
+  turnWheel(app, 1200);
+  EXPECT_EQ(app.form.scrollPosition, 0);
+}
+
+TEST_F(LayoutScrollTest, ScrollingMovesThePageAlone) {
+  const Rect frame = view().rectOf(kToggleButton);
+  const Rect pane = view().rectOf(kContentPane);
+  view().rects.erase(kWidthBox);
+  scrollTo(app, 50);
+  EXPECT_EQ(view().rectOf(kMinutesBox).top, 88 - 50);
+  EXPECT_EQ(view().rectOf(kMinutesBox).height(), 56);
+  EXPECT_EQ(view().rectOf(kToggleButton), frame);
+  EXPECT_EQ(view().rectOf(kContentPane), pane);
+  EXPECT_FALSE(view().rects.contains(kWidthBox)) << "which is on another page";
+}
+
+TEST_F(LayoutScrollTest, AWiderWindowHoldsThePositionWithinTheShorterPage) {
+  selectPage(app, 2);
+  view().client = {900, 620};
+  layoutPage(app);
+  scrollTo(app, 500);
+  view().client = {1040, 620};
+  layoutPage(app);
+  EXPECT_EQ(app.form.scrollPosition, 454 - (620 - 248));
+  EXPECT_EQ(view().bars[Bar::Page], (ScrollInfo{.last = 453, .page = 372, .position = 454 - 372}));
+  EXPECT_EQ(view().rectOf(kFirstStageTitle).top, view().rectOf(kSecondStageTitle).top);
+}
+
+TEST_F(LayoutScrollTest, AnotherResolutionBringsThePageToItsTop) {
+  scrollTo(app, 50);
+  view().windowDpi = 192;
+  view().client = {2080, 1480};
+  onSettingsDpiChanged(app);
+  EXPECT_EQ(app.form.scrollPosition, 0);
+  EXPECT_EQ(view().rectOf(kMinutesBox), (Rect{80, 176, 280, 288}));
+  EXPECT_EQ(view().previewPlace.width(), 2 * 183);
+  EXPECT_EQ(view().calls.back(), "redrawAll");
+}
+
+TEST_F(LayoutScrollTest, WithoutAWindowNothingIsPlaced) {
+  closeSettingsWindow(app);
+  layoutPage(app);
+  scrollTo(app, 50);
+  selectPage(app, 3);
+  EXPECT_TRUE(view().rects.empty());
+  EXPECT_EQ(app.form.page, 0);
+}
+
 }  // namespace
 }  // namespace mrl

@@ -1,5 +1,6 @@
 #include "settings_window/presentation_page.h"
 
+#include "remote/state.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {
@@ -176,6 +177,71 @@ TEST_F(PresentationPageTest, WithoutAWindowNothingIsListed) {
   files().done.clear();
   reloadFileList(app);
   EXPECT_TRUE(files().done.empty());
+}
+
+/// Whether a phone is told that the file is not timed.
+bool isSkippedForPhone(App& app, const std::string& name) {
+  return buildStateJson(app).find("\"name\":\"" + name + "\",\"skip\":true") != std::string::npos;
+}
+
+TEST_F(PresentationPageTest, ASwitchedRowIsSwitchedOnThePhoneToo) {
+  view().setRow(kFileList, 0);
+  EXPECT_FALSE(isSkippedForPhone(app, "a.pptx"));
+  onSettingsCommand(app, kToggleExclusion, kClicked);
+  EXPECT_TRUE(isSkippedForPhone(app, "a.pptx"));
+  EXPECT_TRUE(isSkippedForPhone(app, "b.ppt"));
+  onSettingsCommand(app, kToggleExclusion, kClicked);
+  EXPECT_FALSE(isSkippedForPhone(app, "a.pptx"));
+  failSaves();
+  onSettingsCommand(app, kToggleExclusion, kClicked);
+  EXPECT_FALSE(isSkippedForPhone(app, "a.pptx")) << "which was not saved";
+}
+
+TEST_F(PresentationPageTest, ASwitchTakesOtherSpellingsOfTheFileAlong) {
+  Settings settings = app.settings;
+  settings.skipList = {u"C:\\DECKS\\A.pptx", u"C:\\other.pptx", u"c:\\decks\\a.PPTX"};
+  openWith(settings);
+  view().setRow(kFileList, 0);
+  onSettingsCommand(app, kToggleExclusion, kClicked);
+  EXPECT_EQ(saved().skipList, (Rows{u"C:\\other.pptx"}));
+}
+
+TEST_F(PresentationPageTest, AnAppliedFolderIsListedAnew) {
+  enter(kFolderBox, u"C:\\late");
+  EXPECT_EQ(rows(), Rows{});
+  files().putFile(u"C:\\late\\x.pptx", "");
+  applyPending(app, true);
+  EXPECT_EQ(rows(), (Rows{u"[正常计时] x.pptx"}));
+  EXPECT_EQ(view().text(kFileCount), u"共 1 个文件 · 勾选后立即生效");
+}
+
+TEST_F(PresentationPageTest, TheSwitchedRowIsTheOneThatStaysSelected) {
+  for (const bool saveFails : {false, true}) {
+    if (saveFails) failSaves();
+    for (const int row : {2, 1}) {
+      view().setRow(kFileList, row);
+      onSettingsCommand(app, kToggleExclusion, kClicked);
+      EXPECT_EQ(view().row(kFileList), row);
+    }
+  }
+}
+
+TEST_F(PresentationPageTest, ASwitchedFileThatHasGoneLeavesItsRowToTheNext) {
+  view().setRow(kFileList, 0);
+  files().remove(u"C:\\decks\\a.pptx");
+  onSettingsCommand(app, kToggleExclusion, kClicked);
+  EXPECT_EQ(rows(), (Rows{u"[跳过计时] b.ppt", u"[正常计时] c.dps"}));
+  EXPECT_EQ(view().row(kFileList), 0);
+  EXPECT_TRUE(isEnabled(kOpenFileButton));
+}
+
+TEST_F(PresentationPageTest, AFileRenamedInItsCaseStaysSelected) {
+  view().setRow(kFileList, 2);
+  files().remove(u"C:\\decks\\c.dps");
+  files().putFile(u"C:\\decks\\C.DPS", "");
+  view().click(kReloadListButton);
+  EXPECT_EQ(rows()[0], u"[正常计时] C.DPS");
+  EXPECT_EQ(view().row(kFileList), 0);
 }
 
 }  // namespace

@@ -192,5 +192,14 @@ TEST_F(PreviewPaneTest, TheSummaryFollowsTheFormAtOnce) {
   EXPECT_EQ(view().text(kExpirySummary), u"计时结束后：闪烁 5 秒；");
 }
 
+TEST_F(PreviewPaneTest, ItIsPaintedAnewWithWhateverIsTyped) {
+  view().invalidated.clear();
+  view().type(kForegroundBox, u"#123456");
+  EXPECT_EQ(std::ranges::count(view().invalidated, int{kPreview}), 1);
+  view().invalidated.clear();
+  view().select(kPreviewPhaseCombo, 1);
+  EXPECT_EQ(std::ranges::count(view().invalidated, int{kPreview}), 1);
+}
+
 }  // namespace
 }  // namespace mrl

@@ -42,13 +42,15 @@ void refreshRemotePage(App& app) {
     view.setMark(kServiceButton, Mark::Active, app.remote.running);
     view.setText(kServiceButton, app.remote.running ? kStopText : kStartText);
     view.invalidate(kServiceButton);
-    app.form.qrMatrix.clear();
-    if (!lines.empty() && !encodeQrCode(firstLine(lines), app.form.qrMatrix)) {
-      setStatus(app, kQrFailed);
-    }
-    view.invalidate(kQrCode);
+    showQrCode(app, firstLine(lines));
   }
   refreshEnableStates(app);
+}
+
+void showQrCode(App& app, const std::u16string& address) {
+  app.form.qrMatrix.clear();
+  if (!address.empty() && !encodeQrCode(address, app.form.qrMatrix)) setStatus(app, kQrFailed);
+  app.platform.settingsView.invalidate(kQrCode);
 }
 
 void toggleRemote(App& app) {

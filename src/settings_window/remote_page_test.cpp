@@ -1,5 +1,8 @@
 #include "settings_window/remote_page.h"
 
+#include "remote/firewall.h"
+#include "remote/ipv4.h"
+#include "remote/remote_service.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {
@@ -91,6 +94,121 @@ TEST_F(RemotePageTest, WithoutAWindowNothingIsRefreshed) {
   closeSettingsWindow(app);
   serve();
   EXPECT_TRUE(app.form.qrMatrix.empty());
+}
+
+TEST_F(RemotePageTest, AFailedCodeIsToldAndTheAddressesStay) {
+  serve();
+  showQrCode(app, std::u16string(3000, u'a'));
+  EXPECT_EQ(status(), u"二维码生成失败，请复制地址连接。");
+  EXPECT_TRUE(app.form.qrMatrix.empty());
+  EXPECT_EQ(view().text(kAddressBox), u"http://192.168.1.10:22222/\r\nhttp://10.0.0.2:22222/");
+  view().click(kCopyAddressButton);
+  EXPECT_EQ(view().clipboard, u"http://192.168.1.10:22222/");
+  EXPECT_EQ(status(), u"遥控地址已复制。");
+}
+
+TEST_F(RemotePageTest, WithoutAServiceThePageOfTheButtonIsTheOneThatStartsIt) {
+  view().click(kOpenRemoteButton);
+  EXPECT_EQ(app.form.page, 3);
+  EXPECT_EQ(status(), u"请先点击“启动遥控服务”并完成网络授权。");
+}
+
+/// A computer on a network, with its firewall opened: the service can start.
+class RemoteStartTest : public RemotePageTest {
+ protected:
+  void SetUp() override {
+    Settings off;
+    off.remoteAutoStart = false;
+    openWith(off);
+    network.add(1, {ipv4(192, 168, 1, 5)});
+    firewall.rules = {fittingRule(firewall.path, 22222)};
+  }
+  void TearDown() override { stopRemote(app); }
+
+  void expectShown(const std::u16string& address) {
+    EXPECT_TRUE(app.remote.running);
+    EXPECT_EQ(view().text(kAddressBox), address);
+    QrMatrix code;
+    ASSERT_TRUE(encodeQrCode(address, code));
+    EXPECT_EQ(app.form.qrMatrix, code);
+    EXPECT_EQ(view().text(kServiceButton), u"关闭遥控服务");
+    EXPECT_TRUE(view().mark(kServiceButton, Mark::Active));
+    EXPECT_TRUE(isEnabled(kCopyAddressButton));
+  }
+};
+
+TEST_F(RemoteStartTest, TheButtonStartsTheServiceAndShowsWhereItIs) {
+  view().click(kServiceButton);
+  EXPECT_EQ(status(), u"遥控服务已启动；如无法连接请检查网络与防火墙规则。");
+  expectShown(u"http://192.168.1.5:22222/");
+  EXPECT_FALSE(saved().remoteAutoStart);
+}
+
+TEST_F(RemoteStartTest, TheButtonAsksForThePermissionThatIsMissing) {
+  firewall.made = firewall.rules;
+  firewall.rules.clear();
+  view().click(kServiceButton);
+  EXPECT_EQ(firewall.commands.size(), 1u);
+  EXPECT_TRUE(app.remote.running);
+}
+
+TEST_F(RemoteStartTest, TheButtonLeavesTheReasonOfAFailedStart) {
+  network.connected.clear();
+  view().click(kServiceButton);
+  EXPECT_EQ(status(), u"未发现已连接的 IPv4 网络，请检查网络连接后重新启动遥控服务。");
+}
+
+TEST_F(RemoteStartTest, TheTickOfTheAutomaticStartStartsTheServiceAtOnce) {
+  firewall.made = firewall.rules;
+  firewall.rules.clear();
+  view().click(kAutoStartCheck);
+  EXPECT_EQ(firewall.commands.size(), 1u);
+  EXPECT_EQ(status(), kApplied);
+  EXPECT_TRUE(saved().remoteAutoStart);
+  expectShown(u"http://192.168.1.5:22222/");
+}
+
+TEST_F(RemoteStartTest, TheTickTellsOfOtherInputThatWaits) {
+  enter(kSecondsBox, u"70");
+  view().click(kAutoStartCheck);
+  EXPECT_TRUE(app.remote.running);
+  EXPECT_EQ(status(), kOthersWait);
+}
+
+TEST_F(RemoteStartTest, TakingTheTickBackLeavesTheServiceRunning) {
+  view().click(kAutoStartCheck);
+  view().click(kAutoStartCheck);
+  EXPECT_FALSE(saved().remoteAutoStart);
+  EXPECT_TRUE(app.remote.running);
+}
+
+TEST_F(RemoteStartTest, TheTickLeavesTheReasonOfAFailedStart) {
+  network.connected.clear();
+  view().click(kAutoStartCheck);
+  EXPECT_TRUE(saved().remoteAutoStart);
+  EXPECT_EQ(status(), u"未发现已连接的 IPv4 网络，请检查网络连接后重新启动遥控服务。");
+}
+
+TEST_F(RemoteStartTest, ANewAddressIsShownAfterAStartOnly) {
+  view().click(kServiceButton);
+  network.adapters[0].addresses = {ipv4(192, 168, 1, 77)};
+  refreshRemotePage(app);
+  expectShown(u"http://192.168.1.5:22222/");
+  view().click(kServiceButton);
+  view().click(kServiceButton);
+  expectShown(u"http://192.168.1.77:22222/");
+}
+
+TEST_F(RemoteStartTest, ANewPortIsShownAfterAStartOnly) {
+  view().click(kServiceButton);
+  view().type(kPortBox, u"30000");
+  view().click(kApplyPortButton);
+  EXPECT_FALSE(app.remote.running);
+  EXPECT_EQ(view().text(kAddressBox), u"遥控服务未启动，请启动或恢复服务。");
+  EXPECT_TRUE(app.form.qrMatrix.empty());
+  firewall.rules = {fittingRule(firewall.path, 30000)};
+  view().click(kServiceButton);
+  expectShown(u"http://192.168.1.5:30000/");
 }
 
 }  // namespace

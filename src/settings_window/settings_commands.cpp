@@ -34,13 +34,6 @@ constexpr PickButton kPickButtons[] = {
     {kSecondStage + kStagePickSound, Picker::Audio, kSecondStage + kStageSoundFile},
 };
 
-void clearInvalid(App& app, int id) {
-  SettingsView& view = app.platform.settingsView;
-  if (!view.mark(id, Mark::Invalid)) return;
-  view.setMark(id, Mark::Invalid, false);
-  view.redrawFrame(id);
-}
-
 std::u16string pick(SettingsView& view, Picker kind) {
   switch (kind) {
     case Picker::Folder: return view.pickFolder();

@@ -1,5 +1,6 @@
 #include "settings_window/settings_window.h"
 
+#include "settings_window/layout.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {
@@ -36,6 +37,11 @@ TEST_F(SettingsWindowTest, OnASmallScreenItLeavesAMargin) {
   clockWindow.workArea = {100, 50, 900, 650};
   openSettingsWindow(app);
   EXPECT_EQ(view().windowRect, (Rect{112, 62, 888, 638}));
+  closeSettingsWindow(app);
+  clockWindow.windowDpi = 144;
+  clockWindow.workArea = {0, 0, 1200, 900};
+  openSettingsWindow(app);
+  EXPECT_EQ(view().windowRect, (Rect{18, 18, 1182, 882}));
 }
 
 TEST_F(SettingsWindowTest, ANewWindowShowsTheLiveRecord) {
@@ -301,6 +307,54 @@ TEST_F(SettingsWindowTest, AModeThatCouldNotBeSavedIsTakenBack) {
   view().select(kModeCombo, 1);
   EXPECT_TRUE(app.settings.autoMode);
   EXPECT_EQ(view().row(kModeCombo), 0);
+}
+
+TEST_F(SettingsWindowTest, CtrlAndADigitForceNothingByThemselves) {
+  view().click(kPerSlideCheck);  // the focus is in no box
+  bookEdit(app, kMinutesBox, kEditDelayMs);
+  view().texts[kMinutesBox] = u"20";
+  EXPECT_TRUE(onSettingsKey(app, '3'));
+  EXPECT_EQ(app.form.page, 2);
+  EXPECT_TRUE(isPending(kMinutesBox));
+  EXPECT_EQ(saved().duration, 900u);
+  runFor(800);
+  EXPECT_EQ(saved().duration, 1200u);
+}
+
+TEST_F(SettingsWindowTest, CtrlAndADigitLeaveABoxAsTheTabKeyDoes) {
+  view().type(kMinutesBox, u"20");
+  app.form.scrollPosition = 40;
+  EXPECT_TRUE(onSettingsKey(app, '3'));
+  EXPECT_EQ(app.form.page, 2);
+  EXPECT_EQ(app.form.scrollPosition, 0);
+  EXPECT_EQ(saved().duration, 1200u);
+  EXPECT_EQ(status(), kApplied);
+}
+
+TEST_F(SettingsWindowTest, CtrlAndADigitLeaveWrongInputRed) {
+  view().type(kSecondsBox, u"70");
+  EXPECT_TRUE(onSettingsKey(app, '3'));
+  EXPECT_TRUE(isRed(kSecondsBox));
+  EXPECT_EQ(view().text(kSecondsBox), u"70");
+  EXPECT_EQ(app.form.pendingEdits.at(kMinutesBox), kNotDue);
+}
+
+TEST_F(SettingsWindowTest, EachPageShowsItsOwnControlsAndTheFrames) {
+  for (const int page : {4, 3, 2, 1, 0}) {
+    selectPage(app, page);
+    for (const Control& control : allControls()) {
+      const bool isShown = control.page == page || control.page == kEveryPage;
+      EXPECT_EQ(view().hidden.contains(control.id), !isShown) << control.id << " on " << page;
+    }
+  }
+}
+
+TEST_F(SettingsWindowTest, OnASmallScreenThePageScrolls) {
+  view().client = {884, 500};
+  layoutPage(app);
+  EXPECT_EQ(view().bars[Bar::Page], (ScrollInfo{.last = 915, .page = 252}));
+  scrollPage(app, PageScroll::Bottom);
+  EXPECT_EQ(app.form.scrollPosition, 916 - 252);
 }
 
 }  // namespace
