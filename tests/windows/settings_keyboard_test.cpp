@@ -163,6 +163,7 @@ TEST_F(SettingsKeyboardTest, ADroppedComboIsChosenByEnterAndTheWindowStays) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   ASSERT_NO_FATAL_FAILURE(showPage(1));
   focusBox(kFontWeightCombo);
+  moveTo({0, 0});  // over the list the mouse would choose too
   const auto isDropped = [&] { return ask(control(kFontWeightCombo), CB_GETDROPPEDSTATE) != 0; };
   pressKeys(VK_F4);
   ASSERT_TRUE(waitUntil(isDropped));
