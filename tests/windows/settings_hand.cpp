@@ -236,6 +236,11 @@ void SettingsHand::answer(int button) const {
   ASSERT_TRUE(waitUntil([&] { return question() == nullptr; }));
 }
 
+void SettingsHand::comeToFront() const {
+  SetForegroundWindow(window());
+  ASSERT_TRUE(waitUntil([&] { return GetForegroundWindow() == window(); }));
+}
+
 bool SettingsHand::closes() const {
   return waitUntil([&] { return window() == nullptr && question() == nullptr; });
 }

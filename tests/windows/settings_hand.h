@@ -80,6 +80,9 @@ class SettingsHand : public SettingsScreen {
   std::wstring questionText() const;
   /// With the mouse.
   void answer(int button) const;
+  /// As by a click on its title. Without it Wine at times leaves nobody in front where a question
+  /// was.
+  void comeToFront() const;
   /// The settings window, and no question is left.
   [[nodiscard]] bool closes() const;
 };
