@@ -43,7 +43,7 @@ enum class FirewallRuleState : int32_t {
 
 /// Whether a firewall's list of ports ("80,8000-8100") holds `port`; true whenever that can't be
 /// told.
-[[nodiscard]] bool portSpecCovers(std::u16string_view spec, int32_t port);
+[[nodiscard]] bool portSpecCovers(std::u16string_view ports, int32_t port);
 
 /// Depends on the place of the program, whatever its letter case, and on the port. The second form
 /// is only looked for.

@@ -149,13 +149,13 @@ bool scanBlockRules(FirewallRules& rules, const std::u16string& exePath, int32_t
   return false;
 }
 
-bool portSpecCovers(std::u16string_view spec, int32_t port) {
-  if (port < 1024 || port > 65535 || spec.empty() || spec == u"*") return true;
+bool portSpecCovers(std::u16string_view ports, int32_t port) {
+  if (port < 1024 || port > 65535 || ports.empty() || ports == u"*") return true;
   while (true) {
-    const size_t comma = spec.find(u',');
-    if (tokenCovers(trimmed(spec.substr(0, comma)), port)) return true;
-    if (comma == spec.npos) return false;
-    spec.remove_prefix(comma + 1);
+    const size_t comma = ports.find(u',');
+    if (tokenCovers(trimmed(ports.substr(0, comma)), port)) return true;
+    if (comma == ports.npos) return false;
+    ports.remove_prefix(comma + 1);
   }
 }
 

@@ -196,10 +196,10 @@ TEST(PortSpecTest, APortOrARangeOfThemCovers) {
 }
 
 TEST(PortSpecTest, WhatCannotBeToldCovers) {
-  for (const char16_t* spec :
+  for (const char16_t* ports :
        {u"", u"*", u"RPC", u"80,", u",", u"80,,443", u"100-50", u"0", u"65536", u"123456", u"1-",
         u"-1", u"1-2-3", u"80,x", u"８０８１", u"8 0"}) {
-    EXPECT_TRUE(portSpecCovers(spec, 8080)) << utf8From(spec);
+    EXPECT_TRUE(portSpecCovers(ports, 8080)) << utf8From(ports);
   }
 }
 

@@ -10,16 +10,16 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size < 2) return 0;
   const int32_t port = data[0] | data[1] << 8;
-  std::u16string spec((size - 2) / 2, u'\0');
-  if (!spec.empty()) std::memcpy(spec.data(), data + 2, spec.size() * 2);
-  if (mrl::portSpecCovers(spec, port)) return 0;
+  std::u16string ports((size - 2) / 2, u'\0');
+  if (!ports.empty()) std::memcpy(ports.data(), data + 2, ports.size() * 2);
+  if (mrl::portSpecCovers(ports, port)) return 0;
 
-  const bool isPlain = spec.find_first_not_of(u"0123456789,- \t") == spec.npos;
+  const bool isPlain = ports.find_first_not_of(u"0123456789,- \t") == ports.npos;
   if (!isPlain || port < 1024) std::abort();
   // Another port in front of it, or the port itself behind it, change what they must.
-  if (mrl::portSpecCovers(u"1," + spec, port)) std::abort();
+  if (mrl::portSpecCovers(u"1," + ports, port)) std::abort();
   const std::string digits = std::to_string(port);
-  if (!mrl::portSpecCovers(spec + u"," + std::u16string(digits.begin(), digits.end()), port)) {
+  if (!mrl::portSpecCovers(ports + u"," + std::u16string(digits.begin(), digits.end()), port)) {
     std::abort();
   }
   return 0;

@@ -1,4 +1,4 @@
-// The peer of the tests over Winsock. REQUIRES: Winsock is started when one is made.
+// The peer of the tests over Winsock. REQUIRES: a Winsock lives when one is made.
 #pragma once
 
 #include <winsock2.h>
@@ -19,6 +19,16 @@ constexpr int kStopSending = SD_SEND;
 
 inline void closeSocket(Socket socket) { closesocket(socket); }
 inline SocketLimit socketLimit(uint32_t ms) { return ms; }
+
+/// Started for as long as it lives.
+struct Winsock {
+  Winsock() {
+    WSADATA data;
+    (void)WSAStartup(MAKEWORD(2, 2), &data);
+  }
+  Winsock(const Winsock&) = delete;
+  ~Winsock() { WSACleanup(); }
+};
 
 }  // namespace mrl
 

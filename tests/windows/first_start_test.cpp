@@ -60,8 +60,6 @@ bool shows(HWND window, const std::wstring& text) {
 class FirstStartTest : public testing::Test {
  protected:
   void SetUp() override {
-    WSADATA data;
-    (void)WSAStartup(MAKEWORD(2, 2), &data);
     NetworkWin network;
     std::u16string error;
     if (!discoverAddresses(network, addresses, error)) {
@@ -76,7 +74,6 @@ class FirstStartTest : public testing::Test {
     ASSERT_TRUE(saveSettings(files, settingsPath(), settings, error));
   }
   void TearDown() override {
-    WSACleanup();
     std::error_code ignored;
     fs::remove_all(ownFolder(), ignored);
   }
@@ -90,6 +87,7 @@ class FirstStartTest : public testing::Test {
   }
 
   const standin::Apartment apartment;
+  const Winsock winsock;
   FirewallInPlace firewall;
   NetshInPlace netsh{u16From(systemFolder())};
   std::vector<uint32_t> addresses;

@@ -16,15 +16,6 @@ namespace {
 using standin::TemporaryDeck;
 using standin::waitUntil;
 
-struct Winsock {
-  Winsock() {
-    WSADATA data;
-    (void)WSAStartup(MAKEWORD(2, 2), &data);
-  }
-  Winsock(const Winsock&) = delete;
-  ~Winsock() { WSACleanup(); }
-};
-
 std::string bytesOf(const std::wstring& path) {
   std::ifstream file(std::filesystem::path(path), std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};

@@ -10,15 +10,6 @@ namespace {
 
 using standin::waitUntil;
 
-struct Winsock {
-  Winsock() {
-    WSADATA data;
-    (void)WSAStartup(MAKEWORD(2, 2), &data);
-  }
-  Winsock(const Winsock&) = delete;
-  ~Winsock() { WSACleanup(); }
-};
-
 class SettingsServiceTest : public SettingsHand {
  protected:
   static constexpr wchar_t kStart[] = L"启动遥控服务";
