@@ -8,6 +8,7 @@
 #include "windows/menu_window.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
+#include "windows/top_windows.h"
 
 namespace mrl {
 namespace {
@@ -37,12 +38,8 @@ class BlackScreenTest : public testing::Test {
 
   /// From the top one down.
   std::vector<HWND> blackWindows() const {
-    std::vector<HWND> found;
-    for (HWND next = GetTopWindow(nullptr); next != nullptr; next = GetWindow(next, GW_HWNDNEXT)) {
-      wchar_t name[80] = L"";
-      GetClassNameW(next, name, 80);
-      if (std::wstring(name) == kBlackClass && IsWindowVisible(next)) found.push_back(next);
-    }
+    std::vector<HWND> found = topWindows(kBlackClass);
+    std::erase_if(found, [](HWND each) { return !IsWindowVisible(each); });
     return found;
   }
   bool uncovers() {

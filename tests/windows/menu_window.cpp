@@ -1,14 +1,11 @@
 #include "windows/menu_window.h"
 
+#include "windows/top_windows.h"
+
 namespace mrl {
 
 HWND menuOf(HWND window) {
-  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  HWND found = nullptr;
-  while ((found = FindWindowExW(nullptr, found, L"#32768", nullptr)) != nullptr) {
-    if (IsWindowVisible(found) && GetWindowThreadProcessId(found, nullptr) == thread) return found;
-  }
-  return nullptr;
+  return visibleTopWindow(L"#32768", GetWindowThreadProcessId(window, nullptr));
 }
 
 RECT menuRect(HWND window) {

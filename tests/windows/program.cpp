@@ -13,6 +13,7 @@
 #include "settings/files_win.h"
 #include "settings/settings_file.h"
 #include "windows/standin_client.h"
+#include "windows/top_windows.h"
 
 namespace mrl {
 
@@ -27,14 +28,12 @@ std::string bytesOf(const std::wstring& path) {
 
 /// The window of that class and title in that process; null while it has none.
 HWND windowOf(DWORD processId, const std::wstring& className, const std::wstring& title) {
-  for (HWND each = GetTopWindow(nullptr); each != nullptr; each = GetWindow(each, GW_HWNDNEXT)) {
+  for (const HWND each : topWindows(className)) {
     DWORD owner = 0;
     GetWindowThreadProcessId(each, &owner);
-    wchar_t name[64]{};
     wchar_t text[64]{};
-    GetClassNameW(each, name, static_cast<int>(std::size(name)));
     GetWindowTextW(each, text, static_cast<int>(std::size(text)));
-    if (owner == processId && name == className && (title.empty() || text == title)) return each;
+    if (owner == processId && (title.empty() || text == title)) return each;
   }
   return nullptr;
 }

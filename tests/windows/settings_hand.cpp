@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "windows/top_windows.h"
+
 namespace mrl {
 
 using standin::waitUntil;
@@ -51,12 +53,7 @@ INPUT mouseInput(POINT point, DWORD flags, int data = 0) {
 
 /// The list that a combo of the window's thread has dropped down; null while none has.
 HWND droppedList(HWND window) {
-  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-  HWND found = nullptr;
-  while ((found = FindWindowExW(nullptr, found, L"ComboLBox", nullptr)) != nullptr) {
-    if (IsWindowVisible(found) && GetWindowThreadProcessId(found, nullptr) == thread) return found;
-  }
-  return nullptr;
+  return visibleTopWindow(L"ComboLBox", GetWindowThreadProcessId(window, nullptr));
 }
 
 }  // namespace
@@ -208,12 +205,9 @@ void SettingsHand::paste(int id, std::wstring_view text) const {
 }
 
 HWND SettingsHand::question() const {
-  const DWORD thread = GetWindowThreadProcessId(program.clock(), nullptr);
-  HWND found = nullptr;
-  while ((found = FindWindowExW(nullptr, found, L"#32770", L"Marlune")) != nullptr) {
-    if (IsWindowVisible(found) && GetWindowThreadProcessId(found, nullptr) == thread) break;
-  }
-  return found;
+  const HWND found =
+      visibleTopWindow(L"#32770", GetWindowThreadProcessId(program.clock(), nullptr));
+  return textOf(found) == L"Marlune" ? found : nullptr;
 }
 
 bool SettingsHand::asks() const {

@@ -9,6 +9,7 @@
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "windows/standin_client.h"
+#include "windows/top_windows.h"
 
 namespace mrl {
 
@@ -74,12 +75,9 @@ void SettingsScreen::openAsItIs() {
 
 int SettingsScreen::settingsWindows() const {
   const DWORD thread = GetWindowThreadProcessId(program.clock(), nullptr);
-  int count = 0;
-  HWND found = nullptr;
-  while ((found = FindWindowExW(nullptr, found, kSettingsClass, nullptr)) != nullptr) {
-    if (GetWindowThreadProcessId(found, nullptr) == thread) ++count;
-  }
-  return count;
+  return static_cast<int>(std::ranges::count_if(topWindows(kSettingsClass), [&](HWND each) {
+    return GetWindowThreadProcessId(each, nullptr) == thread;
+  }));
 }
 
 HWND SettingsScreen::control(int id) const {
