@@ -159,7 +159,40 @@ constexpr Control kControls[] = {
     {kCloseButton, Button, u"关闭", kEveryPage},
 };
 
+constexpr SpokenName kSpokenNames[] = {
+    {kMinutesBox, u"计时时长（分）"},
+    {kSecondsBox, u"计时时长（秒）"},
+    {kSoundFileBox, u"提示音文件"},
+    {kSwitchDeckBox, u"计时结束后播放的演示文稿"},
+    {kPreviewPhaseCombo, u"预览阶段"},
+    {kWidthBox, u"宽度"},
+    {kHeightBox, u"高度"},
+    {kPickForegroundButton, u"选择数字颜色"},
+    {kPickBackgroundButton, u"选择背景颜色"},
+    {kPickAlertButton, u"选择警告闪烁颜色"},
+    {kBlinkOnBox, u"闪烁亮间隔（毫秒）"},
+    {kBlinkOffBox, u"闪烁暗间隔（毫秒）"},
+    {kFirstStage + kStageEnabled, u"启用第一阶段"},
+    {kFirstStage + kStageMinutes, u"第一阶段提前提醒（分钟）"},
+    {kFirstStage + kStageSeconds, u"第一阶段提前提醒（秒）"},
+    {kFirstStage + kStageSoundFile, u"第一阶段音频文件"},
+    {kFirstStage + kStageBlinkSeconds, u"第一阶段闪烁时长（秒）"},
+    {kFirstStage + kStageSoundSeconds, u"第一阶段音频时长（秒）"},
+    {kSecondStage + kStageEnabled, u"启用第二阶段"},
+    {kSecondStage + kStageMinutes, u"第二阶段提前提醒（分钟）"},
+    {kSecondStage + kStageSeconds, u"第二阶段提前提醒（秒）"},
+    {kSecondStage + kStageSoundFile, u"第二阶段音频文件"},
+    {kSecondStage + kStageBlinkSeconds, u"第二阶段闪烁时长（秒）"},
+    {kSecondStage + kStageSoundSeconds, u"第二阶段音频时长（秒）"},
+    {kAddressBox, u"遥控地址"},
+    {kFolderBox, u"演示文稿文件夹"},
+    {kFileList, u"文件夹中的 PPT"},
+    {kModeCombo, u"计时模式"},
+};
+
 }  // namespace
+
+std::span<const SpokenName> spokenNames() { return kSpokenNames; }
 
 int colourBoxOf(int id) {
   const auto* found = std::ranges::find(kColourPickers, id, &ColourPicker::id);

@@ -68,6 +68,14 @@ inline constexpr ColourPicker kColourPickers[] = {
 /// The box of a picker; 0 for any other control.
 int colourBoxOf(int id);
 
+/// What a screen reader calls a control whose own text, or the label right before it, is not enough
+/// to know it by.
+struct SpokenName {
+  int id;
+  const char16_t* name;
+};
+std::span<const SpokenName> spokenNames();
+
 std::span<const Control> allControls();
 /// Null where there is none of that number.
 const Control* findControl(int id);

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "settings_window/field_table.h"
@@ -269,6 +270,39 @@ TEST(ControlTableTest, EveryControlIsOfItsKindAndSaysItsText) {
 }
 
 TEST(ControlTableTest, AnUnknownIdIsNoControl) { EXPECT_EQ(findControl(214), nullptr); }
+
+/// What a screen reader says: the name given, or the control's own text, or the label before it.
+std::u16string spokenOf(const Control& control) {
+  for (const SpokenName& spoken : spokenNames()) {
+    if (spoken.id == control.id) return spoken.name;
+  }
+  if (*control.text != u'\0') return control.text;
+  const Control& before = *(&control - 1);
+  return before.kind == ControlKind::Caption ? before.text : u"";
+}
+
+TEST(ControlTableTest, WhateverTakesTheKeyboardIsCalledByAName) {
+  for (const Control& control : allControls()) {
+    if (!isInteractive(control.kind) || control.kind == ControlKind::Tabs) continue;
+    EXPECT_NE(spokenOf(control), u"") << control.id;
+  }
+}
+
+TEST(ControlTableTest, NoTwoBoxesOfAPageAreCalledTheSame) {
+  std::set<std::pair<int, std::u16string>> names;
+  for (const Control& control : allControls()) {
+    if (!isEditBox(control.kind) && control.kind != ControlKind::Combo) continue;
+    EXPECT_TRUE(names.emplace(control.page, spokenOf(control)).second) << control.id;
+  }
+}
+
+TEST(ControlTableTest, EverySpokenNameIsOfAControlThatTakesTheKeyboard) {
+  for (const SpokenName& spoken : spokenNames()) {
+    const Control* control = findControl(spoken.id);
+    ASSERT_NE(control, nullptr) << spoken.id;
+    EXPECT_TRUE(isInteractive(control->kind)) << spoken.id;
+  }
+}
 
 TEST(ControlTableTest, EveryFieldHasAControlOfItsKind) {
   for (const Field& field : allFields()) {

@@ -13,6 +13,7 @@
 #include "settings_window/settings_subclass_win.h"
 #include "settings_window/settings_view_win.h"
 #include "settings_window/settings_window.h"
+#include "settings_window/spoken_names_win.h"
 
 namespace mrl {
 namespace {
@@ -103,7 +104,11 @@ bool SettingsViewWin::create(const Rect& rect) {
   setIcon(window, ICON_SMALL, look.scale(16));
   bool complete = pane != nullptr;
   for (const Control& row : allControls()) complete = complete && createControl(row);
-  if (!complete) destroy();
+  if (complete) {
+    giveSpokenNames(controls);
+  } else {
+    destroy();
+  }
   return complete;
 }
 
@@ -158,6 +163,8 @@ void SettingsViewWin::adoptDpi() {
 void SettingsViewWin::destroy() {
   if (window != nullptr) DestroyWindow(window);
 }
+
+void SettingsViewWin::onDestroying() const { takeSpokenNamesBack(controls); }
 
 void SettingsViewWin::onDestroyed() {
   window = nullptr;

@@ -116,6 +116,7 @@ std::optional<LRESULT> SettingsMessagesWin::onFrame(HWND window, UINT message, W
       return 0;
     }
     case WM_PAINT: view.painter().paintWindow(window); return 0;
+    case WM_DESTROY: view.onDestroying(); return {};
     case WM_NCDESTROY: view.onDestroyed(); return {};
     default: return {};
   }

@@ -64,6 +64,8 @@ class SettingsViewWin : public SettingsView {
   [[nodiscard]] const SettingsLook& painter() const { return look; }
   /// The window came to a monitor of another DPI.
   void adoptDpi();
+  /// The window goes, its controls still exist.
+  void onDestroying() const;
   /// The system took the window away.
   void onDestroyed();
 

@@ -105,13 +105,11 @@ class SoundTest : public testing::Test {
 };
 
 TEST_F(SoundTest, TheToneBeginsWhenTheTimeIsUpAndIsCutOffAfterItsSeconds) {
+  const ULONGLONG fromMs = GetTickCount64();
   runOut({.soundFile = tone(60), .soundSeconds = 2});
   ASSERT_TRUE(begins());
-  const ULONGLONG start = GetTickCount64();
-  ASSERT_TRUE(ends());
-  const ULONGLONG heardMs = GetTickCount64() - start - 1000;
-  EXPECT_GT(heardMs, 1000u);
-  EXPECT_LT(heardMs, 4000u);
+  ASSERT_TRUE(ends()) << "long before a minute is over";
+  EXPECT_GE(GetTickCount64() - fromMs, 2000u);
   EXPECT_LT(recorded(), toneBytes(60));
   EXPECT_TRUE(isAudible());
   EXPECT_TRUE(program.isCounting());

@@ -75,13 +75,13 @@ TEST_F(StandInTest, HwndIsZeroWhileTold) {
 }
 
 TEST_F(StandInTest, AHangHoldsTheNextCallOnly) {
-  tell(L"hang 700");
+  tell(L"hang 1500");
   const ULONGLONG beforeMs = GetTickCount64();
   EXPECT_EQ(ask(L"Name").result, S_OK);
   const ULONGLONG betweenMs = GetTickCount64();
   EXPECT_EQ(ask(L"Name").result, S_OK);
   const ULONGLONG afterMs = GetTickCount64();
-  EXPECT_GE(betweenMs - beforeMs, 690u);
+  EXPECT_GE(betweenMs - beforeMs, 1490u);
   EXPECT_LT(afterMs - betweenMs, betweenMs - beforeMs);
 }
 
