@@ -2,10 +2,10 @@
 
 #include "core/audio.h"
 #include "core/expiry.h"
-#include "core/show_identity.h"
 #include "core/tick.h"
 #include "presentation/documents.h"
 #include "presentation/show_control.h"
+#include "presentation/show_identity.h"
 #include "presentation/show_poll.h"
 
 namespace mrl {

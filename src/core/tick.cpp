@@ -1,9 +1,9 @@
 #include "core/tick.h"
 
 #include "core/expiry.h"
-#include "core/show_identity.h"
 #include "overlay/clock_behaviour.h"
 #include "overlay/clock_drawing.h"
+#include "presentation/show_identity.h"
 #include "presentation/show_poll.h"
 #include "settings/path_rules.h"
 #include "settings_window/auto_apply.h"

@@ -4,9 +4,9 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/show_identity.h"
 #include "core/text.h"
 #include "presentation/raise_window.h"
+#include "presentation/show_identity.h"
 #include "presentation/show_poll.h"
 #include "settings/file_kind.h"
 #include "settings/path_rules.h"

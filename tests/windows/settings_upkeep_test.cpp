@@ -1,4 +1,4 @@
-// The real settings window in long use, and for those who do not see it.
+// The real settings window in long use.
 #include <gtest/gtest.h>
 
 #include "core/command_ids.h"

@@ -1,5 +1,5 @@
 // See show_identity.h.
-#include "core/show_identity.h"
+#include "presentation/show_identity.h"
 
 #include <algorithm>
 

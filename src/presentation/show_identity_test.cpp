@@ -1,4 +1,4 @@
-#include "core/show_identity.h"
+#include "presentation/show_identity.h"
 
 #include <gtest/gtest.h>
 
