@@ -42,14 +42,6 @@ class SettingsUpkeepTest : public SettingsScreen {
     EXPECT_GT(before.handles, 10);
   }
 };
-      const bool isBox = isEditBox(row->kind) || row->kind == ControlKind::Combo ||
-                         row->kind == ControlKind::List || row->kind == ControlKind::PreviewHost ||
-                         row->kind == ControlKind::QrCode;
-      if (!isBox) return textOf(sight);
-    }
-    return {};
-  }
-};
 
 TEST_F(SettingsUpkeepTest, TwoHundredOpeningsLeaveNothingBehind) {
   ASSERT_NO_FATAL_FAILURE(open());
