@@ -4,6 +4,8 @@
 # tests/page/node_modules: Node.js looks for modules only above the files that ask for them.
 
 readonly kBuild="$PWD/build"
+# Wine names files in the locale's characters, and a bare machine's has no Chinese ones.
+export LC_ALL=C.UTF-8
 # shellcheck disable=SC2034  # each command takes the lists that it needs
 readonly kWindowsPackages=(cmake ninja-build g++-mingw-w64-x86-64-posix googletest)
 # shellcheck disable=SC2034

@@ -18,15 +18,13 @@
 #include "remote/request_queue_fake.h"
 #include "remote/service_host_fake.h"
 #include "remote/sockets_fake.h"
-#include "settings_window/settings_commands.h"
 #include "settings_window/settings_view_fake.h"
 
 namespace mrl {
 
 struct AppFake {
-  AppFake() {
-    settingsView.notify = [this](int id, int code) { onSettingsCommand(app, id, code); };
-  }
+  AppFake();
+  ~AppFake();
 
   ClockFake clock;
   PresentationFake outside;

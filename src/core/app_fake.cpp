@@ -1,0 +1,15 @@
+// Here once, and not in every file of tests: all that the fakes are made of is compiled where they
+// are made.
+#include "core/app_fake.h"
+
+#include "settings_window/settings_commands.h"
+
+namespace mrl {
+
+AppFake::AppFake() {
+  settingsView.notify = [this](int id, int code) { onSettingsCommand(app, id, code); };
+}
+
+AppFake::~AppFake() = default;
+
+}  // namespace mrl
