@@ -32,8 +32,8 @@ add_executable(marlune_bench ${BENCHMARKS})
 target_link_libraries(marlune_bench PRIVATE marlune_fakes marlune_edges benchmark::benchmark_main)
 
 add_executable(marlune_remote_bench bench/remote_bench_posix.cpp)
-target_link_libraries(marlune_remote_bench PRIVATE marlune_edges GTest::gtest cpp-httplib
-                                                   microhttpd)
+target_link_libraries(marlune_remote_bench PRIVATE marlune_fakes marlune_edges GTest::gtest
+                                                   cpp-httplib microhttpd)
 
 if(MARLUNE_FUZZ)
   add_compile_options(-fsanitize=fuzzer-no-link)

@@ -1,6 +1,7 @@
 #include "settings_window/presentation_page.h"
 
 #include "remote/state.h"
+#include "settings_window/settings_commands.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {

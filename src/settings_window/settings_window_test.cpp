@@ -1,6 +1,7 @@
 #include "settings_window/settings_window.h"
 
 #include "settings_window/layout.h"
+#include "settings_window/settings_commands.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {
