@@ -12,14 +12,18 @@
 namespace mrl {
 namespace {
 
+constexpr std::chrono::microseconds kSoon{50};
+
 /// What the other thread is about to do is often there within microseconds: to ask some times, and
-/// let others run in between, then costs less than to sleep and be woken.
+/// let others run in between, then costs less than to sleep and be woken. On a busy machine a
+/// single turn of another's may take longer than that, and is the last one.
 template <class Condition>
 bool comesSoon(Condition condition) {
-  for (int tries = 0; tries < 30; ++tries) {
+  const auto end = std::chrono::steady_clock::now() + kSoon;
+  do {
     if (condition()) return true;
     std::this_thread::yield();
-  }
+  } while (std::chrono::steady_clock::now() < end);
   return false;
 }
 
@@ -27,7 +31,7 @@ class DoneEventPosix : public DoneEvent {
  public:
   void set() override { isSet.release(); }
   bool wait(uint32_t limitMs) override {
-    const bool was = comesSoon([this] { return isSet.try_acquire(); }) ||
+    const bool was = (limitMs > 0 && comesSoon([this] { return isSet.try_acquire(); })) ||
                      isSet.try_acquire_for(std::chrono::milliseconds(limitMs));
     if (was) isSet.release();  // it stays set
     return was;

@@ -65,6 +65,7 @@ TEST(HandOverRaceTest, LateAnswersStopsRestartsAndDrainsLoseNothing) {
 
   int passes = 0;
   while (outcomes.wait_for(milliseconds(0)) != std::future_status::ready) {
+    queue.wait(1);
     for (const auto& request : queue.take()) onRemoteRequest(app, *request);
     ++passes;
     // What a stop and a start change while a request is under way.
