@@ -166,7 +166,6 @@ TEST_F(ExpiryActionsTest, ASecondBlackScreenChangesNothingAndSaysNothingEvenWhen
 }
 
 TEST_F(ExpiryActionsTest, ABlackWindowThatComesToTheTopTakesAVisibleClockAlong) {
-  start();
   clockWindow.calls.clear();
   onBlackRaised(app);
   EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"raise"});
