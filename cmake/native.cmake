@@ -6,7 +6,7 @@ target_link_libraries(marlune_edges PUBLIC marlune_logic)
 
 add_executable(marlune_tests ${TESTS})
 target_link_libraries(marlune_tests PRIVATE marlune_fakes marlune_edges GTest::gtest_main)
-target_compile_options(marlune_tests PRIVATE ${FOR_CODE_THAT_RUNS_ONCE})
+tests(marlune_tests)
 include(GoogleTest)
 gtest_discover_tests(marlune_tests DISCOVERY_TIMEOUT 60)
 
@@ -15,7 +15,7 @@ file(GLOB REMOTE_TESTS CONFIGURE_DEPENDS src/remote/*_test.cpp)
 list(FILTER REMOTE_TESTS EXCLUDE REGEX "_win_test\\.cpp$")
 add_executable(marlune_remote_tests EXCLUDE_FROM_ALL ${REMOTE_TESTS})
 target_link_libraries(marlune_remote_tests PRIVATE marlune_fakes marlune_edges GTest::gtest_main)
-target_compile_options(marlune_remote_tests PRIVATE ${FOR_CODE_THAT_RUNS_ONCE})
+tests(marlune_remote_tests)
 
 # What takes long: run under the thread and the address sanitizer only.
 file(GLOB LOAD_TESTS CONFIGURE_DEPENDS tests/load/*.cpp)

@@ -23,7 +23,7 @@ add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
 
 add_executable(marlune_tests ${TESTS_WIN})
 target_link_libraries(marlune_tests PRIVATE marlune_fakes marlune_edges gtest_main)
-target_compile_options(marlune_tests PRIVATE ${FOR_CODE_THAT_RUNS_ONCE})
+tests(marlune_tests)
 
 file(GLOB STANDIN CONFIGURE_DEPENDS tests/standin/*.cpp)
 list(FILTER STANDIN EXCLUDE REGEX "_test\\.cpp$")
@@ -44,6 +44,7 @@ if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll)
+  set_target_properties(marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
 endif()
 
 # The firewall of the tests for a program that is not one of theirs.

@@ -12,7 +12,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kSteps = 10'000;
+constexpr int kFollowerSteps = 10'000;
 
 enum class Action {
   Poll,
@@ -292,7 +292,7 @@ class Life {
 void liveThrough(uint64_t seed) {
   SCOPED_TRACE("seed " + std::to_string(seed));
   Life life(seed);
-  for (int step = 0; step < kSteps && !testing::Test::HasFailure(); ++step) {
+  for (int step = 0; step < kFollowerSteps && !testing::Test::HasFailure(); ++step) {
     SCOPED_TRACE("step " + std::to_string(step));
     life.step();
   }

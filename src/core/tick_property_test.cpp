@@ -9,7 +9,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kSteps = 12'000;
+constexpr int kTickSteps = 12'000;
 
 class TickPropertyTest : public AppFixture {
  protected:
@@ -136,7 +136,7 @@ class TickPropertyTest : public AppFixture {
   void liveThrough(uint32_t seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     random.seed(seed);
-    for (int step = 0; step < kSteps && !HasFailure(); ++step) {
+    for (int step = 0; step < kTickSteps && !HasFailure(); ++step) {
       SCOPED_TRACE("step " + std::to_string(step));
       moveTheWorld();
       checkAlways();

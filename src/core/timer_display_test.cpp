@@ -3,16 +3,12 @@
 
 #include <limits>
 
-#include "core/timer.h"
+#include "core/timer_samples.h"
 
 namespace mrl {
 namespace {
 
 constexpr uint64_t kNowMs = 1'000'000;
-
-TimerState usedUp(int64_t elapsedMs) {
-  return {.phase = TimerPhase::Paused, .elapsedMs = elapsedMs};
-}
 
 Settings countdownOf(uint32_t seconds) {
   Settings settings;
@@ -61,39 +57,39 @@ TEST(FormatClockTest, TheGreatestValueStillHasATime) {
 // timeText.
 
 TEST(TimeTextTest, ACountdownShowsTheWholeTimeForItsFirstSecond) {
-  EXPECT_EQ(timeText(usedUp(0), kNowMs, countdownOf(900)), u"15:00");
-  EXPECT_EQ(timeText(usedUp(999), kNowMs, countdownOf(900)), u"15:00");
-  EXPECT_EQ(timeText(usedUp(1'000), kNowMs, countdownOf(900)), u"14:59");
+  EXPECT_EQ(timeText(pausedAt(0), kNowMs, countdownOf(900)), u"15:00");
+  EXPECT_EQ(timeText(pausedAt(999), kNowMs, countdownOf(900)), u"15:00");
+  EXPECT_EQ(timeText(pausedAt(1'000), kNowMs, countdownOf(900)), u"14:59");
 }
 
 TEST(TimeTextTest, AtTheEndItReadsZeroForOneSecond) {
-  EXPECT_EQ(timeText(usedUp(899'999), kNowMs, countdownOf(900)), u"00:01");
-  EXPECT_EQ(timeText(usedUp(900'000), kNowMs, countdownOf(900)), u"00:00");
-  EXPECT_EQ(timeText(usedUp(900'999), kNowMs, countdownOf(900)), u"00:00");
+  EXPECT_EQ(timeText(pausedAt(899'999), kNowMs, countdownOf(900)), u"00:01");
+  EXPECT_EQ(timeText(pausedAt(900'000), kNowMs, countdownOf(900)), u"00:00");
+  EXPECT_EQ(timeText(pausedAt(900'999), kNowMs, countdownOf(900)), u"00:00");
 }
 
 TEST(TimeTextTest, OvertimeBeginsOneSecondAfterTheEnd) {
-  EXPECT_EQ(timeText(usedUp(901'000), kNowMs, countdownOf(900)), u"已超时 00:01");
+  EXPECT_EQ(timeText(pausedAt(901'000), kNowMs, countdownOf(900)), u"已超时 00:01");
 }
 
 TEST(TimeTextTest, OvertimeGoesOnPastOneHour) {
-  EXPECT_EQ(timeText(usedUp(4'500'000), kNowMs, countdownOf(900)), u"已超时 01:00:00");
+  EXPECT_EQ(timeText(pausedAt(4'500'000), kNowMs, countdownOf(900)), u"已超时 01:00:00");
 }
 
 TEST(TimeTextTest, ADurationOfZeroReadsZeroAndThenOvertime) {
-  EXPECT_EQ(timeText(usedUp(0), kNowMs, countdownOf(0)), u"00:00");
-  EXPECT_EQ(timeText(usedUp(999), kNowMs, countdownOf(0)), u"00:00");
-  EXPECT_EQ(timeText(usedUp(1'000), kNowMs, countdownOf(0)), u"已超时 00:01");
+  EXPECT_EQ(timeText(pausedAt(0), kNowMs, countdownOf(0)), u"00:00");
+  EXPECT_EQ(timeText(pausedAt(999), kNowMs, countdownOf(0)), u"00:00");
+  EXPECT_EQ(timeText(pausedAt(1'000), kNowMs, countdownOf(0)), u"已超时 00:01");
 }
 
 TEST(TimeTextTest, CountingUpShowsTheTimeUsed) {
-  EXPECT_EQ(timeText(usedUp(0), kNowMs, countUp()), u"00:00");
-  EXPECT_EQ(timeText(usedUp(61'999), kNowMs, countUp()), u"01:01");
+  EXPECT_EQ(timeText(pausedAt(0), kNowMs, countUp()), u"00:00");
+  EXPECT_EQ(timeText(pausedAt(61'999), kNowMs, countUp()), u"01:01");
 }
 
 TEST(TimeTextTest, CountingUpKnowsNoOvertimeAndNoLimit) {
-  EXPECT_EQ(timeText(usedUp(901'000), kNowMs, countUp()), u"15:01");
-  EXPECT_EQ(timeText(usedUp(360'000'000), kNowMs, countUp()), u"100:00:00");
+  EXPECT_EQ(timeText(pausedAt(901'000), kNowMs, countUp()), u"15:01");
+  EXPECT_EQ(timeText(pausedAt(360'000'000), kNowMs, countUp()), u"100:00:00");
 }
 
 TEST(TimeTextTest, ARunningTimerIsReadAtTheMomentAsked) {
@@ -119,8 +115,8 @@ TEST(TimeTextTest, AClockThatRunsBackwardsShowsTheWholeTime) {
 TEST(TimeTextTest, TheLongestTimesDoNotOverflow) {
   constexpr int64_t kLongestMs = std::numeric_limits<int64_t>::max();
   constexpr uint32_t kLongest = std::numeric_limits<uint32_t>::max();
-  EXPECT_EQ(timeText(usedUp(0), kNowMs, countdownOf(kLongest)), u"1193046:28:15");
-  EXPECT_EQ(timeText(usedUp(kLongestMs), kNowMs, countdownOf(0)), u"已超时 2562047788015:12:55");
+  EXPECT_EQ(timeText(pausedAt(0), kNowMs, countdownOf(kLongest)), u"1193046:28:15");
+  EXPECT_EQ(timeText(pausedAt(kLongestMs), kNowMs, countdownOf(0)), u"已超时 2562047788015:12:55");
 }
 
 // overlayHidden.
@@ -144,7 +140,7 @@ bool hidden(const HideCase& it) {
   settings.hideZero = it.hideZero;
   settings.down = it.down;
   settings.black = it.black;
-  return overlayHidden(settings, usedUp(it.elapsedMs), kNowMs, it.excluded, it.presentationsOpen);
+  return overlayHidden(settings, pausedAt(it.elapsedMs), kNowMs, it.excluded, it.presentationsOpen);
 }
 
 TEST(OverlayHiddenTest, WithoutARuleTheClockStays) {

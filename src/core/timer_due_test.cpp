@@ -3,26 +3,14 @@
 
 #include <limits>
 
-#include "core/timer.h"
+#include "core/timer_samples.h"
 
 namespace mrl {
 namespace {
 
-constexpr uint64_t kStartMs = 1'000'000;
-
-TimerState runningSince(uint64_t startedAtMs) {
-  TimerState timer;
-  startTimer(timer, startedAtMs);
-  return timer;
-}
-
-TimerState pausedAt(int64_t elapsedMs) {
-  return {.phase = TimerPhase::Paused, .elapsedMs = elapsedMs};
-}
-
 // Expiry.
 
-Settings countdownOf(uint32_t seconds) {
+Settings silentCountdown(uint32_t seconds) {
   Settings settings;
   settings.duration = seconds;
   settings.prompt1.enabled = false;
@@ -32,32 +20,32 @@ Settings countdownOf(uint32_t seconds) {
 
 TEST(ExpiryTest, IsDueOnTheMillisecondThatTheTimeIsUp) {
   TimerState timer = runningSince(kStartMs);
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 9'999, countdownOf(10)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 9'999, silentCountdown(10)));
   EXPECT_FALSE(timer.expiredFired);
-  EXPECT_TRUE(expiryDue(timer, kStartMs + 10'000, countdownOf(10)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs + 10'000, silentCountdown(10)));
   EXPECT_TRUE(timer.expiredFired);
 }
 
 TEST(ExpiryTest, FiresOnceARun) {
   TimerState timer = runningSince(kStartMs);
-  EXPECT_TRUE(expiryDue(timer, kStartMs + 10'000, countdownOf(10)));
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 10'100, countdownOf(10)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs + 10'000, silentCountdown(10)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 10'100, silentCountdown(10)));
 }
 
 TEST(ExpiryTest, TheTimerRunsOnIntoOvertime) {
   TimerState timer = runningSince(kStartMs);
-  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, countdownOf(10)));
+  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, silentCountdown(10)));
   EXPECT_EQ(timer.phase, TimerPhase::Running);
   EXPECT_EQ(elapsedAt(timer, kStartMs + 12'000), 12'000);
 }
 
 TEST(ExpiryTest, IsStillDueWhenTheTickCameLate) {
   TimerState timer = runningSince(kStartMs);
-  EXPECT_TRUE(expiryDue(timer, kStartMs + 36'000'000, countdownOf(10)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs + 36'000'000, silentCountdown(10)));
 }
 
 TEST(ExpiryTest, NeverHappensWhenCountingUp) {
-  Settings settings = countdownOf(10);
+  Settings settings = silentCountdown(10);
   settings.down = false;
   TimerState timer = runningSince(kStartMs);
   EXPECT_FALSE(expiryDue(timer, kStartMs + 60'000, settings));
@@ -66,37 +54,37 @@ TEST(ExpiryTest, NeverHappensWhenCountingUp) {
 
 TEST(ExpiryTest, NeverHappensWithADurationOfZero) {
   TimerState timer = runningSince(kStartMs);
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 60'000, countdownOf(0)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 60'000, silentCountdown(0)));
 }
 
 TEST(ExpiryTest, ADurationOfOneSecondIsEnough) {
   TimerState timer = runningSince(kStartMs);
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 999, countdownOf(1)));
-  EXPECT_TRUE(expiryDue(timer, kStartMs + 1'000, countdownOf(1)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 999, silentCountdown(1)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs + 1'000, silentCountdown(1)));
 }
 
 TEST(ExpiryTest, NeverHappensWhilePausedOrIdle) {
   for (const TimerPhase phase : {TimerPhase::Paused, TimerPhase::Idle}) {
     TimerState timer{.phase = phase, .elapsedMs = 60'000};
-    EXPECT_FALSE(expiryDue(timer, kStartMs, countdownOf(10)));
+    EXPECT_FALSE(expiryDue(timer, kStartMs, silentCountdown(10)));
     EXPECT_FALSE(timer.expiredFired);
   }
 }
 
 TEST(ExpiryTest, AShorterDurationCountsAtOnceOnARunningTimer) {
   TimerState timer = runningSince(kStartMs);
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 5'000, countdownOf(10)));
-  EXPECT_TRUE(expiryDue(timer, kStartMs + 5'000, countdownOf(5)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 5'000, silentCountdown(10)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs + 5'000, silentCountdown(5)));
 }
 
 TEST(ExpiryTest, ALongerDurationByHandDoesNotRearmIt) {
   TimerState timer = runningSince(kStartMs);
-  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, countdownOf(10)));
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 20'000, countdownOf(20)));
+  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, silentCountdown(10)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 20'000, silentCountdown(20)));
 }
 
 TEST(ExpiryTest, TurningToCountingDownPastTheEndFiresAtOnce) {
-  Settings settings = countdownOf(10);
+  Settings settings = silentCountdown(10);
   settings.down = false;
   TimerState timer = runningSince(kStartMs);
   ASSERT_FALSE(expiryDue(timer, kStartMs + 20'000, settings));
@@ -106,37 +94,37 @@ TEST(ExpiryTest, TurningToCountingDownPastTheEndFiresAtOnce) {
 
 TEST(ExpiryTest, ATimerPausedPastTheEndFiresWhenItIsResumed) {
   TimerState timer = pausedAt(20'000);
-  ASSERT_FALSE(expiryDue(timer, kStartMs, countdownOf(10)));
+  ASSERT_FALSE(expiryDue(timer, kStartMs, silentCountdown(10)));
   startTimer(timer, kStartMs);
-  EXPECT_TRUE(expiryDue(timer, kStartMs, countdownOf(10)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs, silentCountdown(10)));
 }
 
 TEST(ExpiryTest, AResumedTimerThatHasFiredStaysSilent) {
   TimerState timer = runningSince(kStartMs);
-  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, countdownOf(10)));
+  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, silentCountdown(10)));
   pauseTimer(timer, kStartMs + 11'000);
   startTimer(timer, kStartMs + 12'000);
-  EXPECT_FALSE(expiryDue(timer, kStartMs + 13'000, countdownOf(10)));
+  EXPECT_FALSE(expiryDue(timer, kStartMs + 13'000, silentCountdown(10)));
 }
 
 TEST(ExpiryTest, ARestartRearmsIt) {
   TimerState timer = runningSince(kStartMs);
-  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, countdownOf(10)));
+  ASSERT_TRUE(expiryDue(timer, kStartMs + 10'000, silentCountdown(10)));
   restartElapsed(timer, kStartMs + 10'000);
-  EXPECT_TRUE(expiryDue(timer, kStartMs + 20'000, countdownOf(10)));
+  EXPECT_TRUE(expiryDue(timer, kStartMs + 20'000, silentCountdown(10)));
 }
 
 TEST(ExpiryTest, TheLongestDurationDoesNotOverflow) {
   constexpr uint32_t kLongest = std::numeric_limits<uint32_t>::max();
   TimerState timer = runningSince(0);
-  EXPECT_FALSE(expiryDue(timer, uint64_t{kLongest} * 1000 - 1, countdownOf(kLongest)));
-  EXPECT_TRUE(expiryDue(timer, uint64_t{kLongest} * 1000, countdownOf(kLongest)));
+  EXPECT_FALSE(expiryDue(timer, uint64_t{kLongest} * 1000 - 1, silentCountdown(kLongest)));
+  EXPECT_TRUE(expiryDue(timer, uint64_t{kLongest} * 1000, silentCountdown(kLongest)));
 }
 
 // Stage alerts.
 
 Settings stagesAt(uint32_t duration, uint32_t advance1, uint32_t advance2) {
-  Settings settings = countdownOf(duration);
+  Settings settings = silentCountdown(duration);
   settings.prompt1 = {.enabled = true, .advance = advance1};
   settings.prompt2 = {.enabled = true, .advance = advance2};
   return settings;

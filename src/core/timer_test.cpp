@@ -4,22 +4,13 @@
 
 #include <limits>
 
+#include "core/timer_samples.h"
+
 namespace mrl {
 namespace {
 
-constexpr uint64_t kStartMs = 1'000'000;
 constexpr uint64_t kLatestMs = std::numeric_limits<uint64_t>::max();
 constexpr int64_t kLongestMs = std::numeric_limits<int64_t>::max();
-
-TimerState runningSince(uint64_t startedAtMs) {
-  TimerState timer;
-  startTimer(timer, startedAtMs);
-  return timer;
-}
-
-TimerState pausedAt(int64_t elapsedMs) {
-  return {.phase = TimerPhase::Paused, .elapsedMs = elapsedMs};
-}
 
 /// Whatever could survive a reset does stand in it.
 TimerState wornOut(TimerPhase phase) {

@@ -56,7 +56,7 @@ HRESULT(STDMETHODCALLTYPE ID2D1RenderTarget::*const kCreateBrush)
  ID2D1SolidColorBrush**) = &ID2D1RenderTarget::CreateSolidColorBrush;
 
 constexpr Size kSize = kDefaultClockUnits;
-constexpr uint32_t kGround = 0xCC0066CC;
+constexpr uint32_t kPaintedGround = 0xCC0066CC;
 constexpr HRESULT kTargetIsLost = static_cast<HRESULT>(0x8899000C);
 
 class ClockPainterFailureTest : public testing::Test {
@@ -85,7 +85,7 @@ class ClockPainterFailureTest : public testing::Test {
     return false;
   }
   void expectShapeWithoutDigits() {
-    EXPECT_EQ(ground(), kGround);
+    EXPECT_EQ(ground(), kPaintedGround);
     EXPECT_FALSE(hasDigits());
   }
 
@@ -100,7 +100,7 @@ class ClockPainterFailureTest : public testing::Test {
 
 TEST_F(ClockPainterFailureTest, NothingRefusedGivesShapeAndDigits) {
   ASSERT_TRUE(paint());
-  EXPECT_EQ(ground(), kGround);
+  EXPECT_EQ(ground(), kPaintedGround);
   EXPECT_TRUE(hasDigits());
 }
 

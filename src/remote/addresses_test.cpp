@@ -9,8 +9,6 @@
 namespace mrl {
 namespace {
 
-constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
-constexpr uint32_t kWireless = ipv4(10, 0, 0, 7);
 constexpr uint32_t kTunnel = ipv4(10, 8, 0, 2);
 
 class AddressesTest : public ::testing::Test {

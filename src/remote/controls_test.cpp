@@ -8,7 +8,7 @@
 namespace mrl {
 namespace {
 
-constexpr char16_t kUnfinished[] = u"电脑有尚未完成的输入，请先修正或完成输入。";
+constexpr char16_t kUnfinishedInput[] = u"电脑有尚未完成的输入，请先修正或完成输入。";
 constexpr char16_t kMalformed[] = u"设置格式无效。";
 constexpr char16_t kStale[] = u"电脑设置已更新。遥控端草稿已保留，请重新加载后确认。";
 constexpr char16_t kIncomplete[] = u"设置字段不完整。";
@@ -220,8 +220,8 @@ TEST_F(ControlsTest, LeadingZerosAndMinusZeroPass) {
 TEST_F(ControlsTest, UnfinishedInputOfTheDesktopIsNeverOverwritten) {
   app.form.isOpen = true;
   app.form.settingsDirty = true;
-  expectRefused(formWith("duration", "60"), kUnfinished);
-  expectRefused("", kUnfinished);
+  expectRefused(formWith("duration", "60"), kUnfinishedInput);
+  expectRefused("", kUnfinishedInput);
 }
 
 TEST_F(ControlsTest, AMalformedFormIsRefused) {

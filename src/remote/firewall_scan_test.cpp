@@ -7,7 +7,7 @@
 namespace mrl {
 namespace {
 
-constexpr int32_t kPort = 8080;
+constexpr int32_t kScannedPort = 8080;
 
 class FirewallScanTest : public ::testing::Test {
  protected:
@@ -25,7 +25,7 @@ class FirewallScanTest : public ::testing::Test {
   bool passes() {
     message.clear();
     blockedFound = false;
-    return scanBlockRules(rules, rules.path, kPort, message, blockedFound);
+    return scanBlockRules(rules, rules.path, kScannedPort, message, blockedFound);
   }
   bool blocks(const FirewallRule& rule) {
     rules.rules = {rule};

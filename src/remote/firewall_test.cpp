@@ -8,20 +8,20 @@
 namespace mrl {
 namespace {
 
-constexpr int32_t kPort = 8080;
+constexpr int32_t kRulePort = 8080;
 constexpr WindowHandle kOwner{7};
 using State = FirewallRuleState;
 
 class FirewallTest : public ::testing::Test {
  protected:
-  FirewallRule ownRule() const { return fittingRule(rules.path, kPort); }
+  FirewallRule ownRule() const { return fittingRule(rules.path, kRulePort); }
   FirewallRule blockRule() const {
     FirewallRule rule = ownRule();
     rule.name = u"block";
     rule.action = 0;
     return rule;
   }
-  State check(int32_t port = kPort) {
+  State check(int32_t port = kRulePort) {
     message.clear();
     return checkFirewallRule(rules, port, message);
   }
@@ -31,7 +31,7 @@ class FirewallTest : public ::testing::Test {
   }
   bool authorize() {
     message.clear();
-    return authorizeFirewallRule(rules, kOwner, kPort, message);
+    return authorizeFirewallRule(rules, kOwner, kRulePort, message);
   }
   void expectNotAuthorized(const std::u16string& text) {
     EXPECT_FALSE(authorize());
@@ -49,13 +49,13 @@ TEST_F(FirewallTest, ARuleThatFitsIsEnough) {
 
 TEST_F(FirewallTest, WithoutARuleItIsMissing) {
   expectCheck(State::Missing, u"");
-  EXPECT_EQ(rules.searched, (std::vector{firewallRuleName(rules.path, kPort, false),
-                                         firewallRuleName(rules.path, kPort, true)}));
+  EXPECT_EQ(rules.searched, (std::vector{firewallRuleName(rules.path, kRulePort, false),
+                                         firewallRuleName(rules.path, kRulePort, true)}));
 }
 
 TEST_F(FirewallTest, ARuleUnderTheSecondNameFitsLikeOneUnderTheFirst) {
   rules.rules = {ownRule()};
-  rules.rules[0].name = firewallRuleName(rules.path, kPort, true);
+  rules.rules[0].name = firewallRuleName(rules.path, kRulePort, true);
   expectCheck(State::Authorized, u"");
 }
 
@@ -143,7 +143,7 @@ TEST_F(FirewallTest, ABlockRuleIsReportedEvenBesideTheProgramsOwn) {
 TEST_F(FirewallTest, ARuleUnderTheFirstNameDecidesEvenIfOneUnderTheSecondFits) {
   rules.rules = {ownRule(), ownRule()};
   rules.rules[0].profiles = 6;
-  rules.rules[1].name = firewallRuleName(rules.path, kPort, true);
+  rules.rules[1].name = firewallRuleName(rules.path, kRulePort, true);
   EXPECT_EQ(check(), State::ScopeMismatch);
 }
 
@@ -169,7 +169,7 @@ TEST_F(FirewallTest, TheCommandIsRunByItsFullPathForTheWindowThatAsked) {
   rules.made = {ownRule()};
   EXPECT_TRUE(authorize());
   EXPECT_EQ(rules.commands, std::vector{u"C:\\Windows\\system32\\netsh.exe " +
-                                        netshRuleArguments(rules.path, kPort)});
+                                        netshRuleArguments(rules.path, kRulePort)});
   EXPECT_EQ(rules.owner, kOwner);
   EXPECT_EQ(message, u"");
 }
@@ -213,11 +213,11 @@ TEST_F(FirewallTest, ACommandThatMadeNothingIsNotBelieved) {
 
 TEST_F(FirewallTest, AnEarlierMessageIsReplacedByAFailureAndKeptOtherwise) {
   message = u"earlier";
-  EXPECT_FALSE(authorizeFirewallRule(rules, kOwner, kPort, message));
+  EXPECT_FALSE(authorizeFirewallRule(rules, kOwner, kRulePort, message));
   EXPECT_EQ(message, u"防火墙规则未能验证，请检查系统策略。");
   rules.made = {ownRule()};
   message = u"earlier";
-  EXPECT_TRUE(authorizeFirewallRule(rules, kOwner, kPort, message));
+  EXPECT_TRUE(authorizeFirewallRule(rules, kOwner, kRulePort, message));
   EXPECT_EQ(message, u"earlier");
 }
 

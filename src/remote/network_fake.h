@@ -1,8 +1,13 @@
 #pragma once
 
+#include "remote/ipv4.h"
 #include "remote/network.h"
 
 namespace mrl {
+
+// Two addresses of this machine, for tests.
+inline constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
+inline constexpr uint32_t kWireless = ipv4(10, 0, 0, 7);
 
 class NetworkFake : public Network {
  public:

@@ -8,15 +8,14 @@
 namespace mrl {
 namespace {
 
-constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
-constexpr int32_t kPort = 22222;
+constexpr int32_t kServicePort = 22222;
 
 class RemoteServiceTest : public SettingsFixture {
  protected:
   void SetUp() override {
     SettingsFixture::SetUp();
     network.add(1, {kWired});
-    firewall.rules = {fittingRule(firewall.path, kPort)};
+    firewall.rules = {fittingRule(firewall.path, kServicePort)};
     app.lastError.clear();
   }
   void TearDown() override { stopRemote(app); }
@@ -64,7 +63,7 @@ TEST_F(RemoteServiceTest, AFirewallThatBlocksIsToldAndNothingIsBound) {
 
 TEST_F(RemoteServiceTest, AMissingRuleIsAskedForInTheNameOfTheWindowInFront) {
   firewall.rules.clear();
-  firewall.made = {fittingRule(firewall.path, kPort)};
+  firewall.made = {fittingRule(firewall.path, kServicePort)};
   EXPECT_TRUE(startRemote(app, true));
   EXPECT_EQ(firewall.owner, view().handle());
   stopRemote(app);

@@ -7,7 +7,7 @@
 namespace mrl {
 namespace {
 
-using Rows = std::vector<std::u16string>;
+using FileRows = std::vector<std::u16string>;
 
 constexpr char16_t kChoose[] = u"请先选择演示文稿。";
 
@@ -22,18 +22,18 @@ class PresentationPageTest : public SettingsFixture {
     settings.skipList = {u"C:\\decks\\b.ppt"};
     openWith(settings);
   }
-  Rows rows() { return view().lists[kFileList]; }
+  FileRows rows() { return view().lists[kFileList]; }
 };
 
 TEST_F(PresentationPageTest, TheListShowsTheFolderAndWhatIsExcluded) {
-  EXPECT_EQ(rows(), (Rows{u"[正常计时] a.pptx", u"[跳过计时] b.ppt", u"[正常计时] c.dps"}));
+  EXPECT_EQ(rows(), (FileRows{u"[正常计时] a.pptx", u"[跳过计时] b.ppt", u"[正常计时] c.dps"}));
   EXPECT_EQ(view().text(kFileCount), u"共 3 个文件 · 勾选后立即生效");
 }
 
 TEST_F(PresentationPageTest, NoFolderAsksForOne) {
   view().type(kFolderBox, u"");
   EXPECT_EQ(view().text(kFileCount), u"请选择 PPT 文件夹");
-  EXPECT_EQ(rows(), Rows{});
+  EXPECT_EQ(rows(), FileRows{});
 }
 
 TEST_F(PresentationPageTest, AFolderWithoutDecksSaysSo) {
@@ -41,7 +41,7 @@ TEST_F(PresentationPageTest, AFolderWithoutDecksSaysSo) {
   for (const char16_t* folder : {u"C:\\empty", u"C:\\none"}) {
     view().type(kFolderBox, folder);
     EXPECT_EQ(view().text(kFileCount), u"文件夹不存在、不可访问或没有演示文稿");
-    EXPECT_EQ(rows(), Rows{});
+    EXPECT_EQ(rows(), FileRows{});
   }
 }
 
@@ -69,19 +69,19 @@ TEST_F(PresentationPageTest, TheReloadReadsTheFormFirst) {
   files().putFile(u"C:\\more\\x.pptx", "");
   view().texts[kFolderBox] = u"C:\\more";
   view().click(kReloadListButton);
-  EXPECT_EQ(rows(), (Rows{u"[正常计时] x.pptx"}));
+  EXPECT_EQ(rows(), (FileRows{u"[正常计时] x.pptx"}));
 }
 
 TEST_F(PresentationPageTest, ASwitchedRowIsSavedAtOnceAndStaysSelected) {
   view().setRow(kFileList, 0);
   onSettingsCommand(app, kToggleExclusion, kClicked);
-  EXPECT_EQ(saved().skipList, (Rows{u"C:\\decks\\b.ppt", u"C:\\decks\\a.pptx"}));
+  EXPECT_EQ(saved().skipList, (FileRows{u"C:\\decks\\b.ppt", u"C:\\decks\\a.pptx"}));
   EXPECT_EQ(rows()[0], u"[跳过计时] a.pptx");
   EXPECT_EQ(view().row(kFileList), 0);
   EXPECT_TRUE(isEnabled(kOpenFileButton));
   EXPECT_EQ(status(), kApplied);
   onSettingsCommand(app, kToggleExclusion, kClicked);
-  EXPECT_EQ(saved().skipList, (Rows{u"C:\\decks\\b.ppt"}));
+  EXPECT_EQ(saved().skipList, (FileRows{u"C:\\decks\\b.ppt"}));
   EXPECT_EQ(rows()[0], u"[正常计时] a.pptx");
 }
 
@@ -204,15 +204,15 @@ TEST_F(PresentationPageTest, ASwitchTakesOtherSpellingsOfTheFileAlong) {
   openWith(settings);
   view().setRow(kFileList, 0);
   onSettingsCommand(app, kToggleExclusion, kClicked);
-  EXPECT_EQ(saved().skipList, (Rows{u"C:\\other.pptx"}));
+  EXPECT_EQ(saved().skipList, (FileRows{u"C:\\other.pptx"}));
 }
 
 TEST_F(PresentationPageTest, AnAppliedFolderIsListedAnew) {
   enter(kFolderBox, u"C:\\late");
-  EXPECT_EQ(rows(), Rows{});
+  EXPECT_EQ(rows(), FileRows{});
   files().putFile(u"C:\\late\\x.pptx", "");
   applyPending(app, true);
-  EXPECT_EQ(rows(), (Rows{u"[正常计时] x.pptx"}));
+  EXPECT_EQ(rows(), (FileRows{u"[正常计时] x.pptx"}));
   EXPECT_EQ(view().text(kFileCount), u"共 1 个文件 · 勾选后立即生效");
 }
 
@@ -231,7 +231,7 @@ TEST_F(PresentationPageTest, ASwitchedFileThatHasGoneLeavesItsRowToTheNext) {
   view().setRow(kFileList, 0);
   files().remove(u"C:\\decks\\a.pptx");
   onSettingsCommand(app, kToggleExclusion, kClicked);
-  EXPECT_EQ(rows(), (Rows{u"[跳过计时] b.ppt", u"[正常计时] c.dps"}));
+  EXPECT_EQ(rows(), (FileRows{u"[跳过计时] b.ppt", u"[正常计时] c.dps"}));
   EXPECT_EQ(view().row(kFileList), 0);
   EXPECT_TRUE(isEnabled(kOpenFileButton));
 }

@@ -7,7 +7,10 @@
 namespace mrl {
 namespace {
 
-using enum StrokeKind;
+constexpr StrokeKind kLine = StrokeKind::Line;
+constexpr StrokeKind kBox = StrokeKind::Box;
+constexpr StrokeKind kArc = StrokeKind::Arc;
+constexpr StrokeKind kDot = StrokeKind::Dot;
 
 std::vector<Stroke> glyph(int section) {
   const std::span<const Stroke> strokes = sectionGlyph(section);
@@ -15,37 +18,37 @@ std::vector<Stroke> glyph(int section) {
 }
 
 TEST(SectionGlyphTest, TheTimingIsAClockWithTwoHands) {
-  EXPECT_EQ(glyph(0), (std::vector<Stroke>{{Arc, 0.12F, 0.12F, 0.76F, 0.76F, 0, 360},
-                                           {Line, 0.5F, 0.27F, 0.5F, 0.5F},
-                                           {Line, 0.5F, 0.5F, 0.68F, 0.62F}}));
+  EXPECT_EQ(glyph(0), (std::vector<Stroke>{{kArc, 0.12F, 0.12F, 0.76F, 0.76F, 0, 360},
+                                           {kLine, 0.5F, 0.27F, 0.5F, 0.5F},
+                                           {kLine, 0.5F, 0.5F, 0.68F, 0.62F}}));
 }
 
 TEST(SectionGlyphTest, TheLookIsAWindowWithTwoLines) {
-  EXPECT_EQ(glyph(1), (std::vector<Stroke>{{Box, 0.12F, 0.16F, 0.76F, 0.66F},
-                                           {Line, 0.32F, 0.4F, 0.68F, 0.4F},
-                                           {Line, 0.32F, 0.58F, 0.56F, 0.58F}}));
+  EXPECT_EQ(glyph(1), (std::vector<Stroke>{{kBox, 0.12F, 0.16F, 0.76F, 0.66F},
+                                           {kLine, 0.32F, 0.4F, 0.68F, 0.4F},
+                                           {kLine, 0.32F, 0.58F, 0.56F, 0.58F}}));
 }
 
 TEST(SectionGlyphTest, TheAlertsAreABellWithAClapper) {
-  EXPECT_EQ(glyph(2), (std::vector<Stroke>{{Arc, 0.2F, 0.14F, 0.6F, 0.64F, 180, 180},
-                                           {Line, 0.2F, 0.45F, 0.14F, 0.76F},
-                                           {Line, 0.14F, 0.76F, 0.86F, 0.76F},
-                                           {Line, 0.86F, 0.76F, 0.8F, 0.45F},
-                                           {Arc, 0.4F, 0.7F, 0.2F, 0.2F, 0, 180}}));
+  EXPECT_EQ(glyph(2), (std::vector<Stroke>{{kArc, 0.2F, 0.14F, 0.6F, 0.64F, 180, 180},
+                                           {kLine, 0.2F, 0.45F, 0.14F, 0.76F},
+                                           {kLine, 0.14F, 0.76F, 0.86F, 0.76F},
+                                           {kLine, 0.86F, 0.76F, 0.8F, 0.45F},
+                                           {kArc, 0.4F, 0.7F, 0.2F, 0.2F, 0, 180}}));
 }
 
 TEST(SectionGlyphTest, TheRemoteIsTwoWavesAboveADot) {
-  EXPECT_EQ(glyph(3), (std::vector<Stroke>{{Arc, 0.04F, 0.1F, 0.92F, 0.92F, 220, 100},
-                                           {Arc, 0.23F, 0.32F, 0.54F, 0.54F, 220, 100},
-                                           {Dot, 0.45F, 0.72F, 0.1F, 0.1F}}));
+  EXPECT_EQ(glyph(3), (std::vector<Stroke>{{kArc, 0.04F, 0.1F, 0.92F, 0.92F, 220, 100},
+                                           {kArc, 0.23F, 0.32F, 0.54F, 0.54F, 220, 100},
+                                           {kDot, 0.45F, 0.72F, 0.1F, 0.1F}}));
 }
 
 TEST(SectionGlyphTest, ThePresentationsAreAScreenOnAStandWithAPlayMark) {
-  EXPECT_EQ(glyph(4), (std::vector<Stroke>{{Box, 0.12F, 0.14F, 0.76F, 0.58F},
-                                           {Line, 0.5F, 0.72F, 0.5F, 0.9F},
-                                           {Line, 0.3F, 0.9F, 0.7F, 0.9F},
-                                           {Line, 0.39F, 0.3F, 0.64F, 0.43F},
-                                           {Line, 0.64F, 0.43F, 0.39F, 0.56F}}));
+  EXPECT_EQ(glyph(4), (std::vector<Stroke>{{kBox, 0.12F, 0.14F, 0.76F, 0.58F},
+                                           {kLine, 0.5F, 0.72F, 0.5F, 0.9F},
+                                           {kLine, 0.3F, 0.9F, 0.7F, 0.9F},
+                                           {kLine, 0.39F, 0.3F, 0.64F, 0.43F},
+                                           {kLine, 0.64F, 0.43F, 0.39F, 0.56F}}));
 }
 
 TEST(SectionGlyphTest, ThePenIsATwelfthOfTheSideButNeverThinnerThanOnePointFour) {

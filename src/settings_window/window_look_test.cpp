@@ -9,7 +9,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kDpi = 96;
+constexpr int kUsualDpi = 96;
 constexpr Size kClient{1040, 740};
 
 bool holds(const Drawing& drawing, const Shape& shape) {
@@ -17,24 +17,24 @@ bool holds(const Drawing& drawing, const Shape& shape) {
 }
 
 TEST(WindowLookTest, ThePagesColourIsBehindEverything) {
-  EXPECT_EQ(drawWindow(kClient, 0, kDpi).front(), Shape(Area{{0, 0, 1040, 740}, kPageFill}));
+  EXPECT_EQ(drawWindow(kClient, 0, kUsualDpi).front(), Shape(Area{{0, 0, 1040, 740}, kPageFill}));
 }
 
 TEST(WindowLookTest, TheSidebarIsWhiteWithALineAtItsRight) {
-  const Drawing drawing = drawWindow(kClient, 0, kDpi);
+  const Drawing drawing = drawWindow(kClient, 0, kUsualDpi);
   EXPECT_TRUE(holds(drawing, Area{{0, 0, 184, 740}, kWhite}));
   EXPECT_TRUE(holds(drawing, Line{{183, 0}, {183, 740}, kHairline, 1}));
 }
 
 TEST(WindowLookTest, TheProgramsIconAndNamesHeadTheSidebar) {
-  const Drawing drawing = drawWindow(kClient, 0, kDpi);
+  const Drawing drawing = drawWindow(kClient, 0, kUsualDpi);
   EXPECT_TRUE(holds(drawing, ProgramIcon{{20, 26, 56, 62}}));
   EXPECT_TRUE(holds(drawing, Label{u"Marlune", {67, 25, 174, 52}, Face::SectionTitle, kInk}));
   EXPECT_TRUE(holds(drawing, Label{u"演示计时", {68, 53, 174, 74}, Face::Small, kMuted}));
 }
 
 TEST(WindowLookTest, HeaderAndFooterAreWhiteEachWithALineToThePage) {
-  const Drawing drawing = drawWindow(kClient, 0, kDpi);
+  const Drawing drawing = drawWindow(kClient, 0, kUsualDpi);
   EXPECT_TRUE(holds(drawing, Area{{184, 0, 1040, 68}, kWhite}));
   EXPECT_TRUE(holds(drawing, Line{{184, 68}, {1040, 68}, kHairline, 1}));
   EXPECT_TRUE(holds(drawing, Area{{184, 674, 1040, 740}, kWhite}));
@@ -42,7 +42,7 @@ TEST(WindowLookTest, HeaderAndFooterAreWhiteEachWithALineToThePage) {
 }
 
 TEST(WindowLookTest, ModeVersionAndAuthorStandAtTheFootOfTheSidebar) {
-  const Drawing drawing = drawWindow(kClient, 0, kDpi);
+  const Drawing drawing = drawWindow(kClient, 0, kUsualDpi);
   EXPECT_TRUE(holds(drawing, Label{u"控制模式", {20, 610, 168, 634}, Face::Small, kMuted}));
   EXPECT_TRUE(holds(drawing, Label{u"Marlune 0.3.15", {20, 686, 176, 708}, Face::Small, kMuted}));
   EXPECT_TRUE(holds(drawing, Label{u"by：Dorvane", {20, 710, 176, 732}, Face::Small, kMuted}));
@@ -66,7 +66,7 @@ class PageHeadTest : public testing::TestWithParam<HeadRow> {};
 
 TEST_P(PageHeadTest, HasItsTitleAndSubtitle) {
   const auto& [page, title, subtitle] = GetParam();
-  const Drawing drawing = drawWindow(kClient, page, kDpi);
+  const Drawing drawing = drawWindow(kClient, page, kUsualDpi);
   EXPECT_TRUE(holds(drawing, Label{title, {216, 83, 1016, 121}, Face::PageTitle, kInk}));
   EXPECT_TRUE(holds(drawing, Label{subtitle, {216, 126, 1016, 150}, Face::Body, kMuted}));
 }
@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(PaneLookTest, TheCardsAreWhiteWithRoundCornersAndAThinLine) {
   const Rect cards[] = {{16, 0, 800, 264}, {16, 288, 800, 494}};
   EXPECT_EQ(
-      drawPane({824, 492}, cards, kDpi),
+      drawPane({824, 492}, cards, kUsualDpi),
       (Drawing{Area{{0, 0, 824, 492}, kPageFill}, RoundedRect{cards[0], 12, kWhite, kCardLine, 1},
                RoundedRect{cards[1], 12, kWhite, kCardLine, 1}}));
 }
@@ -113,13 +113,13 @@ TEST(QrCodeLookTest, WithoutACodeItIsWhite) {
 }
 
 TEST(ComboRowLookTest, IsInkOnWhite) {
-  EXPECT_EQ(drawComboRow({5, 32, 149, 64}, u"Row", false, kDpi),
+  EXPECT_EQ(drawComboRow({5, 32, 149, 64}, u"Row", false, kUsualDpi),
             (Drawing{Area{{5, 32, 149, 64}, kWhite},
                      Label{u"Row", {17, 32, 149, 64}, Face::Body, kInk}}));
 }
 
 TEST(ComboRowLookTest, SelectedIsAccentOnATint) {
-  EXPECT_EQ(drawComboRow({0, 0, 144, 32}, u"Row", true, kDpi),
+  EXPECT_EQ(drawComboRow({0, 0, 144, 32}, u"Row", true, kUsualDpi),
             (Drawing{Area{{0, 0, 144, 32}, kReadOnlyFill},
                      Label{u"Row", {12, 0, 144, 32}, Face::Body, kAccent}}));
 }
@@ -127,7 +127,7 @@ TEST(ComboRowLookTest, SelectedIsAccentOnATint) {
 constexpr Rect kRow{0, 54, 700, 108};
 
 TEST(FileRowLookTest, ATimedFileHasAnEmptyCheckSquare) {
-  EXPECT_EQ(drawFileRow(kRow, u"[正常计时] talk.pptx", false, kDpi),
+  EXPECT_EQ(drawFileRow(kRow, u"[正常计时] talk.pptx", false, kUsualDpi),
             (Drawing{Area{kRow, kWhite}, Glyph{{14, 70, 36, 92}, 4, kMuted},
                      Label{u"talk.pptx", {48, 59, 560, 84}, Face::BodyStrong, kInk},
                      Label{u"正常计时", {48, 84, 560, 108}, Face::Small, kMuted},
@@ -136,7 +136,7 @@ TEST(FileRowLookTest, ATimedFileHasAnEmptyCheckSquare) {
 }
 
 TEST(FileRowLookTest, AnExcludedFileHasATickedSquareAndSaysSo) {
-  EXPECT_EQ(drawFileRow(kRow, u"[跳过计时] talk.pptx", false, kDpi),
+  EXPECT_EQ(drawFileRow(kRow, u"[跳过计时] talk.pptx", false, kUsualDpi),
             (Drawing{Area{kRow, kWhite}, Glyph{{14, 70, 36, 92}, 4, kMuted},
                      Label{u"talk.pptx", {48, 59, 560, 84}, Face::BodyStrong, kInk},
                      Label{u"已排除", {48, 84, 560, 108}, Face::Small, 0xA87426},
@@ -146,19 +146,19 @@ TEST(FileRowLookTest, AnExcludedFileHasATickedSquareAndSaysSo) {
 }
 
 TEST(FileRowLookTest, TheSelectedRowIsTintedAndItsSignHasTheAccent) {
-  const Drawing drawing = drawFileRow(kRow, u"[正常计时] talk.pptx", true, kDpi);
+  const Drawing drawing = drawFileRow(kRow, u"[正常计时] talk.pptx", true, kUsualDpi);
   EXPECT_EQ(drawing[0], Shape(Area{kRow, kSelectFill}));
   EXPECT_EQ(drawing[1], Shape(Glyph{{14, 70, 36, 92}, 4, kAccent}));
 }
 
 TEST(FileRowLookTest, ABracketInTheNameStaysInIt) {
-  const Drawing drawing = drawFileRow(kRow, u"[跳过计时] [old] talk.pptx", false, kDpi);
+  const Drawing drawing = drawFileRow(kRow, u"[跳过计时] [old] talk.pptx", false, kUsualDpi);
   EXPECT_EQ(drawing[2],
             Shape(Label{u"[old] talk.pptx", {48, 59, 560, 84}, Face::BodyStrong, kInk}));
 }
 
 TEST(FileRowLookTest, ARowThatCouldNotBeReadIsPaintedWithoutAName) {
-  EXPECT_EQ(drawFileRow(kRow, u"", false, kDpi)[2],
+  EXPECT_EQ(drawFileRow(kRow, u"", false, kUsualDpi)[2],
             Shape(Label{u"", {48, 59, 560, 84}, Face::BodyStrong, kInk}));
 }
 
@@ -170,7 +170,7 @@ TEST(FileRowLookTest, AtTwiceTheResolutionTheTickGrows) {
 }
 
 TEST(EmptyListLookTest, SaysThatNothingIsThereAndWhatToDo) {
-  EXPECT_EQ(drawEmptyList({700, 204}, kDpi),
+  EXPECT_EQ(drawEmptyList({700, 204}, kUsualDpi),
             (Drawing{Area{{0, 0, 700, 204}, kWhite},
                      Label{u"尚未添加演示文稿", {8, 74, 692, 104}, Face::BodyStrong, kInk, true},
                      Label{u"选择文件夹后，PPT / WPS 文件将显示在这里",

@@ -21,11 +21,6 @@ using standin::waitUntil;
 
 namespace {
 
-std::string bytesOf(const std::wstring& path) {
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// The window of that class and title in that process; null while it has none.
 HWND windowOf(DWORD processId, const std::wstring& className, const std::wstring& title) {
   for (const HWND each : topWindows(className)) {
@@ -63,6 +58,11 @@ std::wstring moveAction(POINT point) {
 }
 
 }  // namespace
+
+std::string bytesOf(const std::wstring& path) {
+  std::ifstream file(std::filesystem::path(path), std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
 
 TemporaryFolder::TemporaryFolder(const std::wstring& name) {
   wchar_t base[MAX_PATH];

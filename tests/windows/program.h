@@ -22,6 +22,9 @@ class TemporaryFolder {
   std::wstring folder;
 };
 
+/// What that file holds; nothing where there is none.
+std::string bytesOf(const std::wstring& path);
+
 /// One marlune.exe in test mode. Belongs to the thread that made it; every wait has a limit.
 class Program {
  public:

@@ -16,11 +16,6 @@ namespace {
 using standin::TemporaryDeck;
 using standin::waitUntil;
 
-std::string bytesOf(const std::wstring& path) {
-  std::ifstream file(std::filesystem::path(path), std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 class RemoteSystemTest : public testing::Test {
  protected:
   void startTimer(Settings settings = {}) {
