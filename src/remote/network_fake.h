@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "remote/network.h"
 
 namespace mrl {
@@ -8,6 +11,7 @@ class NetworkFake : public Network {
  public:
   ConnectionsResult connectedInterfaces(std::vector<uint32_t>& indices) override {
     ++questions;
+    if (beforeQuestion) beforeQuestion();
     indices = connected;
     return result;
   }
@@ -34,6 +38,7 @@ class NetworkFake : public Network {
   bool adaptersFail = false;
   std::vector<NetworkAdapter> adapters;
   int questions = 0;
+  std::function<void()> beforeQuestion;
 };
 
 }  // namespace mrl
