@@ -27,6 +27,7 @@ TEST_F(AppTest, StartsWithDefaultsAndAWritableFile) {
   EXPECT_TRUE(app.settingsWritable);
   EXPECT_EQ(app.timer, TimerState{});
   EXPECT_EQ(app.lastStatus, ShowStatus{});
+  EXPECT_EQ(app.remote.port, 58718);
 }
 
 TEST_F(AppTest, WithoutATestRootTheDefaultPathCounts) {
