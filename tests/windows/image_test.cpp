@@ -4,7 +4,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -55,7 +57,7 @@ Value valueAt(std::string_view bytes, size_t at) {
 }
 
 std::string imageBytes() {
-  std::ifstream file{std::wstring(imagePath()).c_str(), std::ios::binary};
+  std::ifstream file(std::filesystem::path(imagePath()), std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
@@ -71,7 +73,7 @@ TEST_F(ImageTest, ItIsAProgramOf64BitsWithWindowsAndNoConsole) {
 TEST_F(ImageTest, TheTaskbarKnowsItByItsName) {
   // The call leaves no trace that another process could read; so much is sure, that the name is
   // there.
-  const std::wstring_view name(L"\0Marlune.Native\0", 16);
+  const std::wstring_view name(L"Marlune.Native\0", 15);
   const std::string bytes = imageBytes();
   EXPECT_NE(bytes.find(std::string(reinterpret_cast<const char*>(name.data()), name.size() * 2)),
             std::string::npos);
