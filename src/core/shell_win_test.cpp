@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <system_error>
 #include <thread>
 
 namespace mrl {
@@ -24,8 +25,9 @@ class ShellWinTest : public testing::Test {
   }
   void TearDown() override {
     RegDeleteTreeW(HKEY_CURRENT_USER, kKey);
-    fs::remove(opened);
-    fs::remove(printed);
+    std::error_code ignored;  // what writes them may hold them a moment longer
+    fs::remove(opened, ignored);
+    fs::remove(printed, ignored);
   }
   static bool appears(const fs::path& file) {
     using namespace std::chrono_literals;

@@ -11,6 +11,7 @@
 #include <iterator>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/unique_handle.h"
@@ -155,7 +156,7 @@ TEST_F(ImageTest, TheIconHasNineImagesOf32Bits) {
     const auto entry = valueAt<IconEntry>(group, 6 + number * sizeof(IconEntry));
     const int size = entry.width == 0 ? 256 : entry.width;
     EXPECT_EQ(entry.height, entry.width);
-    EXPECT_EQ(entry.bits, 32);
+    EXPECT_EQ(int{entry.bits}, 32);
     EXPECT_EQ(widthOf32Bits(resource(entry.id, RT_ICON)), size);
     sizes.push_back(size);
   }
