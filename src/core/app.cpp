@@ -1,16 +1,17 @@
 #include "core/app.h"
 
-#include <filesystem>
 #include <memory>
-#include <system_error>
+#include <utility>
 
 #include "core/commands.h"
 #include "core/expiry.h"
+#include "core/second_start.h"
 #include "core/test_files.h"
 #include "core/text.h"
 #include "core/tray_icon.h"
 #include "overlay/clock_behaviour.h"
 #include "remote/remote_service.h"
+#include "settings/file_kind.h"
 #include "settings/settings_file.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/settings_window.h"
@@ -32,16 +33,6 @@ void readArguments(App& app, const std::vector<std::u16string>& arguments) {
   }
 }
 
-bool fileExists(App& app) {
-  FileKind kind = FileKind::Missing;
-  std::u16string error;
-  if (!app.platform.files.status(app.settingsPath, kind, error)) {
-    throw std::filesystem::filesystem_error("exists", std::filesystem::path(app.settingsPath),
-                                            std::make_error_code(std::errc::io_error));
-  }
-  return kind != FileKind::Missing;
-}
-
 void placeFirstTime(App& app) {
   const Point place =
       firstRunPlace(app.platform.screens.primaryWorkArea(),
@@ -56,9 +47,9 @@ void placeFirstTime(App& app) {
 }
 
 void loadOrDefault(App& app) {
-  const bool firstRun = !fileExists(app);
-  app.settingsWritable =
-      loadSettings(app.platform.files, app.settingsPath, app.settings, app.lastError);
+  Files& files = app.platform.files;
+  const bool firstRun = fileKindOf(files, app.settingsPath, u"exists") == FileKind::Missing;
+  app.settingsWritable = loadSettings(files, app.settingsPath, app.settings, app.lastError);
   if (firstRun) placeFirstTime(app);
 }
 
@@ -67,8 +58,16 @@ bool createClock(App& app) {
   const Settings& settings = app.settings;
   const int width = toPixels(static_cast<int>(settings.windowWidth), dpi);
   const int height = toPixels(static_cast<int>(settings.windowHeight), dpi);
-  return app.platform.clockWindow.create(
-      {settings.windowX, settings.windowY, settings.windowX + width, settings.windowY + height});
+  return app.platform.clockWindow.create({settings.windowX, settings.windowY}, {width, height});
+}
+
+/// Nobody has seen yet what was wrong with the settings: a service that can't start doesn't take
+/// that away.
+void startService(App& app) {
+  const std::u16string early = std::exchange(app.lastError, u"");
+  startRemote(app, true);
+  if (early.empty()) return;
+  app.lastError = app.lastError.empty() ? early : early + u"\n" + app.lastError;
 }
 
 /// Tells the tests that the program is up. The process id reaches the disk last, so whoever sees it
@@ -77,9 +76,7 @@ void announceReady(App& app) {
   std::u16string error;
   Files& files = app.platform.files;
   if (!files.createFolders(app.testRoot, error)) {
-    throw std::filesystem::filesystem_error("create_directories",
-                                            std::filesystem::path(app.testRoot),
-                                            std::make_error_code(std::errc::io_error));
+    throwFileError(u"create_directories", error, app.testRoot);
   }
   const std::unique_ptr<FileWriter> ready = files.create(inTestRoot(app, u"ready.txt"));
   if (app.remote.running) writeTestFile(app, u"remote.txt", app.remote.pairingKey);
@@ -91,17 +88,19 @@ void announceReady(App& app) {
 std::optional<int> startApp(App& app, const std::vector<std::u16string>& arguments,
                             const std::u16string& defaultSettingsPath) {
   readArguments(app, arguments);
+  if (!app.testMode && handOver(app.platform.instances)) return kExitNormal;
   app.settingsPath = app.testMode ? inTestRoot(app, kSettingsFileName) : defaultSettingsPath;
   loadOrDefault(app);
   if (!app.platform.loop.prepareDrawing()) return kExitNoDrawing;
   app.platform.loop.registerWindowClasses();
   if (!createClock(app)) return kExitNoClock;
+  if (!app.testMode) app.platform.instances.announce(app.platform.clockWindow.handle());
   correctOffScreen(app);
   app.platform.loop.setTimer(LoopTimer::Tick, kTickPeriodMs);
   showClock(app);
   app.platform.clockWindow.paintNow();
   addTrayIcon(app);
-  if (app.settings.remoteAutoStart) startRemote(app, true);
+  if (app.settings.remoteAutoStart) startService(app);
   if (app.testMode) announceReady(app);
   app.platform.loop.postCommand(kCommandOpenSettings);
   return std::nullopt;

@@ -11,6 +11,7 @@
 #include "core/audio_player.h"
 #include "core/black_screen.h"
 #include "core/clock.h"
+#include "core/instances.h"
 #include "core/main_loop.h"
 #include "core/popup_menu.h"
 #include "core/screens.h"
@@ -57,6 +58,7 @@ struct Platform {
   ServiceHost& serviceHost;
   Network& network;
   FirewallRules& firewall;
+  Instances& instances;
 
   [[nodiscard]] PresentationAccess presentation() const { return {automation, windows, files}; }
 };
@@ -125,8 +127,9 @@ struct App {
 
 /// Start-up: reads the arguments (without the program's name), loads the settings and brings the
 /// clock up. `defaultSettingsPath` is used outside test mode. Gives an exit code when the program
-/// can't go on. Throws std::filesystem::filesystem_error when the file system can't even tell
-/// whether there are settings, or can't make the folder of test mode.
+/// is to end: it can't go on, or it runs already and shows its settings. Throws
+/// std::filesystem::filesystem_error when the file system can't even tell whether there are
+/// settings, or can't make the folder of test mode.
 std::optional<int> startApp(App& app, const std::vector<std::u16string>& arguments,
                             const std::u16string& defaultSettingsPath);
 

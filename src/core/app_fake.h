@@ -5,6 +5,7 @@
 #include "core/audio_player_fake.h"
 #include "core/black_screen_fake.h"
 #include "core/clock_fake.h"
+#include "core/instances_fake.h"
 #include "core/main_loop_fake.h"
 #include "core/popup_menu_fake.h"
 #include "core/screens_fake.h"
@@ -43,6 +44,7 @@ struct AppFake {
   ServiceHostFake serviceHost;
   NetworkFake network;
   FirewallRulesFake firewall;
+  InstancesFake instances;
   App app{doors(outside.files, audio)};
 
   /// All doors; the caller chooses those that are not always fakes.
@@ -53,7 +55,7 @@ struct AppFake {
             player,          tray,         menu,
             shell,           settingsView, sockets,
             requests,        serviceHost,  network,
-            firewall};
+            firewall,        instances};
   }
 };
 

@@ -5,12 +5,18 @@
 #include "core/app_fixture.h"
 #include "core/commands.h"
 #include "core/expiry.h"
+#include "settings/settings_format.h"
+#include "settings_window/control_ids.h"
 
 namespace mrl {
 namespace {
 
 class AppTest : public AppFixture {
  protected:
+  static constexpr char16_t kRefused[] = u"配置格式无效，已使用默认值；原文件未覆盖。";
+  static constexpr char16_t kNoNetwork[] =
+      u"未发现已连接的 IPv4 网络，请检查网络连接后重新启动遥控服务。";
+
   std::optional<int> startWithArguments(const std::vector<std::u16string>& arguments) {
     return startApp(app, arguments, kSettingsPath);
   }
@@ -21,12 +27,19 @@ TEST_F(AppTest, StartsWithDefaultsAndAWritableFile) {
   EXPECT_TRUE(app.settingsWritable);
   EXPECT_EQ(app.timer, TimerState{});
   EXPECT_EQ(app.lastStatus, ShowStatus{});
+  EXPECT_EQ(app.remote.port, 58718);
 }
 
 TEST_F(AppTest, WithoutATestRootTheDefaultPathCounts) {
   start();
   EXPECT_FALSE(app.testMode);
   EXPECT_EQ(app.settingsPath, kSettingsPath);
+}
+
+TEST_F(AppTest, ATestRootThatIsADriveMeansItsCurrentFolder) {
+  files().putFile(u"C:settings.dat", "");
+  (void)startWithArguments({u"--test-root=C:"});
+  EXPECT_EQ(app.settingsPath, u"C:settings.dat");
 }
 
 TEST_F(AppTest, TheTestRootHoldsTheSettings) {
@@ -101,11 +114,23 @@ TEST_F(AppTest, ASavedPlaceIsTakenAsItStands) {
   EXPECT_EQ(clockWindow.place.top, 7);
 }
 
+TEST_F(AppTest, APlaceAtTheEndOfTheNumbersIsCorrectedLikeAnyOtherOffScreen) {
+  for (const int32_t far : {INT32_MAX, INT32_MAX - 100, INT32_MIN}) {
+    clockWindow.exists = false;
+    Settings settings;
+    settings.windowX = far;
+    settings.windowY = far;
+    startWith(settings);
+    EXPECT_EQ(clockWindow.place, (Rect{30, 30, 30 + 183, 30 + 82}));
+    EXPECT_EQ(app.settings.windowX, far) << "it is not saved";
+  }
+}
+
 TEST_F(AppTest, ARefusedFileIsNotOverwrittenAndItsMessageKept) {
   files().putFile(kSettingsPath, "something else");
   start();
   EXPECT_FALSE(app.settingsWritable);
-  EXPECT_EQ(app.lastError, u"配置格式无效，已使用默认值；原文件未覆盖。");
+  EXPECT_EQ(app.lastError, kRefused);
   EXPECT_EQ(files().bytesOf(kSettingsPath), "something else");
   EXPECT_EQ(app.settings, Settings{});
 }
@@ -118,13 +143,44 @@ TEST_F(AppTest, AnUnreadableFileIsNotOverwrittenAndItsMessageKept) {
   EXPECT_EQ(app.lastError, u"无法读取配置");
 }
 
+TEST_F(AppTest, WhatWasWrongWithTheFileIsStillToldWhenTheServiceCannotStartEither) {
+  files().putFile(kSettingsPath, "something else");
+  ASSERT_TRUE(network.connected.empty());
+  EXPECT_EQ(startWithArguments({}), std::nullopt);
+  EXPECT_EQ(app.lastError, std::u16string(kRefused) + u"\n" + kNoNetwork);
+  runCommand(app, kCommandOpenSettings);
+  EXPECT_EQ(settingsView.text(kStatusText), app.lastError);
+}
+
+TEST_F(AppTest, AFirstSaveThatFailedIsStillToldWhenTheServiceCannotStartEither) {
+  files().failing = {FilesFake::Operation::Flush};
+  EXPECT_EQ(startWithArguments({}), std::nullopt);
+  EXPECT_EQ(app.lastError,
+            std::u16string(u"初始设置保存失败：Configuration flush failed\n") + kNoNetwork);
+}
+
+TEST_F(AppTest, AServiceThatStartsLeavesWhatWasWrongWithTheFileAlone) {
+  files().putFile(kSettingsPath, "something else");
+  EXPECT_EQ(startWithArguments({u"--test-root=C:\\data"}), std::nullopt);
+  EXPECT_TRUE(app.remote.running);
+  EXPECT_EQ(app.lastError, kRefused);
+  finishApp(app);
+}
+
+TEST_F(AppTest, AServiceThatCannotStartIsToldAloneWhenNothingElseWentWrong) {
+  EXPECT_EQ(startWithArguments({}), std::nullopt);
+  EXPECT_EQ(app.lastError, kNoNetwork);
+}
+
 TEST_F(AppTest, AFileSystemThatCannotTellWhetherThereIsAFileEndsTheProcess) {
   files().failing = {FilesFake::Operation::Status};
   try {
     start();
     FAIL() << "start-up went on";
   } catch (const std::filesystem::filesystem_error& error) {
-    EXPECT_NE(std::string(error.what()).find("exists"), std::string::npos);
+    EXPECT_NE(std::string(error.what()).find("exists: Access is denied. [C:\\data\\settings.dat]"),
+              std::string::npos)
+        << error.what();
   }
 }
 
@@ -167,6 +223,39 @@ TEST_F(AppTest, TheSettingsWindowIsAskedForOnceTheLoopRuns) {
   EXPECT_EQ(loop.posted, std::vector<int>{kCommandOpenSettings});
 }
 
+TEST_F(AppTest, TheIconIsThereBeforeTheFirewallMayAskForTheService) {
+  files().putFile(kSettingsPath, composeSettings(Settings{}));
+  network.beforeQuestion = [&] { EXPECT_EQ(tray.icons, 1); };
+  EXPECT_EQ(startWithArguments({}), std::nullopt);
+  EXPECT_GT(network.questions, 0);
+}
+
+TEST_F(AppTest, ASecondStartShowsTheSettingsOfTheFirstAndEndsWithoutTouchingAnything) {
+  instances.busyMs = 60'000;
+  instances.clocks = {{WindowHandle{7}, true, instances.account}};
+  EXPECT_EQ(startWithArguments({}), kExitNormal);
+  EXPECT_EQ(instances.asked, std::vector{WindowHandle{7}});
+  EXPECT_TRUE(files().done.empty());
+  EXPECT_TRUE(clockWindow.calls.empty());
+  EXPECT_TRUE(loop.calls.empty());
+  EXPECT_EQ(tray.additions, 0);
+}
+
+TEST_F(AppTest, TheFirstStartLetsTheOthersKnowItsClock) {
+  start();
+  EXPECT_EQ(instances.announced, clockWindow.handle());
+}
+
+TEST_F(AppTest, StartsOfTestModeNeitherMeetOthersNorAreMetByThem) {
+  instances.busyMs = 60'000;
+  instances.clocks = {{WindowHandle{7}, true, instances.account}};
+  EXPECT_EQ(startWithArguments({u"--test-root=C:\\trial"}), std::nullopt);
+  EXPECT_TRUE(instances.asked.empty());
+  EXPECT_EQ(instances.waitedMs, 0u);
+  EXPECT_FALSE(instances.announced);
+  finishApp(app);
+}
+
 TEST_F(AppTest, InTestModeReadyHoldsTheProcessIdAndNothingElse) {
   (void)startWithArguments({u"--test-root=C:\\trial\\"});
   EXPECT_EQ(files().bytesOf(u"C:\\trial\\ready.txt"), "4711");
@@ -185,7 +274,9 @@ TEST_F(AppTest, InTestModeAFolderThatCannotBeMadeEndsTheProcess) {
     (void)startWithArguments({u"--test-root=C:\\trial"});
     FAIL() << "start-up went on";
   } catch (const std::filesystem::filesystem_error& error) {
-    EXPECT_NE(std::string(error.what()).find("create_directories"), std::string::npos);
+    EXPECT_NE(std::string(error.what()).find("create_directories: Access is denied. [C:\\trial]"),
+              std::string::npos)
+        << error.what();
   }
 }
 

@@ -55,9 +55,9 @@ AppWin::AppWin(HINSTANCE programInstance)
       blackScreen(programInstance, this),
       tray(programInstance, clockWindow),
       settingsView(programInstance, this, app.form),
-      app({clock, files, automation, windows, screens, *this, clockWindow, resizeToolbar,
-           blackScreen, audio, tray, menu, shell, settingsView, sockets, requests, serviceHost,
-           network, firewall}),
+      app({clock,         files,       automation,  windows, screens,  *this,    clockWindow,
+           resizeToolbar, blackScreen, audio,       tray,    menu,     shell,    settingsView,
+           sockets,       requests,    serviceHost, network, firewall, instances}),
       settingsMessages(app, settingsView, painter) {}
 
 int AppWin::run(const std::vector<std::u16string>& arguments) {

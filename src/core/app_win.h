@@ -8,6 +8,7 @@
 #include "core/audio_player_win.h"
 #include "core/black_screen_win.h"
 #include "core/clock_win.h"
+#include "core/instances_win.h"
 #include "core/popup_menu_win.h"
 #include "core/screens_win.h"
 #include "core/shell_win.h"
@@ -56,6 +57,7 @@ class AppWin : private MainLoop {
   uint32_t processId() override;
 
   HINSTANCE instance;
+  InstancesWin instances;  // first, so that the user's place is given back when all else is gone
   ClockWin clock;
   FilesWin files;
   AutomationWin automation;

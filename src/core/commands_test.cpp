@@ -96,6 +96,16 @@ TEST_F(CommandsTest, ManualModeIsSavedAndAdopted) {
   EXPECT_FALSE(saved().autoMode);
 }
 
+TEST_F(CommandsTest, AChosenModeReplacesARefusedFile) {
+  app.settingsWritable = false;
+  for (const bool automatic : {false, true}) {
+    files().putFile(kSettingsPath, "something else");
+    runCommand(app, automatic ? kCommandAutoMode : kCommandManualMode);
+    EXPECT_EQ(saved().autoMode, automatic);
+  }
+  EXPECT_FALSE(app.settingsWritable) << "only a start looks at the file again";
+}
+
 TEST_F(CommandsTest, AModeThatCannotBeSavedStaysAsItWasAndTheUserIsTold) {
   failSaves();
   runCommand(app, kCommandManualMode);

@@ -2,12 +2,12 @@
 
 #include <memory>
 
+#include "settings/path_text.h"
+
 namespace mrl {
 
 std::u16string inTestRoot(const App& app, const std::u16string& name) {
-  const char16_t separator = app.platform.files.separator();
-  const bool needsSeparator = !app.testRoot.empty() && app.testRoot.back() != separator;
-  return app.testRoot + (needsSeparator ? std::u16string(1, separator) : u"") + name;
+  return joinedPath(app.testRoot, name, app.platform.files.separator());
 }
 
 void writeTestFile(App& app, const std::u16string& name, const std::string& bytes) {

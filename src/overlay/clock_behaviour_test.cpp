@@ -155,6 +155,13 @@ TEST_F(ClockBehaviourTest, TheDefaultSizeIsSavedAndTakenAtOnceWithoutLeavingTheM
   EXPECT_TRUE(app.resizeMode);
 }
 
+TEST_F(ClockBehaviourTest, ADefaultSizeReplacesARefusedFile) {
+  app.settingsWritable = false;
+  files().putFile(kSettingsPath, "something else");
+  runCommand(app, kCommandDefaultSize);
+  EXPECT_EQ(saved(), app.settings);
+}
+
 TEST_F(ClockBehaviourTest, ADefaultSizeThatCannotBeSavedChangesNothing) {
   clockWindow.place = {0, 0, 500, 300};
   failSaves();

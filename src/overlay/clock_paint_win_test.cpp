@@ -59,7 +59,7 @@ class LayeredClockTest : public ClockPaintTest {
       ++paints;
       painter.paintClock(window, picture);
     };
-    ASSERT_TRUE(clock.create({200, 200, 383, 282}));
+    ASSERT_TRUE(clock.create({200, 200}, {183, 82}));
     clock.show();
   }
 

@@ -15,8 +15,9 @@ class ClockWindow {
  public:
   virtual ~ClockWindow() = default;
 
-  /// Makes the window, not shown yet. REQUIRES: there is none.
-  [[nodiscard]] virtual bool create(const Rect& rect) = 0;
+  /// Makes the window, not shown yet. Any place will do, also one that no monitor reaches.
+  /// REQUIRES: there is none.
+  [[nodiscard]] virtual bool create(Point topLeft, Size size) = 0;
   virtual void destroy() = 0;
   [[nodiscard]] virtual WindowHandle handle() const = 0;
 

@@ -8,11 +8,13 @@
 namespace mrl {
 
 constexpr Rect kContractRect{40, 50, 223, 132};
+constexpr Point kContractPlace{40, 50};
+constexpr Size kContractSize{183, 82};
 
 template <class Fixture>
 class ClockWindowContract : public Fixture {
  protected:
-  void create() { ASSERT_TRUE(this->window().create(kContractRect)); }
+  void create() { ASSERT_TRUE(this->window().create(kContractPlace, kContractSize)); }
 };
 TYPED_TEST_SUITE_P(ClockWindowContract);
 

@@ -11,12 +11,12 @@ namespace mrl {
 
 class ClockWindowFake : public ClockWindow {
  public:
-  bool create(const Rect& rect) override {
+  bool create(Point topLeft, Size size) override {
     assert(!exists);
     calls.emplace_back("create");
     if (createFails) return false;
     exists = true;
-    place = rect;
+    place = {topLeft.x, topLeft.y, sum(topLeft.x, size.width), sum(topLeft.y, size.height)};
     return true;
   }
   void destroy() override {
@@ -78,6 +78,11 @@ class ClockWindowFake : public ClockWindow {
     captured = false;
   }
   Point cursor() const override { return cursorAt; }
+
+  /// The system's own, which wraps at the end of the numbers.
+  static int sum(int place, int length) {
+    return static_cast<int>(static_cast<unsigned>(place) + static_cast<unsigned>(length));
+  }
 
   bool createFails = false;
   int windowDpi = kUnitsPerInch;

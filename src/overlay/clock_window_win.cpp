@@ -21,10 +21,10 @@ ClockWindowWin::ClockWindowWin(HINSTANCE instance, void* creationParameter)
 
 ClockWindowWin::~ClockWindowWin() { destroy(); }
 
-bool ClockWindowWin::create(const Rect& rect) {
+bool ClockWindowWin::create(Point topLeft, Size size) {
   hwnd = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED, kTimerClass, kTitle,
-                         WS_POPUP, rect.left, rect.top, rect.width(), rect.height(), nullptr,
-                         nullptr, instance, creationParameter);
+                         WS_POPUP, topLeft.x, topLeft.y, size.width, size.height, nullptr, nullptr,
+                         instance, creationParameter);
   return hwnd != nullptr;
 }
 

@@ -18,7 +18,7 @@ class ClockWindowWin : public ClockWindow {
   ClockWindowWin& operator=(const ClockWindowWin&) = delete;
   ~ClockWindowWin() override;
 
-  bool create(const Rect& rect) override;
+  bool create(Point topLeft, Size size) override;
   void destroy() override;
   WindowHandle handle() const override;
 

@@ -27,7 +27,7 @@ class ClockWindowWinTest : public RealClockWindowFixture {
  protected:
   void SetUp() override {
     RealClockWindowFixture::SetUp();
-    ASSERT_TRUE(clock.create(kContractRect));
+    ASSERT_TRUE(clock.create(kContractPlace, kContractSize));
   }
   LONG_PTR style(int index) const { return GetWindowLongPtrW(clock.window(), index); }
   /// As another program reads it.
@@ -201,7 +201,7 @@ TEST_F(ClockWindowWinTest, WhileItGoesItStillAnswers) {
 
 TEST(ClockWindowWinFailureTest, WithoutItsClassItCantBeMade) {
   ClockWindowWin clock(GetModuleHandleW(nullptr), nullptr);
-  EXPECT_FALSE(clock.create(kContractRect));
+  EXPECT_FALSE(clock.create(kContractPlace, kContractSize));
   EXPECT_FALSE(clock.handle());
 }
 

@@ -26,13 +26,13 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ResizeToolbarContract, FakeToolbarFixture);
 TEST(ClockWindowFakeTest, ItFailsOnCommand) {
   ClockWindowFake fake;
   fake.createFails = true;
-  EXPECT_FALSE(fake.create({0, 0, 183, 82}));
+  EXPECT_FALSE(fake.create({0, 0}, {183, 82}));
   EXPECT_FALSE(fake.handle());
 }
 
 TEST(ClockWindowFakeTest, ItRemembersWhatItWasTold) {
   ClockWindowFake fake;
-  ASSERT_TRUE(fake.create({0, 0, 183, 82}));
+  ASSERT_TRUE(fake.create({0, 0}, {183, 82}));
   fake.setText(u"15:00");
   fake.invalidate();
   EXPECT_EQ(fake.text, u"15:00");

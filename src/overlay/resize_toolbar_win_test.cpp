@@ -15,7 +15,7 @@ namespace {
 
 class RealToolbarFixture : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(clock.create({40, 50, 223, 132})); }
+  void SetUp() override { ASSERT_TRUE(clock.create({40, 50}, {183, 82})); }
   ResizeToolbar& toolbar() { return bar; }
 
   TestWindowClass clockClass{L"Marlune.Native.Timer"};

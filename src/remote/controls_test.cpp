@@ -322,6 +322,13 @@ TEST_F(ControlsTest, AFailedSaveTellsItsReasonAndChangesNothing) {
   expectRefused(formWith("opacity", "60"), u"Atomic configuration replacement failed");
 }
 
+TEST_F(ControlsTest, AFormReplacesARefusedFile) {
+  app.settingsWritable = false;
+  files().putFile(kSettingsPath, "something else");
+  expectAccepted(formWith("duration", "60"));
+  EXPECT_EQ(saved().duration, 60u);
+}
+
 TEST_F(ControlsTest, TheClocksShapeIsMadeAnewAndTheHideRulesApplyAtOnce) {
   clockWindow.calls.clear();
   expectAccepted(formWith("hideNoDocument", "1"));

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "remote/ipv4.h"
 #include "remote/network.h"
 
@@ -13,6 +16,7 @@ class NetworkFake : public Network {
  public:
   ConnectionsResult connectedInterfaces(std::vector<uint32_t>& indices) override {
     ++questions;
+    if (beforeQuestion) beforeQuestion();
     indices = connected;
     return result;
   }
@@ -39,6 +43,7 @@ class NetworkFake : public Network {
   bool adaptersFail = false;
   std::vector<NetworkAdapter> adapters;
   int questions = 0;
+  std::function<void()> beforeQuestion;
 };
 
 }  // namespace mrl

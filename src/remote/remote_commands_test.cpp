@@ -342,6 +342,18 @@ TEST_F(RemoteCommandsTest, ASkipThatCannotBeSavedChangesNothing) {
   expectRefused("skip", idOf(kDeck), u"Configuration flush failed");
 }
 
+TEST_F(RemoteCommandsTest, AChangeOfTheSettingsReplacesARefusedFile) {
+  app.settingsWritable = false;
+  const std::pair<const char*, std::string> changes[] = {{"duration", "60"}, {"countup", ""},
+                                                         {"countdown", ""},  {"clock-on", ""},
+                                                         {"clock-off", ""},  {"skip", idOf(kDeck)}};
+  for (const auto& [word, argument] : changes) {
+    files().putFile(kSettingsPath, "something else");
+    send(word, argument);
+    EXPECT_EQ(saved(), app.settings) << word;
+  }
+}
+
 TEST_F(RemoteCommandsTest, ASkipBeyondWhatTheFileHoldsIsRefused) {
   for (int number = 0; number < 10000; ++number) {
     app.settings.skipList.push_back(u"C:\\old\\" + decimal(number) + u".pptx");

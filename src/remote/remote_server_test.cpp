@@ -61,7 +61,7 @@ TEST_F(RemoteServerTest, ThePortIsThatOfTheSettings) {
 }
 
 TEST_F(RemoteServerTest, RequestsGoToTheClocksWindow) {
-  ASSERT_TRUE(served->fakes.clockWindow.create({}));
+  ASSERT_TRUE(served->fakes.clockWindow.create({}, {}));
   ASSERT_TRUE(start());
   EXPECT_EQ(server.targetWindow, served->fakes.clockWindow.handle());
 }

@@ -18,7 +18,7 @@ struct ServedApp {
     return {clock,     from.files,       from.automation,    from.windows,      from.screens,
             from.loop, from.clockWindow, from.resizeToolbar, from.blackScreen,  from.audio,
             from.tray, from.menu,        from.shell,         from.settingsView, sockets,
-            requests,  from.serviceHost, from.network,       from.firewall};
+            requests,  from.serviceHost, from.network,       from.firewall,     from.instances};
   }
 };
 

@@ -6,13 +6,30 @@
 
 namespace mrl {
 
-FileKind fileKindOf(Files& files, const std::u16string& path) {
+void throwFileError(std::u16string operation, const std::u16string& words,
+                    const std::u16string& path) {
+  operation += u": " + words + u" [" + path + u"]";
+  throw std::filesystem::filesystem_error(utf8From(operation),
+                                          std::make_error_code(std::errc::io_error));
+}
+
+bool meansMissing(uint32_t systemCode) {
+  switch (systemCode) {
+    case 2:    // file not found
+    case 3:    // path not found
+    case 53:   // network path not found
+    case 64:   // network name gone
+    case 123:  // no valid name
+    case 267:  // a folder on the way is none
+      return true;
+    default: return false;
+  }
+}
+
+FileKind fileKindOf(Files& files, const std::u16string& path, const std::u16string& operation) {
   FileKind kind = FileKind::Missing;
   std::u16string words;
-  if (!files.status(path, kind, words)) {
-    throw std::filesystem::filesystem_error(utf8From(u"status: " + words + u" [" + path + u"]"),
-                                            std::make_error_code(std::errc::io_error));
-  }
+  if (!files.status(path, kind, words)) throwFileError(operation, words, path);
   return kind;
 }
 

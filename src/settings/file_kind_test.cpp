@@ -30,5 +30,29 @@ TEST(FileKindTest, TroubleIsThrownWithTheOperationTheSystemsWordsAndThePath) {
   }
 }
 
+TEST(FileKindTest, WhatIsNotThereAndWhatCannotBeReachedAreMissing) {
+  for (const uint32_t code : {2u, 3u, 53u, 64u, 123u, 267u}) EXPECT_TRUE(meansMissing(code));
+}
+
+TEST(FileKindTest, EveryOtherCodeOfTheSystemIsTrouble) {
+  for (uint32_t code = 0; code < 2000; ++code) {
+    if (meansMissing(code)) {
+      EXPECT_TRUE(code == 2 || code == 3 || code == 53 || code == 64 || code == 123 || code == 267)
+          << code;
+    }
+  }
+}
+
+TEST(FileKindTest, TheOperationHasTheNameThatTheCallerGivesIt) {
+  FilesFake files;
+  files.denyAccess(u"C:\\a.pptx");
+  try {
+    fileKindOf(files, u"C:\\a.pptx", u"exists");
+    FAIL() << "nothing was thrown";
+  } catch (const std::filesystem::filesystem_error& error) {
+    EXPECT_NE(std::string(error.what()).find("exists: Access is denied. "), std::string::npos);
+  }
+}
+
 }  // namespace
 }  // namespace mrl

@@ -10,6 +10,7 @@
 
 #include "core/unique_handle.h"
 #include "core/wide_win.h"
+#include "settings/file_kind.h"
 #include "settings/path_text.h"
 
 namespace mrl {
@@ -43,18 +44,6 @@ FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD
 /// Opens what exists, a folder too, to look at it and no more.
 FileHandle openToLook(const std::u16string& path) {
   return openFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
-}
-
-bool isMissing(DWORD code) {
-  switch (code) {
-    case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_BAD_NETPATH:
-    case ERROR_NETNAME_DELETED:
-    case ERROR_INVALID_NAME:
-    case ERROR_DIRECTORY: return true;
-    default: return false;
-  }
 }
 
 FileKind kindFrom(DWORD attributes) {
@@ -97,7 +86,7 @@ bool FilesWin::status(const std::u16string& path, FileKind& kind, std::u16string
   }
   if (!file || GetFileInformationByHandle(file.get(), &info) == 0) {
     const DWORD code = GetLastError();
-    if (isMissing(code)) {
+    if (meansMissing(code)) {
       kind = FileKind::Missing;
       return true;
     }
@@ -168,7 +157,7 @@ CanonicalResult FilesWin::canonical(const std::u16string& path, std::u16string& 
   const DWORD length =
       file ? GetFinalPathNameByHandleW(file.get(), found.data(), kLongestPath, 0) : 0;
   if (length == 0) {
-    return isMissing(GetLastError()) ? CanonicalResult::Missing : CanonicalResult::Failed;
+    return meansMissing(GetLastError()) ? CanonicalResult::Missing : CanonicalResult::Failed;
   }
   if (length >= kLongestPath) return CanonicalResult::Failed;
   found.resize(length);

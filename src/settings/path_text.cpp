@@ -83,7 +83,8 @@ std::u16string joinedPath(std::u16string_view folder, std::u16string_view name,
                           char16_t separator) {
   std::u16string path(folder);
   // A drive without a root stands for its current folder and must not become its root.
-  if (rootLength(folder, separator) < folder.size()) path += separator;
+  const bool isRoot = rootLength(folder, separator) == folder.size();
+  if (!isRoot && !isSeparator(folder.back(), separator)) path += separator;
   return path.append(name);
 }
 

@@ -169,6 +169,13 @@ TEST(PathTextTest, AJoinedPathHasASeparatorBetweenFolderAndName) {
   EXPECT_EQ(joinedPath(u"/talks", u"a.pptx", u'/'), u"/talks/a.pptx");
 }
 
+TEST(PathTextTest, AJoinedPathAddsNoSecondSeparator) {
+  EXPECT_EQ(joinedPath(u"C:\\Talks\\", u"a.pptx", u'\\'), u"C:\\Talks\\a.pptx");
+  EXPECT_EQ(joinedPath(u"C:/Talks/", u"a.pptx", u'\\'), u"C:/Talks/a.pptx");
+  EXPECT_EQ(joinedPath(u"/talks/", u"a.pptx", u'/'), u"/talks/a.pptx");
+  EXPECT_EQ(joinedPath(u"", u"a.pptx", u'\\'), u"a.pptx");
+}
+
 TEST(PathTextTest, AJoinedPathAddsNothingToARootOrADrive) {
   EXPECT_EQ(joinedPath(u"C:\\", u"a.pptx", u'\\'), u"C:\\a.pptx");
   EXPECT_EQ(joinedPath(u"C:", u"a.pptx", u'\\'), u"C:a.pptx");

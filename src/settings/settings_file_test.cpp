@@ -167,6 +167,19 @@ TEST_F(SettingsFileTest, WithoutAPathNothingIsTouched) {
   EXPECT_TRUE(files.done.empty());
 }
 
+TEST_F(SettingsFileTest, ARecordThatTheNextStartWouldRefuseIsNotSaved) {
+  putOld();
+  Settings record;
+  record.skipList.assign(kMaxSkipped, u"C:\\a.pptx");
+  ASSERT_TRUE(save(record));
+  ASSERT_TRUE(load(record));
+  const std::string before = files.bytesOf(kPath);
+  record.skipList.push_back(u"C:\\b.pptx");
+  EXPECT_FALSE(save(record));
+  EXPECT_EQ(error, u"Too many excluded presentations");
+  EXPECT_EQ(files.bytesOf(kPath), before);
+}
+
 TEST_F(SettingsFileTest, TheFolderIsCutBeforeTheFileName) {
   const std::pair<std::u16string, std::u16string> rows[] = {
       {u"C:\\a\\settings.dat", u"C:\\a"},

@@ -1,5 +1,6 @@
 #include "settings/settings_format.h"
 
+#include <concepts>
 #include <istream>
 #include <locale>
 #include <sstream>
@@ -109,14 +110,25 @@ void take(std::istream& in, std::u16string& field) {
   takeQuoted(in, bytes);
   field = utf16From(bytes);
 }
-template <typename Number>
+void take(std::istream& in, bool& field) { in >> field; }
+void take(std::istream& in, int32_t& field) { in >> field; }
+/// A stream would make a large number of a negative one, which may then lie in its range.
+template <std::unsigned_integral Number>
 void take(std::istream& in, Number& field) {
-  in >> field;
+  int64_t value = 0;
+  in >> value;
+  if (!std::in_range<Number>(value)) in.setstate(std::ios::failbit);
+  field = static_cast<Number>(value);
 }
+/// For the one number that nothing checks.
+struct Unchecked {
+  uint32_t& field;
+};
+void take(std::istream& in, const Unchecked& number) { in >> number.field; }
 
 /// Reads the fields in order; false once the stream has failed.
 template <typename... Fields>
-bool takeAll(std::istream& in, Fields&... fields) {
+bool takeAll(std::istream& in, Fields&&... fields) {
   (take(in, fields), ...);
   return !in.fail();
 }
@@ -146,8 +158,8 @@ bool takeSkipList(std::istream& in, uint64_t count, std::vector<std::u16string>&
 bool takeExtension(std::istream& in, Settings& s) {
   return takeAll(in, s.hideNoDocument, s.hideZero, s.hideExcluded, s.transparent, s.machineTime,
                  s.resetDelay, s.blinkSeconds, s.blinkOn, s.blinkOff, s.foreground, s.background,
-                 s.alert, s.opacity, s.shape, s.fontWeight, s.fontName, s.soundFile, s.soundSeconds,
-                 s.remotePort, s.remoteAutoStart) &&
+                 s.alert, s.opacity, s.shape, s.fontWeight, s.fontName, s.soundFile,
+                 Unchecked{s.soundSeconds}, s.remotePort, s.remoteAutoStart) &&
          inRanges(s, kExtensionRanges);
 }
 

@@ -280,6 +280,14 @@ TEST(ParseSettingsTest, ANegativeNumberInACheckedFieldIsRefused) {
   EXPECT_EQ(refusal(withText(" 30 0", " -30 0")), kBadPrompt);
 }
 
+TEST(ParseSettingsTest, ANegativeNumberThatWouldWrapIntoItsRangeIsRefusedToo) {
+  EXPECT_EQ(refusal(withText("900 1", "-4294967196 1")), kBadFormat);
+  EXPECT_EQ(refusal(withText("10 183", "10 -4294967113")), kBadFormat);
+  EXPECT_EQ(refusal(withText("\n0\n0 0", "\n-18446744073709551615\n0 0")), kBadFormat);
+  EXPECT_EQ(refusal(withText(" 80 1", " -4294967216 1")), kBadExtension);
+  EXPECT_EQ(refusal(withText(" 30 0", " -4294967266 0")), kBadPrompt);
+}
+
 TEST(ParseSettingsTest, ANegativeSoundLengthWrapsBecauseNothingChecksIt) {
   EXPECT_EQ(loaded(withText("0 22222 1", "-1 22222 1")).soundSeconds, 4294967295U);
 }

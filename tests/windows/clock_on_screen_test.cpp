@@ -225,6 +225,12 @@ TEST_F(ClockOnScreenTest, TheLimitsAreTheSystemsTrackingLimitsToo) {
   EXPECT_EQ(limits.ptMaxTrackSize.y, scaled(600));
 }
 
+TEST_F(ClockOnScreenTest, AClockSavedAtTheEndOfTheNumbersIsCorrectedToo) {
+  startAt(INT32_MAX, INT32_MAX);
+  EXPECT_TRUE(isAt(30, 30));
+  EXPECT_TRUE(hasSize(scaled(183), scaled(82)));
+}
+
 TEST_F(ClockOnScreenTest, TheUserHidesAndShowsTheClock) {
   startAt(200, 150);
   program.command(kCommandHideClock);

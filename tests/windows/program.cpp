@@ -115,6 +115,8 @@ bool Program::startForUser() {
   return waitUntil([&] { return (window = clockOf(processId)) != nullptr; });
 }
 
+bool Program::startInVain(DWORD& exitCode) { return launch(L"") && waitForEnd(exitCode); }
+
 bool Program::start(const std::wstring& arguments, Opening opening) {
   if (!launch(arguments + L" \"--test-root=" + root.path() + L"\"")) return false;
   const std::string id = std::to_string(processId);

@@ -45,6 +45,8 @@ class Program {
   /// As its user starts it: outside of a test's folder, on the real network. It must not run
   /// already.
   [[nodiscard]] bool startForUser();
+  /// The same where another program is to take over: waits for the end; false when it doesn't come.
+  [[nodiscard]] bool startInVain(DWORD& exitCode);
 
   /// Null while it is not shown.
   HWND settingsWindow() const;

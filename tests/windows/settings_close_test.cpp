@@ -172,5 +172,21 @@ TEST_F(SettingsCloseTest, TheEndOfTheProgramAsksTooAndNoKeepsItRunning) {
   EXPECT_EQ(program.settings().duration, 900u);
 }
 
+TEST_F(SettingsCloseTest, ClosingTheClockAsksJustAsTheMenuDoes) {
+  ASSERT_NO_FATAL_FAILURE(openWithWrongInput());
+  PostMessageW(program.clock(), WM_CLOSE, 0, 0);
+  ASSERT_TRUE(asks());
+  EXPECT_EQ(questionText(), L"部分输入无效或保存失败，尚未生效。放弃这些输入并退出？");
+  answer(IDNO);
+  expectAllAsItWas();
+  EXPECT_TRUE(IsWindow(program.clock()));
+  PostMessageW(program.clock(), WM_CLOSE, 0, 0);
+  ASSERT_TRUE(asks());
+  answer(IDYES);
+  DWORD exitCode = 99;
+  EXPECT_TRUE(program.waitForEnd(exitCode));
+  EXPECT_EQ(exitCode, 0u);
+}
+
 }  // namespace
 }  // namespace mrl

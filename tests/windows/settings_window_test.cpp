@@ -8,8 +8,10 @@
 #include <string_view>
 
 #include "core/command_ids.h"
+#include "core/unique_handle.h"
 #include "core/wide_win.h"
 #include "core/window_classes_win.h"
+#include "remote/raw_client_win.h"
 #include "resources/resource_ids.h"
 #include "settings_window/control_ids.h"
 #include "windows/picture.h"
@@ -316,6 +318,24 @@ TEST_F(SettingsWindowTest, ASettingsFileThatCouldNotBeReadIsTheFirstThingItSays)
   EXPECT_FALSE(text(kStatusText).empty());
   EXPECT_NE(text(kStatusText), L"设置自动生效");
   EXPECT_EQ(program.settingsBytes(), "no settings at all") << "and it is left alone";
+}
+
+TEST_F(SettingsWindowTest, WhatIsWrongWithTheFileIsNotHiddenByAServiceThatCannotStart) {
+  const Winsock winsock;
+  const UniqueHandle<ClientTraits> taken(socket(AF_INET, SOCK_STREAM, 0));
+  sockaddr_in address{};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  address.sin_port = htons(22222);
+  ASSERT_TRUE(standin::waitUntil([&] {
+    return bind(taken.get(), reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+  })) << "another test's program has it for as long as it runs";
+  ASSERT_EQ(listen(taken.get(), 1), 0);
+  program.prepareBytes("no settings at all");
+  ASSERT_NO_FATAL_FAILURE(openAsItIs());
+  EXPECT_EQ(text(kStatusText),
+            L"配置格式无效，已使用默认值；原文件未覆盖。\n"
+            L"遥控端口 22222 无法监听，请检查网络或更换端口。");
 }
 
 TEST_F(SettingsWindowTest, TheProgramEndsWithItOpen) {
