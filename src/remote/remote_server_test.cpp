@@ -14,6 +14,7 @@ namespace {
 constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
 constexpr uint32_t kWireless = ipv4(10, 0, 0, 7);
 constexpr int32_t kPort = 22222;
+constexpr int kBacklog = 8;
 constexpr char16_t kPortText[] = u"遥控端口 22222 无法监听，请检查网络或更换端口。";
 
 class RemoteServerTest : public ::testing::Test {
@@ -42,8 +43,9 @@ class RemoteServerTest : public ::testing::Test {
 
 TEST_F(RemoteServerTest, AStartListensOnEachAddressAndOnLoopback) {
   ASSERT_TRUE(start({kWired, kWireless}));
-  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{
-                               {kWired, kPort}, {kWireless, kPort}, {kLoopback, kPort}}));
+  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kWired, kPort, kBacklog},
+                                                            {kWireless, kPort, kBacklog},
+                                                            {kLoopback, kPort, kBacklog}}));
   EXPECT_EQ(server.addresses, (std::vector{kWired, kWireless}));
   EXPECT_TRUE(server.running);
   EXPECT_EQ(error, u"");
@@ -51,7 +53,7 @@ TEST_F(RemoteServerTest, AStartListensOnEachAddressAndOnLoopback) {
 
 TEST_F(RemoteServerTest, WithoutAnAddressThereIsLoopback) {
   ASSERT_TRUE(start());
-  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kLoopback, kPort}}));
+  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kLoopback, kPort, kBacklog}}));
 }
 
 TEST_F(RemoteServerTest, ThePortIsThatOfTheSettings) {
@@ -208,7 +210,7 @@ TEST_F(RemoteServerTest, WithSixtyThreeAddressesAllSixtyFourSocketsAreWaitedFor)
   ASSERT_TRUE(start(std::vector<uint32_t>(63, kWired)));
   while (sockets.idleWaits == 0) std::this_thread::yield();
   stopServer(server);
-  EXPECT_EQ(sockets.askedToWait.front(), kMostListeners);
+  EXPECT_EQ(sockets.waits.front().listeners, kMostListeners);
 }
 
 }  // namespace
