@@ -215,7 +215,7 @@ void showIdleCost() {
   ClockPosix clock;
   RemoteServer server;
   server.session = sockets.start();
-  server.listeners.push_back(server.session->listen(kLoopback, 0));
+  server.listeners.push_back(server.session->listen(kLoopback, 0, 1));
   const double ours = idleMs(server.running, [&] { runListener(server, {clock, queue}); });
   const double sleeper = idleMs(server.running, [&] {
     while (server.running) std::this_thread::sleep_for(milliseconds(kWaitForConnectionMs));

@@ -8,12 +8,14 @@ namespace mrl {
 
 class ShellFake : public Shell {
  public:
-  bool open(const std::u16string& target) override {
+  bool open(const std::u16string& target, const std::u16string& folder) override {
     opened.push_back(target);
+    folders.push_back(folder);
     return !fails;
   }
 
   std::vector<std::u16string> opened;
+  std::vector<std::u16string> folders;  // in which each of them was opened
   bool fails = false;
 };
 

@@ -7,7 +7,7 @@ namespace mrl {
 
 class ShellWin : public Shell {
  public:
-  bool open(const std::u16string& target) override;
+  bool open(const std::u16string& target, const std::u16string& folder) override;
 };
 
 }  // namespace mrl

@@ -5,6 +5,7 @@
 
 #include "core/text.h"
 #include "remote/ipv4.h"
+#include "remote/sockets.h"
 
 namespace mrl {
 namespace {
@@ -15,8 +16,7 @@ constexpr char16_t kNoAdapters[] = u"无法读取网络地址，请检查网络�
 constexpr char16_t kNoAddress[] = u"未发现已连接的 IPv4 网络，请检查网络连接后重新启动遥控服务。";
 constexpr char16_t kTooMany[] = u"网络地址过多，无法启动遥控服务。";
 
-/// The listener waits for 64 sockets at most, and loopback takes one.
-constexpr size_t kMaxAddresses = 63;
+constexpr size_t kMaxAddresses = kMostListeners - 1;  // loopback takes one
 
 struct AddressCandidate {
   uint32_t address = 0;

@@ -24,7 +24,6 @@ constexpr char16_t kUnknownField[] = u"请求包含不支持的字段，未修�
 constexpr char16_t kConflict[] = u"全屏黑屏不能与退出放映或播放指定文稿同时开启。";
 constexpr char16_t kApplied[] = u"遥控参数已保存并应用。";
 
-constexpr int32_t kMaxDurationSeconds = 59999;
 constexpr int32_t kMaxEffectSeconds = 3600;
 constexpr int32_t kMaxColour = 0xFFFFFF;
 

@@ -12,6 +12,8 @@
 
 namespace mrl {
 
+constexpr int32_t kMaxDurationSeconds = 59999;  // that a remote control may set
+
 /// One row of the form. Points into the record that it was made for.
 struct ControlField {
   std::string name;  // key of the document and of the form

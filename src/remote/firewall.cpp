@@ -23,15 +23,10 @@ constexpr char16_t kNotMade[] = u"无法创建防火墙规则（错误 ";
 constexpr char16_t kNotMadeEnd[] = u"）；请检查系统策略。";
 constexpr char16_t kNotVerified[] = u"防火墙规则未能验证，请检查系统策略。";
 
-constexpr int32_t kTcp = 6;
-constexpr int32_t kInbound = 1;
 constexpr int32_t kAllow = 1;
 constexpr int32_t kThreeProfiles = 7;
 constexpr int32_t kAllProfiles = 0x7FFFFFFF;
 constexpr uint32_t kErrorCancelled = 1223;
-constexpr size_t kLongestSystemFolder = 259;
-
-bool isServicePort(int32_t port) { return port >= 1024 && port <= 65535; }
 
 bool sameText(const std::u16string& a, const std::u16string& b) {
   return lowerCopy(a) == lowerCopy(b);
@@ -46,8 +41,8 @@ bool isWhole(const FirewallRule& rule) {
 bool fits(const FirewallRule& rule, const std::u16string& exePath, int32_t port) {
   return sameText(*rule.application, exePath) && sameText(*rule.localPorts, decimal(port)) &&
          sameText(*rule.remoteAddresses, u"LocalSubnet") && *rule.enabled == kFirewallTrue &&
-         *rule.edgeTraversal == kFirewallFalse && *rule.protocol == kTcp &&
-         *rule.direction == kInbound && *rule.action == kAllow &&
+         *rule.edgeTraversal == kFirewallFalse && *rule.protocol == kFirewallTcp &&
+         *rule.direction == kFirewallInbound && *rule.action == kAllow &&
          (*rule.profiles == kThreeProfiles || *rule.profiles == kAllProfiles);
 }
 
@@ -79,13 +74,14 @@ FirewallRuleState judgeOwnRule(FirewallRules& rules, const std::u16string& exePa
 bool makeRule(FirewallRules& rules, WindowHandle owner, int32_t port, std::u16string& message) {
   const std::u16string arguments = netshRuleArguments(rules.programPath(), port);
   const std::u16string system = rules.systemFolder();
-  if (arguments.empty() || system.empty() || system.size() > kLongestSystemFolder) {
+  if (arguments.empty() || system.empty()) {
     message = kNotPrepared;
     return false;
   }
-  // By its full path: a search could be led to another program of that name, and this one is run
-  // with administrator rights.
-  const ElevatedRun run = rules.runElevated(owner, system + u"\\netsh.exe", arguments);
+  // By its full path and in the system's folder: a search, for it or for a library of its own,
+  // could be led to another file of that name, and this one is run with administrator rights.
+  const ElevatedRun run = rules.runElevated(
+      owner, {.program = system + u"\\netsh.exe", .arguments = arguments, .folder = system});
   if (!run.started) {
     message = run.error == kErrorCancelled ? kDeclined
                                            : kNotElevated + decimal(run.error) + kNotElevatedEnd;

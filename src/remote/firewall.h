@@ -41,6 +41,9 @@ enum class FirewallRuleState : int32_t {
 [[nodiscard]] bool scanBlockRules(FirewallRules& rules, const std::u16string& exePath, int32_t port,
                                   std::u16string& message, bool& blockedFound);
 
+/// Whether the service may use `port` at all.
+[[nodiscard]] constexpr bool isServicePort(int32_t port) { return port >= 1024 && port <= 65535; }
+
 /// Whether a firewall's list of ports ("80,8000-8100") holds `port`; true whenever that can't be
 /// told.
 [[nodiscard]] bool portSpecCovers(std::u16string_view ports, int32_t port);

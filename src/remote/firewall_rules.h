@@ -12,6 +12,8 @@ namespace mrl {
 
 constexpr int32_t kFirewallTrue = -1;
 constexpr int32_t kFirewallFalse = 0;
+constexpr int32_t kFirewallTcp = 6;
+constexpr int32_t kFirewallInbound = 1;
 
 /// A rule as the firewall tells it, with the firewall's own numbers. Nothing stands in a field that
 /// could not be read; a text that the rule doesn't have is empty.
@@ -29,7 +31,8 @@ struct FirewallRule {
 };
 
 enum class RuleWalk {
-  Ended,
+  Ended,          // all rules were seen
+  Stopped,        // the visitor has seen enough
   NoFirewall,     // there are no rules to be had at all
   NoEnumeration,  // the rules can't be gone through
   NoRule,         // an element was no rule
@@ -37,6 +40,13 @@ enum class RuleWalk {
 };
 
 enum class RuleSearch { Found, NotFound, NoMemory, Failed };
+
+struct ElevatedCommand {
+  std::u16string program;    // by its full path
+  std::u16string arguments;  // as one line
+  std::u16string folder;     // in which it starts
+  bool operator==(const ElevatedCommand&) const = default;
+};
 
 /// How an elevated command went.
 struct ElevatedRun {
@@ -55,12 +65,12 @@ class FirewallRules {
   [[nodiscard]] virtual std::u16string systemFolder() = 0;
   /// `text` with its environment variables filled in; as it is when that fails.
   [[nodiscard]] virtual std::u16string expanded(const std::u16string& text) = 0;
-  /// Hands every rule to `visit` until that returns false, which counts as Ended.
+  /// Hands every rule to `visit` until that returns false.
   [[nodiscard]] virtual RuleWalk forEach(const std::function<bool(const FirewallRule&)>& visit) = 0;
   [[nodiscard]] virtual RuleSearch find(const std::u16string& name, FirewallRule& rule) = 0;
   /// Asks the user for administrator rights, runs the program hidden and waits for its end.
-  [[nodiscard]] virtual ElevatedRun runElevated(WindowHandle owner, const std::u16string& program,
-                                                const std::u16string& arguments) = 0;
+  [[nodiscard]] virtual ElevatedRun runElevated(WindowHandle owner,
+                                                const ElevatedCommand& command) = 0;
 };
 
 }  // namespace mrl

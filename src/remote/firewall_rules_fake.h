@@ -34,7 +34,7 @@ class FirewallRulesFake : public FirewallRules {
   RuleWalk forEach(const std::function<bool(const FirewallRule&)>& visit) override {
     if (walk == RuleWalk::NoFirewall || walk == RuleWalk::NoEnumeration) return walk;
     for (const FirewallRule& rule : rules) {
-      if (!visit(rule)) return RuleWalk::Ended;
+      if (!visit(rule)) return RuleWalk::Stopped;
     }
     return walk;
   }
@@ -49,10 +49,9 @@ class FirewallRulesFake : public FirewallRules {
     }
     return RuleSearch::NotFound;
   }
-  ElevatedRun runElevated(WindowHandle window, const std::u16string& program,
-                          const std::u16string& arguments) override {
+  ElevatedRun runElevated(WindowHandle window, const ElevatedCommand& command) override {
     owner = window;
-    commands.push_back(program + u" " + arguments);
+    commands.push_back(command);
     if (run.started && run.exitCode == 0) rules.insert(rules.end(), made.begin(), made.end());
     return run;
   }
@@ -68,7 +67,7 @@ class FirewallRulesFake : public FirewallRules {
   std::vector<FirewallRule> made;  // what the elevated command adds
 
   WindowHandle owner;
-  std::vector<std::u16string> commands;
+  std::vector<ElevatedCommand> commands;
   std::vector<std::u16string> searched;
 };
 

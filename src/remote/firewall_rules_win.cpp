@@ -130,7 +130,7 @@ RuleWalk FirewallRulesWin::forEach(const std::function<bool(const FirewallRule&)
                                                 reinterpret_cast<void**>(rule.put())))) {
       return RuleWalk::NoRule;
     }
-    if (!visit(ruleFrom(*rule))) return RuleWalk::Ended;
+    if (!visit(ruleFrom(*rule))) return RuleWalk::Stopped;
   }
 }
 
@@ -147,10 +147,10 @@ RuleSearch FirewallRulesWin::find(const std::u16string& name, FirewallRule& rule
   return RuleSearch::Found;
 }
 
-ElevatedRun FirewallRulesWin::runElevated(WindowHandle owner, const std::u16string& program,
-                                          const std::u16string& arguments) {
-  const std::wstring file = wideFrom(program);
-  const std::wstring parameters = wideFrom(arguments);
+ElevatedRun FirewallRulesWin::runElevated(WindowHandle owner, const ElevatedCommand& command) {
+  const std::wstring file = wideFrom(command.program);
+  const std::wstring parameters = wideFrom(command.arguments);
+  const std::wstring folder = wideFrom(command.folder);
   SHELLEXECUTEINFOW info{};
   info.cbSize = sizeof info;
   info.fMask = SEE_MASK_NOCLOSEPROCESS | SEE_MASK_NOASYNC;
@@ -158,6 +158,7 @@ ElevatedRun FirewallRulesWin::runElevated(WindowHandle owner, const std::u16stri
   info.lpVerb = L"runas";
   info.lpFile = file.c_str();
   info.lpParameters = parameters.c_str();
+  info.lpDirectory = folder.c_str();
   info.nShow = SW_HIDE;
   if (!ShellExecuteExW(&info)) return {.error = GetLastError()};
   ElevatedRun run{.started = true, .exitCode = 0xFFFFFFFF};

@@ -13,8 +13,7 @@ class FirewallRulesWin : public FirewallRules {
   std::u16string expanded(const std::u16string& text) override;
   RuleWalk forEach(const std::function<bool(const FirewallRule&)>& visit) override;
   RuleSearch find(const std::u16string& name, FirewallRule& rule) override;
-  ElevatedRun runElevated(WindowHandle owner, const std::u16string& program,
-                          const std::u16string& arguments) override;
+  ElevatedRun runElevated(WindowHandle owner, const ElevatedCommand& command) override;
 };
 
 }  // namespace mrl

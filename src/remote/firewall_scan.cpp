@@ -28,9 +28,7 @@ constexpr char16_t kFoundTail[] =
     u"点击“检查与修复”查看处理方式。";
 
 constexpr size_t kListed = 4;
-constexpr int32_t kTcp = 6;
 constexpr int32_t kAnyProtocol = 256;
-constexpr int32_t kInbound = 1;
 constexpr int32_t kBlock = 0;
 constexpr int32_t kProfiles = 7;
 
@@ -40,7 +38,6 @@ struct BlockScan {
   int32_t port;
   size_t count = 0;
   std::vector<std::u16string> lines = {};
-  std::u16string failure = {};
 };
 
 bool isReadable(const FirewallRule& rule) {
@@ -50,38 +47,33 @@ bool isReadable(const FirewallRule& rule) {
 
 /// REQUIRES: the rule is readable.
 bool blocksInbound(const FirewallRule& rule) {
-  return *rule.enabled != kFirewallFalse && *rule.direction == kInbound && *rule.action == kBlock &&
-         (*rule.profiles & kProfiles) != 0 &&
-         (*rule.protocol == kTcp || *rule.protocol == kAnyProtocol);
+  return *rule.enabled != kFirewallFalse && *rule.direction == kFirewallInbound &&
+         *rule.action == kBlock && (*rule.profiles & kProfiles) != 0 &&
+         (*rule.protocol == kFirewallTcp || *rule.protocol == kAnyProtocol);
 }
 
-bool fail(BlockScan& scan, const char16_t* reason) {
-  scan.failure = reason;
-  return false;
-}
-
-/// Looks at one rule; false when the walk must end.
-bool look(BlockScan& scan, const FirewallRule& rule) {
-  if (!isReadable(rule)) return fail(scan, kUnreadable);
-  if (!blocksInbound(rule)) return true;
+/// Looks at one rule. What it gives is why the walk must end; null when it goes on.
+const char16_t* look(BlockScan& scan, const FirewallRule& rule) {
+  if (!isReadable(rule)) return kUnreadable;
+  if (!blocksInbound(rule)) return nullptr;
   const std::u16string application = scan.rules.expanded(*rule.application);
   const bool namesProgram = !application.empty() && application != u"*";
-  if (namesProgram && lowerCopy(application) != lowerCopy(scan.exePath)) return true;
+  if (namesProgram && lowerCopy(application) != lowerCopy(scan.exePath)) return nullptr;
 
   std::u16string ports = kAllProtocols;
-  if (*rule.protocol == kTcp) {
-    if (!rule.localPorts) return fail(scan, kNoPorts);
-    if (!portSpecCovers(*rule.localPorts, scan.port)) return true;
+  if (*rule.protocol == kFirewallTcp) {
+    if (!rule.localPorts) return kNoPorts;
+    if (!portSpecCovers(*rule.localPorts, scan.port)) return nullptr;
     ports = rule.localPorts->empty() ? kAllPorts : *rule.localPorts;
   }
-  if (!rule.name) return fail(scan, kNoName);
+  if (!rule.name) return kNoName;
   ++scan.count;
   if (scan.lines.size() < kListed) {
     scan.lines.push_back((rule.name->empty() ? kUnnamed : *rule.name) + u"（" +
                          (namesProgram ? kThisProgram : kAllPrograms) + u"；端口：" + ports +
                          u"）");
   }
-  return true;
+  return nullptr;
 }
 
 std::u16string reportOf(const BlockScan& scan) {
@@ -94,15 +86,17 @@ std::u16string reportOf(const BlockScan& scan) {
   return report + kFoundTail;
 }
 
-std::u16string failureOf(const BlockScan& scan, RuleWalk walk) {
+/// Null when all rules were seen. `trouble` is what the rule had that stopped the walk.
+const char16_t* failureOf(RuleWalk walk, const char16_t* trouble) {
   switch (walk) {
+    case RuleWalk::Ended: return nullptr;
+    case RuleWalk::Stopped: return trouble;
     case RuleWalk::NoFirewall: return kNoRules;
     case RuleWalk::NoEnumeration: return kNoEnumeration;
     case RuleWalk::NoRule: return kUnreadable;
     case RuleWalk::Broken: return kBroken;
-    case RuleWalk::Ended: break;
   }
-  return scan.failure;
+  return kBroken;
 }
 
 std::u16string_view trimmed(std::u16string_view text) {
@@ -137,9 +131,12 @@ bool tokenCovers(std::u16string_view token, int32_t port) {
 bool scanBlockRules(FirewallRules& rules, const std::u16string& exePath, int32_t port,
                     std::u16string& message, bool& blockedFound) {
   BlockScan scan{rules, exePath, port};
-  const RuleWalk walk = rules.forEach([&](const FirewallRule& rule) { return look(scan, rule); });
-  const std::u16string failure = failureOf(scan, walk);
-  if (!failure.empty()) {
+  const char16_t* trouble = nullptr;
+  const RuleWalk walk = rules.forEach([&](const FirewallRule& rule) {
+    trouble = look(scan, rule);
+    return trouble == nullptr;
+  });
+  if (const char16_t* const failure = failureOf(walk, trouble)) {
     message = failure;
     return false;
   }
@@ -150,7 +147,7 @@ bool scanBlockRules(FirewallRules& rules, const std::u16string& exePath, int32_t
 }
 
 bool portSpecCovers(std::u16string_view ports, int32_t port) {
-  if (port < 1024 || port > 65535 || ports.empty() || ports == u"*") return true;
+  if (!isServicePort(port) || ports.empty() || ports == u"*") return true;
   while (true) {
     const size_t comma = ports.find(u',');
     if (tokenCovers(trimmed(ports.substr(0, comma)), port)) return true;

@@ -12,6 +12,7 @@ namespace mrl {
 namespace {
 
 constexpr size_t kReceiveBytes = 2048;
+constexpr uint32_t kSocketCallLimitMs = 1500;
 
 const Answer kBadRequest{400, "Bad request", kPlainText};
 const Answer kWrongAddress{403, "Invalid request origin", kPlainText};
@@ -103,9 +104,9 @@ void serveConnection(const RemoteServer& server, const HandOverDoors& doors,
 
 void runListener(const RemoteServer& server, HandOverDoors doors) {
   while (server.running) {
-    ListeningSocket* const listener = server.session->wait(server.listeners);
+    ListeningSocket* const listener = server.session->wait(server.listeners, kWaitForConnectionMs);
     if (listener == nullptr) continue;
-    const auto connection = server.session->accept(*listener);
+    const auto connection = server.session->accept(*listener, kSocketCallLimitMs);
     if (connection) serveConnection(server, doors, *connection);
   }
 }

@@ -8,7 +8,8 @@
 
 namespace mrl {
 
-constexpr uint64_t kReadLimitMs = 2000;  // for head and body together, from the accept on
+constexpr uint32_t kWaitForConnectionMs = 200;  // and so how long a stop may have to wait
+constexpr uint64_t kReadLimitMs = 2000;         // for head and body together, from the accept on
 
 /// Serves until `server.running` is false. A connection that is being served then gets its answer
 /// first.

@@ -136,6 +136,15 @@ TEST_F(ListenerTest, AHeadMayRunOver8192BytesInTheReceiveThatCrossesThem) {
   EXPECT_EQ(statusOf(serve(pieces)), 200);
 }
 
+TEST_F(ListenerTest, NoReceiveOfHeadOrBodyTakesMoreThan2048Bytes) {
+  serve({get("/")});
+  EXPECT_EQ(peer.bufferBytes, 2048U);
+  const std::string request = form(std::string(5000, 'x'));
+  peer.bufferBytes.reset();
+  EXPECT_EQ(statusOf(serve(inPiecesOf(2048, request))), 200);
+  EXPECT_EQ(peer.bufferBytes, 2048U);
+}
+
 TEST_F(ListenerTest, AHeadThatHasNotEndedAt8192BytesIsReadNoFurther) {
   EXPECT_EQ(statusOf(serve(inPiecesOf(2048, headOf(8193)))), 400);
   EXPECT_EQ(peer.receives, 4U);
@@ -347,7 +356,7 @@ class ListenerLoopTest : public ListenerTest {
   void listenOn(size_t count) {
     app.remote.listeners.clear();
     for (size_t i = 0; i < count; ++i) {
-      app.remote.listeners.push_back(app.remote.session->listen(kLoopback, kPort));
+      app.remote.listeners.push_back(app.remote.session->listen(kLoopback, kPort, 1));
     }
   }
   void runLoop() { runListener(app.remote, doors); }
@@ -375,12 +384,18 @@ TEST_F(ListenerLoopTest, AFailedAcceptIsPassedOver) {
 TEST_F(ListenerLoopTest, NothingIsAskedOfTheNetworkWhenTheServiceDoesNotRun) {
   app.remote.running = false;
   runLoop();
-  EXPECT_TRUE(sockets.askedToWait.empty());
+  EXPECT_TRUE(sockets.waits.empty());
 }
 
-TEST_F(ListenerLoopTest, AllListenersAreWaitedFor) {
+TEST_F(ListenerLoopTest, AllListenersAreWaitedForAFifthOfASecondAtATime) {
   runLoop();
-  EXPECT_EQ(sockets.askedToWait, std::vector<size_t>{2});
+  EXPECT_EQ(sockets.waits, (std::vector<SocketsFake::Wait>{{2, 200}}));
+}
+
+TEST_F(ListenerLoopTest, NoCallOnAConnectionBlocksForLongerThan1500Ms) {
+  sockets.waiting = {{0, &peers[0]}};
+  runLoop();
+  EXPECT_EQ(peers[0].callLimitMs, 1500U);
 }
 
 }  // namespace

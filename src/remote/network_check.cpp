@@ -11,7 +11,7 @@ constexpr char16_t kTestMode[] = u"测试模式仅使用本机连接，不检查
 constexpr char16_t kRulesFound[] = u"发现需要检查的防火墙规则；请查看系统防火墙控制台。";
 constexpr char16_t kAskConsole[] =
     u"\n\n程序不会自动修改或删除这些规则。是否打开高级防火墙控制台，由你检查规则来源和范围？";
-constexpr char16_t kConsole[] = u"wf.msc";
+constexpr char16_t kConsole[] = u"\\wf.msc";
 constexpr char16_t kNoConsole[] =
     u"无法打开防火墙控制台，请在 Windows 中搜索“高级安全 Windows Defender 防火墙”。";
 constexpr char16_t kChecked[] = u"防火墙规则已核对。请启动遥控服务并在另一台设备上测试连接。";
@@ -25,10 +25,17 @@ void tell(App& app, const std::u16string& text, DialogIcon icon) {
   app.platform.settingsView.inform(text, kTitle, icon);
 }
 
+/// By its full path and in the system's folder: it gets this program's administrator rights, and a
+/// search would look into the current folder too, which may be the one of all downloads.
+bool openConsole(App& app) {
+  const std::u16string folder = app.platform.firewall.systemFolder();
+  return !folder.empty() && app.platform.shell.open(folder + kConsole, folder);
+}
+
 void offerConsole(App& app, const std::u16string& found) {
   setStatus(app, kRulesFound);
   if (!app.platform.settingsView.askYesNo(found + kAskConsole, kTitle, DialogIcon::Warning)) return;
-  if (!app.platform.shell.open(kConsole)) setStatus(app, kNoConsole);
+  if (!openConsole(app)) setStatus(app, kNoConsole);
 }
 
 bool hasNetwork(App& app) {

@@ -56,7 +56,8 @@ TEST_F(NetworkCheckTest, ARuleThatDoesNotFitIsShownAndTheConsoleOffered) {
                 {std::u16string(kMismatch) + u"\n\n程序不会自动修改或删除这些规则。"
                                              u"是否打开高级防火墙控制台，由你检查规则来源和范围？",
                  kTitle, DialogIcon::Warning}}));
-  EXPECT_EQ(shell.opened, std::vector<std::u16string>{u"wf.msc"});
+  EXPECT_EQ(shell.opened, std::vector<std::u16string>{u"C:\\Windows\\system32\\wf.msc"});
+  EXPECT_EQ(shell.folders, std::vector<std::u16string>{u"C:\\Windows\\system32"});
   EXPECT_EQ(firewall.rules.size(), 1u);
   EXPECT_TRUE(firewall.commands.empty());
 }
@@ -83,6 +84,17 @@ TEST_F(NetworkCheckTest, AConsoleThatCannotBeOpenedIsTold) {
   view().answersYes = true;
   shell.fails = true;
   press();
+  EXPECT_EQ(status(),
+            u"无法打开防火墙控制台，请在 Windows 中搜索“高级安全 Windows Defender 防火墙”。");
+}
+
+TEST_F(NetworkCheckTest, WithoutTheSystemsFolderTheConsoleIsNotSearchedFor) {
+  firewall.rules = {fitting};
+  firewall.rules[0].profiles = 6;
+  firewall.system.clear();
+  view().answersYes = true;
+  press();
+  EXPECT_TRUE(shell.opened.empty());
   EXPECT_EQ(status(),
             u"无法打开防火墙控制台，请在 Windows 中搜索“高级安全 Windows Defender 防火墙”。");
 }

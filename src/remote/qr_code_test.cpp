@@ -20,11 +20,16 @@ TEST(QrCodeTest, AnAddressGivesASquareWithItsThreeFinders) {
 }
 
 TEST(QrCodeTest, RowsAreNotColumns) {
-  QrMatrix matrix;
-  ASSERT_TRUE(encodeQrCode(u"http://127.0.0.1:22222/", matrix));
-  // The lower left has a finder, the lower right has none.
-  EXPECT_TRUE(matrix[matrix.size() - 1][0] && matrix[matrix.size() - 1][6]);
-  EXPECT_TRUE(matrix[0][matrix.size() - 1] && matrix[6][matrix.size() - 1]);
+  // The one module that is dark in every code stands beside the lower left finder; in its place at
+  // the upper right is a bit of the code's format.
+  int darkAtTheUpperRight = 0;
+  for (const char16_t digit : std::u16string_view(u"123456789")) {
+    QrMatrix matrix;
+    ASSERT_TRUE(encodeQrCode(std::u16string(u"http://10.0.0.") + digit + u":22222/", matrix));
+    EXPECT_TRUE(matrix[matrix.size() - 8][8]);
+    darkAtTheUpperRight += matrix[8][matrix.size() - 8] ? 1 : 0;
+  }
+  EXPECT_LT(darkAtTheUpperRight, 9);
 }
 
 TEST(QrCodeTest, DifferentTextsGiveDifferentCodes) {

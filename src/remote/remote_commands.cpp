@@ -10,6 +10,7 @@
 #include "presentation/documents.h"
 #include "presentation/show_control.h"
 #include "presentation/show_poll.h"
+#include "remote/controls.h"
 #include "remote/remote_refusals.h"
 #include "settings_window/settings_form.h"
 
@@ -19,7 +20,6 @@ namespace {
 constexpr char16_t kUnknown[] = u"未知操作。";
 constexpr char16_t kFileGone[] = u"文件列表已变化或文件不在当前文件夹，请刷新。";
 constexpr char16_t kBadDuration[] = u"时长须为 0–59999 秒。";
-constexpr int32_t kMaxDurationSeconds = 59999;
 constexpr uint32_t kShineSeconds = 3;
 constexpr uint64_t kOpenPulseMs = 2000;
 

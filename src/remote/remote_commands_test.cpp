@@ -209,6 +209,23 @@ TEST_F(RemoteCommandsTest, WithoutAShowTheShowCommandsTellWhy) {
   }
 }
 
+TEST_F(RemoteCommandsTest, ExitEndsTheShowAndCloseClosesItsDocument) {
+  startShow(kDeck);
+  waitForPoll();
+  send("exit");
+  EXPECT_TRUE(program->shows.empty());
+  EXPECT_EQ(program->decks.size(), 1u);
+  send("close");
+  EXPECT_TRUE(program->decks.empty());
+}
+
+TEST_F(RemoteCommandsTest, CloseClosesADocumentInItsShowToo) {
+  startShow(kDeck);
+  waitForPoll();
+  send("close");
+  EXPECT_TRUE(program->decks.empty());
+}
+
 TEST_F(RemoteCommandsTest, ExitAndCloseEndTheOpenPulseFirst) {
   for (const char* word : {"exit", "close"}) {
     app.openPulseTarget = kDeck;
@@ -243,6 +260,18 @@ TEST_F(RemoteCommandsTest, AShowWhoseDocumentCannotBeToldIsNotBroughtToTheFront)
   send("begin");
   EXPECT_EQ(app.openPulseTarget, kOtherDeck);
   EXPECT_EQ(app.openPulseUntilMs, 5u);
+}
+
+TEST_F(RemoteCommandsTest, AStartByKeysThatShowsNothingYetBringsNothingToTheFront) {
+  program->runs = false;
+  outside.addEditWindow(70, u"demo.pptx - PowerPoint");
+  for (const char* word : {"begin", "current"}) {
+    app.openPulseTarget = kOtherDeck;
+    app.openPulseUntilMs = 5;
+    send(word);
+    EXPECT_EQ(app.openPulseTarget, kOtherDeck);
+    EXPECT_EQ(app.openPulseUntilMs, 5u);
+  }
 }
 
 TEST_F(RemoteCommandsTest, TheOtherShowAndFileCommandsLeaveTheOpenPulseAlone) {
@@ -372,6 +401,13 @@ TEST_F(RemoteCommandsTest, SettingsAreNotChangedOverUnfinishedInputButTheRestGoe
   }
   for (const char* word : {"file", "open-file", "close-file"}) send(word, idOf(kDeck));
   send("toggle");
+}
+
+TEST_F(RemoteCommandsTest, InputOfAWindowThatHasBeenClosedHoldsNothingUp) {
+  app.form.isOpen = false;
+  app.form.settingsDirty = true;
+  send("duration", "60");
+  EXPECT_EQ(saved().duration, 60u);
 }
 
 TEST_F(RemoteCommandsTest, AnOpenFormIsFilledAnewAfterEachChange) {

@@ -17,6 +17,7 @@ constexpr char16_t kNoPage[] = u"遥控页面资源缺失";
 constexpr char16_t kPortFailed[] = u"遥控端口 ";
 constexpr char16_t kPortAdvice[] = u" 无法监听，请检查网络或更换端口。";
 constexpr size_t kKeyBytes = 16;
+constexpr int kListenBacklog = 8;
 
 bool makePairingKey(ServiceHost& host, std::string& key) {
   std::array<uint8_t, kKeyBytes> bytes{};
@@ -34,7 +35,8 @@ bool listenOnAll(RemoteServer& server) {
   std::vector<uint32_t> places = server.addresses;
   places.push_back(kLoopback);
   for (const uint32_t place : places) {
-    std::unique_ptr<ListeningSocket> listener = server.session->listen(place, server.port);
+    std::unique_ptr<ListeningSocket> listener =
+        server.session->listen(place, server.port, kListenBacklog);
     if (!listener) return false;
     server.listeners.push_back(std::move(listener));
   }

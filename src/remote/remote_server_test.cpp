@@ -12,6 +12,7 @@ namespace mrl {
 namespace {
 
 constexpr int32_t kServerPort = 22222;
+constexpr int kBacklog = 8;
 constexpr char16_t kPortText[] = u"遥控端口 22222 无法监听，请检查网络或更换端口。";
 
 class RemoteServerTest : public ::testing::Test {
@@ -40,9 +41,9 @@ class RemoteServerTest : public ::testing::Test {
 
 TEST_F(RemoteServerTest, AStartListensOnEachAddressAndOnLoopback) {
   ASSERT_TRUE(start({kWired, kWireless}));
-  EXPECT_EQ(sockets.bound,
-            (std::vector<SocketsFake::Place>{
-                {kWired, kServerPort}, {kWireless, kServerPort}, {kLoopback, kServerPort}}));
+  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kWired, kServerPort, kBacklog},
+                                                            {kWireless, kServerPort, kBacklog},
+                                                            {kLoopback, kServerPort, kBacklog}}));
   EXPECT_EQ(server.addresses, (std::vector{kWired, kWireless}));
   EXPECT_TRUE(server.running);
   EXPECT_EQ(error, u"");
@@ -50,7 +51,7 @@ TEST_F(RemoteServerTest, AStartListensOnEachAddressAndOnLoopback) {
 
 TEST_F(RemoteServerTest, WithoutAnAddressThereIsLoopback) {
   ASSERT_TRUE(start());
-  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kLoopback, kServerPort}}));
+  EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kLoopback, kServerPort, kBacklog}}));
 }
 
 TEST_F(RemoteServerTest, ThePortIsThatOfTheSettings) {
@@ -207,7 +208,7 @@ TEST_F(RemoteServerTest, WithSixtyThreeAddressesAllSixtyFourSocketsAreWaitedFor)
   ASSERT_TRUE(start(std::vector<uint32_t>(63, kWired)));
   while (sockets.idleWaits == 0) std::this_thread::yield();
   stopServer(server);
-  EXPECT_EQ(sockets.askedToWait.front(), kMostListeners);
+  EXPECT_EQ(sockets.waits.front().listeners, kMostListeners);
 }
 
 }  // namespace

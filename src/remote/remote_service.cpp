@@ -60,7 +60,7 @@ void openRemotePage(App& app) {
     writeTestFile(app, u"remote-opened.txt", "opened");
   } else {
     // A browser that can't be opened tells so itself.
-    (void)app.platform.shell.open(remoteUrlList({}, u"", app.remote.port));
+    (void)app.platform.shell.open(remoteUrlList({}, u"", app.remote.port), u"");
   }
 }
 

@@ -5,6 +5,7 @@
 #include <array>
 #include <atomic>
 #include <chrono>
+#include <cstring>
 #include <future>
 #include <random>
 #include <thread>
@@ -12,6 +13,7 @@
 
 #include "core/clock_win.h"
 #include "core/geometry_win.h"
+#include "core/replaced_import_win.h"
 #include "core/unique_handle.h"
 #include "remote/hand_over.h"
 #include "remote/ipv4.h"
@@ -88,6 +90,70 @@ TEST(RequestQueueWinTest, AnEventIsWaitedForAndStaysSet) {
   event->set();
   EXPECT_TRUE(event->wait(0));
   EXPECT_TRUE(event->wait(0));
+}
+
+TEST(RequestQueueWinTest, WhatWaitsForAnotherThreadIsWokenByTheSet) {
+  RequestQueueWin queue;
+  const auto event = queue.makeEvent();
+  std::thread other([&] { event->set(); });
+  EXPECT_TRUE(event->wait(10'000));
+  other.join();
+}
+
+/// What the library of sockets was told.
+struct WinsockStory {
+  int startupResult = 0;
+  int cleanups = 0;
+  WORD version = 0;
+  int optionResult = 0;
+  std::vector<int> options;
+};
+WinsockStory story;
+
+int WSAAPI startup(WORD version, WSADATA* /*data*/) {
+  story.version = version;
+  return story.startupResult;
+}
+int WSAAPI cleanup() {
+  ++story.cleanups;
+  return 0;
+}
+int WSAAPI setOption(SOCKET /*socket*/, int level, int option, const char* value, int size) {
+  int number = 0;
+  if (size == sizeof number) std::memcpy(&number, value, sizeof number);
+  if (level == SOL_SOCKET && number != 0) story.options.push_back(option);
+  return story.optionResult;
+}
+
+TEST(SocketsWinTest, ASessionAsksForVersion22AndGivesItBackOnce) {
+  story = {};
+  const ReplacedImport<decltype(startup)> start{"WSAStartup", startup};
+  const ReplacedImport<decltype(cleanup)> end{"WSACleanup", cleanup};
+  SocketsWin sockets;
+  auto session = sockets.start();
+  EXPECT_TRUE(session);
+  EXPECT_EQ(story.version, 0x0202);
+  EXPECT_EQ(story.cleanups, 0);
+  session.reset();
+  EXPECT_EQ(story.cleanups, 1);
+}
+
+TEST(SocketsWinTest, WithoutTheLibraryThereIsNoSessionAndNothingToGiveBack) {
+  story = {.startupResult = WSASYSNOTREADY};
+  const ReplacedImport<decltype(startup)> start{"WSAStartup", startup};
+  const ReplacedImport<decltype(cleanup)> end{"WSACleanup", cleanup};
+  SocketsWin sockets;
+  EXPECT_FALSE(sockets.start());
+  EXPECT_EQ(story.cleanups, 0);
+}
+
+TEST_F(RealSocketsTest, AListenersPlaceIsItsOwnOrItDoesNotListen) {
+  story = {};
+  const ReplacedImport<decltype(setOption)> options{"setsockopt", setOption};
+  EXPECT_TRUE(session->listen(kLoopback, port(), 1));
+  EXPECT_EQ(story.options, std::vector<int>{SO_EXCLUSIVEADDRUSE});
+  story.optionResult = SOCKET_ERROR;
+  EXPECT_FALSE(session->listen(kLoopback, port(), 1));
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 namespace mrl {
 
-/// One accepted connection. A call that blocks gives up after 1500 ms.
+/// One accepted connection. A call that blocks gives up after the time that its accept named.
 class Connection {
  public:
   virtual ~Connection() = default;
@@ -32,15 +32,17 @@ class ListeningSocket {
 class SocketSession {
  public:
   virtual ~SocketSession() = default;
-  /// Listens on one address (network order) and port, which nobody else may then take. Null on
-  /// failure.
-  [[nodiscard]] virtual std::unique_ptr<ListeningSocket> listen(uint32_t address, int32_t port) = 0;
+  /// Listens on one address (network order) and port, which nobody else may then take. At least
+  /// `backlog` peers may wait there to be accepted. Null on failure.
+  [[nodiscard]] virtual std::unique_ptr<ListeningSocket> listen(uint32_t address, int32_t port,
+                                                                int backlog) = 0;
   /// The first of at most 64 sockets, in their order, on which somebody waits to be accepted. Null
-  /// when nobody came within 200 ms, or the network failed.
+  /// when nobody came in time, or the network failed.
   [[nodiscard]] virtual ListeningSocket* wait(
-      std::span<const std::unique_ptr<ListeningSocket>> listeners) = 0;
+      std::span<const std::unique_ptr<ListeningSocket>> listeners, uint32_t limitMs) = 0;
   /// Null on failure.
-  [[nodiscard]] virtual std::unique_ptr<Connection> accept(ListeningSocket& listener) = 0;
+  [[nodiscard]] virtual std::unique_ptr<Connection> accept(ListeningSocket& listener,
+                                                           uint32_t callLimitMs) = 0;
 };
 
 class Sockets {
@@ -51,8 +53,5 @@ class Sockets {
 };
 
 constexpr size_t kMostListeners = 64;
-constexpr int kListenBacklog = 8;
-constexpr uint32_t kWaitForConnectionMs = 200;
-constexpr uint32_t kSocketCallLimitMs = 1500;
 
 }  // namespace mrl

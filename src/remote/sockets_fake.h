@@ -27,6 +27,8 @@ struct PeerFake {
   std::optional<uint32_t> localAddress = 0x0100007F;  // 127.0.0.1 on a little-endian machine
 
   std::string received;
+  std::optional<uint32_t> callLimitMs;  // of its connection, once it was accepted
+  std::optional<size_t> bufferBytes;    // of the latest receive
   size_t receives = 0;
   size_t sends = 0;
   bool closed = false;
@@ -41,6 +43,7 @@ class ConnectionFake : public Connection {
 
   int receive(std::span<char> buffer) override {
     if (peer.onReceive) peer.onReceive();
+    peer.bufferBytes = buffer.size();
     if (peer.receives >= peer.chunks.size()) return peer.silence;
     const std::string& chunk = peer.chunks[peer.receives++];
     assert(chunk.size() <= buffer.size());
@@ -70,7 +73,14 @@ class SocketsFake : public Sockets {
   struct Place {
     uint32_t address = 0;
     int32_t port = 0;
+    int backlog = 0;
     bool operator==(const Place&) const = default;
+  };
+
+  struct Wait {
+    size_t listeners = 0;
+    uint32_t limitMs = 0;
+    bool operator==(const Wait&) const = default;
   };
 
   std::unique_ptr<SocketSession> start() override;
@@ -83,8 +93,8 @@ class SocketsFake : public Sockets {
 
   // What it was told. `bound` is what is bound now.
   std::vector<Place> bound;
-  std::vector<size_t> askedToWait;  // how many listeners each wait was given
-  int sessions = 0;                 // open now
+  std::vector<Wait> waits;
+  int sessions = 0;  // open now
   int starts = 0;
   std::atomic<int> idleWaits = 0;  // waits to which nobody came
 };
@@ -115,12 +125,13 @@ class Session : public SocketSession {
   Session& operator=(const Session&) = delete;
   ~Session() override { --net.sessions; }
 
-  std::unique_ptr<ListeningSocket> listen(uint32_t address, int32_t port) override {
+  std::unique_ptr<ListeningSocket> listen(uint32_t address, int32_t port, int backlog) override {
     if (net.taken.contains(address)) return nullptr;
-    return std::make_unique<Listener>(net, SocketsFake::Place{address, port});
+    return std::make_unique<Listener>(net, SocketsFake::Place{address, port, backlog});
   }
-  ListeningSocket* wait(std::span<const std::unique_ptr<ListeningSocket>> listeners) override {
-    net.askedToWait.push_back(listeners.size());
+  ListeningSocket* wait(std::span<const std::unique_ptr<ListeningSocket>> listeners,
+                        uint32_t limitMs) override {
+    net.waits.push_back({listeners.size(), limitMs});
     if (!net.waiting.empty()) return listeners[net.waiting.front().listener].get();
     ++net.idleWaits;
     if (net.onIdle) {
@@ -130,10 +141,11 @@ class Session : public SocketSession {
     }
     return nullptr;
   }
-  std::unique_ptr<Connection> accept(ListeningSocket& /*listener*/) override {
+  std::unique_ptr<Connection> accept(ListeningSocket& /*listener*/, uint32_t callLimitMs) override {
     PeerFake* const peer = net.waiting.front().peer;
     net.waiting.pop_front();
     if (peer == nullptr) return nullptr;
+    peer->callLimitMs = callLimitMs;
     return std::make_unique<ConnectionFake>(*peer);
   }
 

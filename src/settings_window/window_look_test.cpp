@@ -99,13 +99,13 @@ TEST(PreviewHostLookTest, IsDarkBehindTextAloneAndLightOtherwise) {
 }
 
 TEST(QrCodeLookTest, EveryDarkModuleIsABlackSquareOnWhite) {
-  const QrMatrix matrix{{true, false}, {false, true}};
+  const QrMatrix matrix{{true, true}, {false, false}};  // its mirror image is another one
   const QrPlace place = placeQrCode(100, 100, 2);
   const int side = place.modulePixels;
   EXPECT_EQ(
       drawQrCode({100, 100}, matrix),
       (Drawing{Area{{0, 0, 100, 100}, kWhite}, Area{squareAt({place.left, place.top}, side), 0},
-               Area{squareAt({place.left + side, place.top + side}, side), 0}}));
+               Area{squareAt({place.left + side, place.top}, side), 0}}));
 }
 
 TEST(QrCodeLookTest, WithoutACodeItIsWhite) {

@@ -94,6 +94,11 @@ TEST_F(FirewallSystemTest, EveryStateOfTheCheckIsReached) {
   EXPECT_EQ(checkFirewallRule(rules, kPort, message), State::Blocked);
 }
 
+TEST_F(FirewallSystemTest, ARuleThatCannotBeReadEndsTheWalkAsAFailure) {
+  story.rules = {{.name = u"bare"}, ownRule()};
+  expectCheck(State::Failed, u"无法读取防火墙规则，不能确认权限状态。");
+}
+
 TEST_F(FirewallSystemTest, EveryFailureOfTheWalkIsTold) {
   story.hasStranger = true;
   expectCheck(State::Failed, u"无法读取防火墙规则，不能确认权限状态。");
@@ -121,6 +126,16 @@ TEST_F(FirewallSystemTest, TheElevatedCommandGetsItsArgumentsAndItsRuleIsBelieve
 
   story.rules = {ownRule()};  // as the command asked for
   EXPECT_TRUE(authorizeFirewallRule(rules, {}, kPort, message));
+}
+
+TEST_F(FirewallSystemTest, TheElevatedCommandRunsHiddenInTheSystemsFolder) {
+  const NetshInPlace netsh(rules.systemFolder());
+  std::u16string message;
+  EXPECT_FALSE(authorizeFirewallRule(rules, {}, kPort, message));
+  const std::vector<std::string> start = netsh.start();
+  ASSERT_EQ(start.size(), 2u);
+  EXPECT_TRUE(std::filesystem::equivalent(start[0], wideFrom(rules.systemFolder()))) << start[0];
+  EXPECT_EQ(start[1], "hidden");
 }
 
 TEST_F(FirewallSystemTest, OneAuthorizationChecksRunsTheCommandAndSeesItsRule) {

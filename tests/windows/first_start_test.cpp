@@ -77,6 +77,10 @@ class FirstStartTest : public testing::Test {
     std::error_code ignored;
     fs::remove_all(ownFolder(), ignored);
   }
+  static std::wstring systemFolder() {
+    wchar_t path[MAX_PATH];
+    return {path, GetSystemDirectoryW(path, MAX_PATH)};
+  }
   static fs::path ownFolder() { return fs::path(wideFrom(settingsPath())).parent_path(); }
   /// The status of the answer to a visit at `address`; 0 where nobody listens.
   int statusAt(uint32_t address, const std::string& host) const {
@@ -93,12 +97,6 @@ class FirstStartTest : public testing::Test {
   std::vector<uint32_t> addresses;
   int32_t port = 0;
   Program program;
-
- private:
-  static std::wstring systemFolder() {
-    wchar_t path[MAX_PATH];
-    return {path, GetSystemDirectoryW(path, MAX_PATH)};
-  }
 };
 
 TEST_F(FirstStartTest, TheFirewallIsAskedOnceAndThePageIsServedOnTheNetwork) {
@@ -109,6 +107,7 @@ TEST_F(FirstStartTest, TheFirewallIsAskedOnceAndThePageIsServedOnTheNetwork) {
   EXPECT_TRUE(asked[4].starts_with("name=Marlune LAN "));
   EXPECT_TRUE(asked[7].ends_with("marlune.exe"));
   EXPECT_EQ(asked[9], "localport=" + std::to_string(port));
+  EXPECT_TRUE(fs::equivalent(netsh.start().at(0), systemFolder()));
 
   const std::string own = dottedText(addresses.front());
   EXPECT_EQ(statusAt(addresses.front(), own), 200);

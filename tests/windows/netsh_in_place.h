@@ -39,14 +39,18 @@ class NetshInPlace {
     SetEnvironmentVariableW(L"MARLUNE_NETSH_STATUS", nullptr);
   }
   std::wstring log() const { return folder.path() + L"\\arguments.txt"; }
-  std::vector<std::string> arguments() const {
-    std::ifstream file(std::filesystem::path(log()), std::ios::binary);
+  std::vector<std::string> arguments() const { return linesOf(log()); }
+  /// In which folder the command ran, and whether "hidden" or "shown".
+  std::vector<std::string> start() const { return linesOf(log() + L".start"); }
+
+ private:
+  static std::vector<std::string> linesOf(const std::wstring& path) {
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);
     return lines;
   }
 
- private:
   static constexpr const wchar_t* kOverrideKey = L"Software\\Wine\\DllOverrides";
   static constexpr const wchar_t* kOverrides[] = {L"netsh.exe", L"*netsh.exe"};
   TemporaryFolder folder{L"netsh"};
