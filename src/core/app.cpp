@@ -4,6 +4,7 @@
 #include <memory>
 #include <system_error>
 
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/test_files.h"
