@@ -40,14 +40,16 @@ class ClockPictureTest : public testing::Test {
     return waitUntil([&] { return pictureOf(program.rect()) == expected; });
   }
   /// The ground of all four corners of the clock has that colour.
-  bool isFilledWith(uint32_t colour) {
-    return waitUntil([&] {
-      const Picture picture = pictureOf(program.rect());
-      const int right = picture.size.width - 1;
-      const int bottom = picture.size.height - 1;
-      return picture.at(0, 0) == colour && picture.at(right, 0) == colour &&
-             picture.at(0, bottom) == colour && picture.at(right, bottom) == colour;
-    });
+  bool isFilledWith(uint32_t colour, DWORD limitMs = 10'000) {
+    return waitUntil(
+        [&] {
+          const Picture picture = pictureOf(program.rect());
+          const int right = picture.size.width - 1;
+          const int bottom = picture.size.height - 1;
+          return picture.at(0, 0) == colour && picture.at(right, 0) == colour &&
+                 picture.at(0, bottom) == colour && picture.at(right, bottom) == colour;
+        },
+        limitMs);
   }
 
   TemporaryDeck talk{L"talk.pptx"};
@@ -81,13 +83,13 @@ TEST_F(ClockPictureTest, AfterTheFollowingDeckTheClockComesBackWithoutTheRedOfIt
   open(talk);
   tell(L"show");
   Settings settings = solid();
-  settings.duration = 4;
+  settings.duration = 10;
   settings.blink = true;
   settings.blinkOn = 3000;
   settings.switchPpt = true;
   settings.switchDeck = u16From(next.path);
   startTimer(settings);
-  ASSERT_TRUE(isFilledWith(settings.alert)) << "the time is up";
+  ASSERT_TRUE(isFilledWith(settings.alert, 20'000)) << "the time is up";
   ASSERT_TRUE(becomesVisible(false));
   ASSERT_TRUE(waitUntil([&] { return presentations.command(L"exit next.pptx") == L"ok"; }));
   ASSERT_TRUE(becomesVisible(true));
