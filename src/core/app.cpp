@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/second_start.h"

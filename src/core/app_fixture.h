@@ -8,12 +8,20 @@
 
 #include "core/app_fake.h"
 #include "core/tick.h"
+#include "overlay/clock_behaviour.h"
 #include "settings/settings_file.h"
 
 namespace mrl {
 
 class AppFixture : public ::testing::Test, protected AppFake {
  protected:
+  AppFixture() {
+    clockWindow.onPaint = [this] {
+      const ClockPicture picture = clockPicture(app);
+      seen = {picture.text, picture.blinkOn, picture.settings.background};
+    };
+  }
+
   static constexpr char16_t kDeck[] = u"C:\\talks\\demo.pptx";
   static constexpr char16_t kOtherDeck[] = u"C:\\talks\\other.pptx";
   static constexpr char16_t kSettingsPath[] = u"C:\\data\\settings.dat";
@@ -40,6 +48,7 @@ class AppFixture : public ::testing::Test, protected AppFake {
     for (uint64_t passed = 0; passed < ms; passed += kTickMs) {
       clock.advance(kTickMs);
       tick(app);
+      clockWindow.paintIfDue();
     }
   }
   /// Until a poll has seen the present state of things, and not a tick longer.
@@ -63,6 +72,14 @@ class AppFixture : public ::testing::Test, protected AppFake {
     outside.windows.windows.clear();
   }
   void closeDecks() { program->decks.clear(); }
+
+  /// What the user sees of a visible clock: the picture that was painted last.
+  struct Seen {
+    std::u16string text;
+    bool isAlert = false;
+    uint32_t background = 0;
+  };
+  Seen seen;
 
   int64_t elapsedMs() const { return elapsedAt(app.timer, clock.nowMs()); }
   TimerPhase phase() const { return app.timer.phase; }

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/geometry_win.h"
@@ -74,7 +75,6 @@ int AppWin::run(const std::vector<std::u16string>& arguments) {
 
 LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_DPICHANGED: moveToSuggestedRect(window, lParam); break;
     case WM_MEASUREITEM:
       if (measureMenuItem(window, *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
       break;
@@ -88,6 +88,7 @@ LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
   if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);
   if (isClass(window, kResizeClass)) return handleToolbarMessage(window, message, wParam, lParam);
   if (isClass(window, kBlackClass)) return handleBlackMessage(window, message, wParam, lParam);
+  if (message == WM_DPICHANGED) moveToSuggestedRect(window, lParam);
   if (const auto result = settingsMessages.handle(window, message, wParam, lParam)) return *result;
   return message == WM_DPICHANGED ? 0 : DefWindowProcW(window, message, wParam, lParam);
 }
@@ -111,7 +112,11 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       info->ptMaxTrackSize = {limits.largest.width, limits.largest.height};
       return 0;
     }
-    case WM_DPICHANGED: return 0;
+    case WM_DPICHANGED:
+      moveToSuggestedRect(window, lParam);
+      onClockDpiChanged(app);
+      return 0;
+    case WM_DISPLAYCHANGE: onScreensChanged(app); break;
     case WM_WINDOWPOSCHANGED: placeToolbar(app); break;
     case WM_NCHITTEST: {
       const CornerHit hit = clockHitTest(app, {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
@@ -119,6 +124,7 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       break;
     }
     case WM_NCLBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK:  // a second press soon after the first
       if (!app.resizeMode || !isCorner(wParam)) break;
       onCornerPress(app, static_cast<CornerHit>(wParam));
       return 0;
@@ -144,9 +150,11 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
 }
 
 LRESULT AppWin::handleToolbarMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_COMMAND) return DefWindowProcW(window, message, wParam, lParam);
-  runCommand(app, LOWORD(wParam));
-  return 0;
+  switch (message) {
+    case WM_COMMAND: runCommand(app, LOWORD(wParam)); return 0;
+    case WM_DPICHANGED: return 0;  // its size goes by the clock's resolution, not by its own
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -160,6 +168,8 @@ LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPA
       if (onBlackKey(app, static_cast<int>(wParam))) return 0;
       break;
     case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
+    // The rectangle that the system suggests keeps the size; this is to cover a monitor.
+    case WM_DPICHANGED: onScreensChanged(app); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);
 }

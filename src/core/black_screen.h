@@ -1,6 +1,9 @@
 // The windows that black out every monitor.
 #pragma once
 
+#include <vector>
+
+#include "core/screens.h"
 #include "core/window_handle.h"
 
 namespace mrl {
@@ -10,7 +13,9 @@ class BlackScreen {
  public:
   virtual ~BlackScreen() = default;
   /// One window over each monitor, shown; the first takes the foreground.
-  virtual void cover() = 0;
+  virtual void cover(const std::vector<Monitor>& monitors) = 0;
+  /// Moves the window over `monitor` to where that is now; a monitor without one gets none.
+  virtual void follow(const Monitor& monitor) = 0;
   virtual void uncover() = 0;
   [[nodiscard]] virtual bool isCovering() = 0;
   /// Whether that is one of the black windows.

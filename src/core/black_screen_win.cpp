@@ -10,18 +10,6 @@ namespace {
 
 constexpr UINT kRaiseOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 
-std::vector<RECT> monitorRects() {
-  std::vector<RECT> rects;
-  EnumDisplayMonitors(
-      nullptr, nullptr,
-      [](HMONITOR, HDC, RECT* rect, LPARAM list) -> BOOL {
-        reinterpret_cast<std::vector<RECT>*>(list)->push_back(*rect);
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&rects));
-  return rects;
-}
-
 }  // namespace
 
 BlackScreenWin::BlackScreenWin(HINSTANCE programInstance, void* parameter)
@@ -29,33 +17,42 @@ BlackScreenWin::BlackScreenWin(HINSTANCE programInstance, void* parameter)
 
 BlackScreenWin::~BlackScreenWin() { uncover(); }
 
-void BlackScreenWin::cover() {
-  for (const RECT& rect : monitorRects()) {
-    const HWND window =
-        CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kBlackClass, L"Marlune 黑屏", WS_POPUP,
-                        rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                        nullptr, nullptr, instance, creationParameter);
+void BlackScreenWin::cover(const std::vector<Monitor>& monitors) {
+  for (const Monitor& monitor : monitors) {
+    const Rect& rect = monitor.rect;
+    const HWND window = CreateWindowExW(
+        WS_EX_TOPMOST | WS_EX_TOOLWINDOW, kBlackClass, L"Marlune 黑屏", WS_POPUP, rect.left,
+        rect.top, rect.width(), rect.height(), nullptr, nullptr, instance, creationParameter);
     if (window == nullptr) continue;
-    windows.push_back(window);
+    windows.push_back({monitor.name, window});
     ShowWindow(window, SW_SHOW);
   }
-  if (!windows.empty()) SetForegroundWindow(windows.front());
+  if (!windows.empty()) SetForegroundWindow(windows.front().window);
+}
+
+void BlackScreenWin::follow(const Monitor& monitor) {
+  const Rect& rect = monitor.rect;
+  for (const Covered& each : windows) {
+    if (each.monitor != monitor.name) continue;
+    SetWindowPos(each.window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+  }
 }
 
 void BlackScreenWin::uncover() {
-  for (const HWND window : windows) DestroyWindow(window);
+  for (const Covered& each : windows) DestroyWindow(each.window);
   windows.clear();
 }
 
 bool BlackScreenWin::isCovering() { return !windows.empty(); }
 
 bool BlackScreenWin::contains(WindowHandle window) const {
-  return std::find(windows.begin(), windows.end(), windowFrom(window)) != windows.end();
+  return std::ranges::find(windows, windowFrom(window), &Covered::window) != windows.end();
 }
 
 void BlackScreenWin::raise() {
-  for (const HWND window : windows) {
-    if (IsWindow(window)) SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kRaiseOnly);
+  for (const Covered& each : windows) {
+    if (IsWindow(each.window)) SetWindowPos(each.window, HWND_TOPMOST, 0, 0, 0, 0, kRaiseOnly);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <string>
 #include <vector>
 
 #include "core/black_screen.h"
@@ -14,16 +15,22 @@ class BlackScreenWin : public BlackScreen {
   BlackScreenWin(HINSTANCE instance, void* creationParameter);
   ~BlackScreenWin() override;
 
-  void cover() override;
+  void cover(const std::vector<Monitor>& monitors) override;
+  void follow(const Monitor& monitor) override;
   void uncover() override;
   bool isCovering() override;
   bool contains(WindowHandle window) const override;
   void raise() override;
 
  private:
+  struct Covered {
+    std::u16string monitor;
+    HWND window;
+  };
+
   HINSTANCE instance;
   void* creationParameter;
-  std::vector<HWND> windows;  // in the order of the monitors
+  std::vector<Covered> windows;  // in the order of the monitors
 };
 
 }  // namespace mrl

@@ -1,5 +1,6 @@
 #include "core/commands.h"
 
+#include "core/blackout.h"
 #include "core/expiry.h"
 #include "core/tick.h"
 #include "overlay/clock_behaviour.h"
@@ -11,7 +12,6 @@ namespace mrl {
 namespace {
 
 // Windows' virtual keys.
-constexpr int kKeyEscape = 0x1B;
 constexpr int kKeyF2 = 0x71;
 constexpr int kKeyF4 = 0x73;
 
@@ -86,12 +86,6 @@ bool onClockKey(App& app, int virtualKey) {
     case kKeyF4: runCommand(app, kCommandReset); return true;
     default: return app.blackActive && onBlackKey(app, virtualKey);
   }
-}
-
-bool onBlackKey(App& app, int virtualKey) {
-  if (virtualKey != kKeyEscape) return false;
-  exitShow(app);
-  return true;
 }
 
 }  // namespace mrl

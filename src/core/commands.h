@@ -9,8 +9,7 @@ namespace mrl {
 /// Runs a command; a number that is none only repaints the clock. UI thread.
 void runCommand(App& app, int command);
 
-/// A key on the clock, or on a black window. True when it meant something.
+/// A key on the clock. True when it meant something.
 bool onClockKey(App& app, int virtualKey);
-bool onBlackKey(App& app, int virtualKey);
 
 }  // namespace mrl

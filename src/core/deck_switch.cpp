@@ -1,6 +1,7 @@
 #include "core/deck_switch.h"
 
 #include "core/audio.h"
+#include "core/blackout.h"
 #include "core/expiry.h"
 #include "core/tick.h"
 #include "presentation/documents.h"

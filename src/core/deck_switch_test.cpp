@@ -181,6 +181,17 @@ TEST_F(DeckSwitchTest, WhenTheDeckHasEndedTheClockComesBackAndTheTimerStaysPause
   EXPECT_EQ(phase(), TimerPhase::Paused);
 }
 
+TEST_F(DeckSwitchTest, WhenTheDeckHasEndedTheClockDoesNotComeBackInTheRedOfTheLastBlink) {
+  app.settings.blink = true;
+  switchOver();
+  ASSERT_TRUE(seen.isAlert) << "it was hidden in a bright phase";
+  endTarget();
+  waitForPoll();
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_FALSE(seen.isAlert);
+  EXPECT_EQ(seen.text, u"00:00");
+}
+
 TEST_F(DeckSwitchTest, TheDeckIsFollowedAtOnceAndNotOnlyFromTheNextPollOn) {
   switchOver();
   EXPECT_TRUE(app.follower.switchSeen);

@@ -1,8 +1,8 @@
 #include "core/expiry.h"
 
 #include "core/audio.h"
+#include "core/blackout.h"
 #include "core/deck_switch.h"
-#include "overlay/clock_behaviour.h"
 #include "presentation/show_control.h"
 
 namespace mrl {
@@ -60,26 +60,6 @@ void exitShow(App& app) {
   if (!sendShowCommand(app.platform.presentation(), app.automation, "exit", error)) {
     setStatus(app, error);
   }
-}
-
-void setBlack(App& app, bool on) {
-  if (!on) {
-    app.platform.blackScreen.uncover();
-    app.blackActive = false;
-    return;
-  }
-  if (app.platform.blackScreen.isCovering()) return;
-  if (!app.lastStatus.running || app.lastExcluded) {
-    setStatus(app, kNoShowToBlack);
-    return;
-  }
-  app.blackActive = true;
-  app.platform.blackScreen.cover();
-  if (app.platform.clockWindow.isVisible()) showClock(app);
-}
-
-void onBlackRaised(App& app) {
-  if (app.platform.clockWindow.isVisible()) app.platform.clockWindow.raise();
 }
 
 }  // namespace mrl

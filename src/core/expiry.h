@@ -26,13 +26,4 @@ void clearRuntime(App& app);
 /// Ends the running show; a failure is told.
 void exitShow(App& app);
 
-inline constexpr char16_t kNoShowToBlack[] = u"当前没有可控制的放映，黑屏不适用于已排除的文稿。";
-
-/// Blacks out every monitor, or ends that. Without a running show that is timed it refuses with
-/// that message.
-void setBlack(App& app, bool on);
-
-/// A black window came to the top, as it does when it is activated: the overtime stays readable.
-void onBlackRaised(App& app);
-
 }  // namespace mrl

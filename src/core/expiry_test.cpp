@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/app_fixture.h"
+#include "core/blackout.h"
 #include "core/commands.h"
 
 namespace mrl {
@@ -144,79 +145,6 @@ TEST_F(ExpiryActionsTest, WithoutAShowTheBlackScreenIsRefusedAndTheBlinkStartsAl
   EXPECT_FALSE(app.blackActive);
   EXPECT_EQ(app.lastError, u"当前没有可控制的放映，黑屏不适用于已排除的文稿。");
   EXPECT_TRUE(app.blinkActive);
-}
-
-TEST_F(ExpiryActionsTest, AnExcludedShowIsNotBlackedOut) {
-  app.settings.skipList = {kDeck};
-  startShow(kDeck);
-  waitForPoll();
-  setBlack(app, true);
-  EXPECT_FALSE(blackScreen.covering || app.blackActive);
-  EXPECT_EQ(app.lastError, u"当前没有可控制的放映，黑屏不适用于已排除的文稿。");
-}
-
-TEST_F(ExpiryActionsTest, ASecondBlackScreenChangesNothingAndSaysNothingEvenWhenTheShowHasGone) {
-  startShow(kDeck);
-  waitForPoll();
-  setBlack(app, true);
-  app.lastStatus.running = false;
-  setBlack(app, true);
-  EXPECT_TRUE(blackScreen.covering);
-  EXPECT_EQ(app.lastError, u"");
-}
-
-TEST_F(ExpiryActionsTest, ABlackWindowThatComesToTheTopTakesAVisibleClockAlong) {
-  clockWindow.calls.clear();
-  onBlackRaised(app);
-  EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"raise"});
-  clockWindow.hide();
-  clockWindow.calls.clear();
-  onBlackRaised(app);
-  EXPECT_TRUE(clockWindow.calls.empty());
-}
-
-TEST_F(ExpiryActionsTest, TheClockIsLiftedAboveTheBlackScreenOnlyIfItIsVisible) {
-  startShow(kDeck);
-  waitForPoll();
-  clockWindow.calls.clear();
-  blackScreen.log = &clockWindow.calls;
-  setBlack(app, true);
-  EXPECT_EQ(clockWindow.calls, (std::vector<std::string>{"cover", "show"}));
-  setBlack(app, false);
-  clockWindow.hide();
-  clockWindow.calls.clear();
-  setBlack(app, true);
-  EXPECT_EQ(clockWindow.calls, std::vector<std::string>{"cover"});
-}
-
-TEST_F(ExpiryActionsTest, TheBlackScreenCanBeLeftAndEnteredAgain) {
-  startShow(kDeck);
-  waitForPoll();
-  setBlack(app, true);
-  EXPECT_TRUE(app.blackActive);
-  setBlack(app, false);
-  EXPECT_FALSE(app.blackActive);
-  EXPECT_FALSE(blackScreen.covering);
-  setBlack(app, true);
-  EXPECT_TRUE(blackScreen.covering);
-}
-
-TEST_F(ExpiryActionsTest, MonitorsAreLookedForOnlyWhenTheScreenTurnsBlack) {
-  startShow(kDeck);
-  waitForPoll();
-  setBlack(app, true);
-  setBlack(app, true);
-  runFor(10'000);
-  EXPECT_EQ(blackScreen.covers, 1);
-}
-
-TEST_F(ExpiryActionsTest, AShowThatBecomesExcludedEndsTheBlackScreenAtTheNextPoll) {
-  startShow(kDeck);
-  waitForPoll();
-  setBlack(app, true);
-  app.settings.skipList = {kDeck};
-  waitForPoll();
-  EXPECT_FALSE(blackScreen.covering);
 }
 
 TEST_F(ExpiryActionsTest, ExitingTheShowPausesTheTimerAtTheNextPoll) {

@@ -1,6 +1,7 @@
 #include "core/menu.h"
 
 #include "core/app_fixture.h"
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 
@@ -84,6 +85,14 @@ TEST_F(MenuTest, ARightClickOpensItWhereTheMessageSays) {
   clockWindow.cursorAt = {500, 600};
   onContextMenu(app, clockWindow.handle(), {10, -20});
   EXPECT_EQ(menu.lastPoint, (Point{10, -20}));
+}
+
+TEST_F(MenuTest, OnlyTheFirstNumberTellsTheKeyboardFromAMouseAtTheEdgeOfAScreen) {
+  clockWindow.cursorAt = {500, 600};
+  onContextMenu(app, clockWindow.handle(), {10, -1});
+  EXPECT_EQ(menu.lastPoint, (Point{10, -1}));
+  onContextMenu(app, clockWindow.handle(), {-1, 20});
+  EXPECT_EQ(menu.lastPoint, (Point{500, 600}));
 }
 
 TEST_F(MenuTest, TheKeyboardOpensItAtTheCursor) {

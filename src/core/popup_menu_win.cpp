@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/gdi_win.h"
 #include "core/geometry_win.h"
 #include "core/menu_look.h"
 #include "core/unique_handle.h"
@@ -14,41 +15,12 @@ struct MenuTraits {
   static HMENU none() { return nullptr; }
   static void close(HMENU menu) { DestroyMenu(menu); }
 };
-struct FontTraits {
-  static HFONT none() { return nullptr; }
-  static void close(HFONT font) { DeleteObject(font); }
-};
-struct BrushTraits {
-  static HBRUSH none() { return nullptr; }
-  static void close(HBRUSH brush) { DeleteObject(brush); }
-};
-using Font = UniqueHandle<FontTraits>;
-
-/// Whatever is selected into the context meanwhile is out again at the end.
-class SavedContext {
- public:
-  explicit SavedContext(HDC context) : dc(context), saved(SaveDC(context)) {}
-  SavedContext(const SavedContext&) = delete;
-  SavedContext& operator=(const SavedContext&) = delete;
-  ~SavedContext() { RestoreDC(dc, saved); }
-
- private:
-  HDC dc;
-  int saved;
-};
 
 int dpiOf(HWND window) { return static_cast<int>(GetDpiForWindow(window)); }
 
-Font menuFont(int dpi) {
-  return Font(CreateFontW(-toPixels(kMenuFontUnits, dpi), 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE,
-                          DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                          CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_DONTCARE,
-                          wideFrom(kMenuFont).c_str()));
-}
+Font menuFont(int dpi) { return makeFont(kMenuFont, kMenuFontUnits, FW_NORMAL, dpi); }
 
 COLORREF colourFrom(uint32_t rgb) { return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF); }
-
-RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 COLORREF textColour(MenuItemLook look) {
   switch (look) {
@@ -60,9 +32,8 @@ COLORREF textColour(MenuItemLook look) {
 }
 
 void drawPill(HDC dc, const MenuItemPlaces& places) {
-  const SavedContext saved(dc);
-  const UniqueHandle<BrushTraits> brush(CreateSolidBrush(colourFrom(kMenuPillColour)));
-  SelectObject(dc, brush.get());
+  SavedContext saved(dc);
+  saved.selectAndOwn(CreateSolidBrush(colourFrom(kMenuPillColour)));
   SelectObject(dc, GetStockObject(NULL_PEN));
   const Rect& pill = places.pill;
   RoundRect(dc, pill.left, pill.top, pill.right, pill.bottom, places.pillCorner, places.pillCorner);
@@ -97,12 +68,11 @@ bool measureMenuItem(HWND owner, MEASUREITEMSTRUCT& item) {
   const wchar_t* text = textOf(item.CtlType, item.itemData);
   if (text == nullptr) return false;
   const int dpi = dpiOf(owner);
-  const Font font = menuFont(dpi);
   const HDC dc = GetDC(owner);
   SIZE extent{};
   {
-    const SavedContext saved(dc);
-    SelectObject(dc, font.get());
+    SavedContext saved(dc);
+    saved.selectAndOwn(menuFont(dpi).release());
     GetTextExtentPoint32W(dc, text, lstrlenW(text), &extent);
   }
   ReleaseDC(owner, dc);
@@ -118,15 +88,14 @@ bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item, bool highContrast) {
   const int dpi = dpiOf(owner);
   const MenuItemLook look = menuItemLook((item.itemState & ODS_SELECTED) != 0, highContrast);
   const MenuItemPlaces places = menuItemPlaces(rectFrom(item.rcItem), dpi);
-  const Font font = menuFont(dpi);
-  const SavedContext saved(item.hDC);
+  SavedContext saved(item.hDC);
 
   const bool highlighted = look == MenuItemLook::Highlighted;
   FillRect(item.hDC, &item.rcItem, GetSysColorBrush(highlighted ? COLOR_HIGHLIGHT : COLOR_MENU));
   if (look == MenuItemLook::Pill) drawPill(item.hDC, places);
   SetTextColor(item.hDC, textColour(look));
   SetBkMode(item.hDC, TRANSPARENT);
-  SelectObject(item.hDC, font.get());
+  saved.selectAndOwn(menuFont(dpi).release());
   if (item.itemState & ODS_CHECKED) {
     RECT check = systemRect(places.check);
     DrawTextW(item.hDC, wideFrom(kMenuCheck).c_str(), -1, &check,

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include "core/geometry_win.h"
+#include "core/wide_win.h"
 
 namespace mrl {
 
@@ -14,5 +15,21 @@ Rect ScreensWin::primaryWorkArea() {
 }
 
 int ScreensWin::systemDpi() { return static_cast<int>(GetDpiForSystem()); }
+
+std::vector<Monitor> ScreensWin::monitors() {
+  std::vector<Monitor> found;
+  EnumDisplayMonitors(
+      nullptr, nullptr,
+      [](HMONITOR monitor, HDC, RECT* rect, LPARAM list) -> BOOL {
+        MONITORINFOEXW info{};
+        info.cbSize = sizeof info;
+        GetMonitorInfoW(monitor, &info);
+        reinterpret_cast<std::vector<Monitor>*>(list)->push_back(
+            {u16From(info.szDevice), rectFrom(*rect)});
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&found));
+  return found;
+}
 
 }  // namespace mrl

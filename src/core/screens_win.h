@@ -8,6 +8,7 @@ class ScreensWin : public Screens {
  public:
   Rect primaryWorkArea() override;
   int systemDpi() override;
+  std::vector<Monitor> monitors() override;
 };
 
 }  // namespace mrl

@@ -1,5 +1,6 @@
 #include "core/tick.h"
 
+#include "core/blackout.h"
 #include "core/expiry.h"
 #include "overlay/clock_behaviour.h"
 #include "overlay/clock_drawing.h"

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/app_fixture.h"
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 

@@ -16,7 +16,8 @@ constexpr uint32_t kRightButtonUp = 0x0205;
 }  // namespace
 
 void addTrayIcon(App& app) {
-  app.trayAdded = app.platform.tray.add();
+  // The shell also announces itself when its resolution has changed, and then still has the icon.
+  app.trayAdded = app.platform.tray.add() || app.platform.tray.refresh();
   if (app.trayAdded) {
     app.platform.loop.killTimer(LoopTimer::TrayRetry);
   } else {

@@ -1,7 +1,8 @@
 #include "core/tray_icon.h"
 
 #include "core/app_fixture.h"
-#include "core/command_ids.h"
+#include "core/commands.h"
+#include "settings_window/settings_window.h"
 
 namespace mrl {
 namespace {
@@ -73,6 +74,9 @@ TEST_F(TrayIconTest, AShellThatStillKnowsTheIconGetsNoSecondOne) {
   onShellStarted(app);
   EXPECT_EQ(tray.icons, 1);
   EXPECT_EQ(tray.additions, 2);
+  EXPECT_EQ(tray.refreshes, 1) << "its picture is made for the new resolution";
+  EXPECT_TRUE(app.trayAdded);
+  EXPECT_FALSE(isRetrying()) << "or it would be tried in vain until the end";
 }
 
 TEST_F(TrayIconTest, AShellThatStartsLateGetsTheIconAtOnce) {
@@ -91,13 +95,17 @@ TEST_F(TrayIconTest, TheIconGoesWithTheClock) {
   EXPECT_FALSE(app.trayAdded);
 }
 
-TEST_F(TrayIconTest, ALeftClickOrDoubleClickRunsTheCommandThatOpensTheSettings) {
+TEST_F(TrayIconTest, ALeftClickOrDoubleClickOpensTheSettingsAndTouchesNothingElse) {
   start();
   for (const uint32_t message : {kLeftButtonUp, kLeftDoubleClick}) {
-    clockWindow.invalidations = 0;
+    runCommand(app, kCommandToggleTimer);
+    runFor(3000);
     onTrayMouse(app, message);
-    EXPECT_EQ(clockWindow.invalidations, 1) << "as every command ends; " << message;
+    EXPECT_TRUE(app.form.isOpen) << message;
+    EXPECT_EQ(elapsedMs(), 3000) << message;
     EXPECT_EQ(menu.openings, 0);
+    destroySettingsWindow(app);
+    runCommand(app, kCommandReset);
   }
 }
 

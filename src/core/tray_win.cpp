@@ -40,12 +40,18 @@ TrayWin::TrayWin(HINSTANCE programInstance, const ClockWindowWin& clockWindow)
 bool TrayWin::add() {
   // The shell has fewer rights than the program, and its message would be held back.
   ChangeWindowMessageFilterEx(clock.window(), shellStarted, MSGFLT_ALLOW, nullptr);
+  return send(NIM_ADD);
+}
+
+bool TrayWin::refresh() { return send(NIM_MODIFY); }
+
+bool TrayWin::send(DWORD request) const {
   NOTIFYICONDATAW data = iconOf(clock.window());
   data.uFlags = NIF_MESSAGE | NIF_ICON | NIF_TIP;
   data.uCallbackMessage = kTrayNotify;
   data.hIcon = trayIcon(instance);
   std::copy(std::begin(kTip), std::end(kTip), data.szTip);
-  return Shell_NotifyIconW(NIM_ADD, &data) != FALSE;
+  return Shell_NotifyIconW(request, &data) != FALSE;
 }
 
 void TrayWin::remove() {

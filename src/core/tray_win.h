@@ -16,12 +16,15 @@ class TrayWin : public Tray {
   TrayWin(HINSTANCE instance, const ClockWindowWin& clock);
 
   bool add() override;
+  bool refresh() override;
   void remove() override;
 
   /// The message by which a new shell makes itself known.
   UINT shellStartedMessage() const { return shellStarted; }
 
  private:
+  bool send(DWORD request) const;
+
   HINSTANCE instance;
   const ClockWindowWin& clock;
   UINT shellStarted;

@@ -27,6 +27,11 @@ bool saveGeometry(App& app) {
   return adoptSettings(app, changed);
 }
 
+void beginCornerDrag(App& app, CornerHit hit) {
+  const ClockWindow& clock = app.platform.clockWindow;
+  app.drag = CornerDrag{hit, clock.cursor(), clock.rect()};
+}
+
 }  // namespace
 
 ClockPicture clockPicture(const App& app) {
@@ -38,6 +43,8 @@ ClockPicture clockPicture(const App& app) {
 
 void showClock(App& app) {
   app.platform.clockWindow.show();
+  // Whatever changed while it was hidden was not painted, and it comes up with its last picture.
+  app.platform.clockWindow.invalidate();
   placeToolbar(app);
 }
 
@@ -50,7 +57,7 @@ void correctOffScreen(App& app) {
 
 void placeToolbar(App& app) {
   const ClockWindow& clock = app.platform.clockWindow;
-  app.platform.resizeToolbar.place(toolbarPlace(clock.rect(), clock.dpi()));
+  app.platform.resizeToolbar.place(toolbarPlace(clock.rect(), clock.dpi()), clock.dpi());
 }
 
 void toggleResizeMode(App& app) {
@@ -93,9 +100,8 @@ CornerHit clockHitTest(const App& app, Point cursor) {
 }
 
 void onCornerPress(App& app, CornerHit hit) {
-  ClockWindow& clock = app.platform.clockWindow;
-  app.drag = CornerDrag{hit, clock.cursor(), clock.rect()};
-  clock.captureMouse();
+  beginCornerDrag(app, hit);
+  app.platform.clockWindow.captureMouse();
 }
 
 void onCornerDrag(App& app) {
@@ -113,6 +119,12 @@ void onCornerRelease(App& app) {
 }
 
 void onCaptureLost(App& app) { app.drag.reset(); }
+
+void onClockDpiChanged(App& app) {
+  // The size has jumped: a drag goes on from there, or the next move would undo the jump.
+  if (app.drag) beginCornerDrag(app, app.drag->hit);
+  placeToolbar(app);
+}
 
 void onClockSized(App& app) {
   app.platform.clockWindow.invalidate();

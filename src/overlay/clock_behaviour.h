@@ -9,7 +9,7 @@ namespace mrl {
 /// What the clock looks like now. It refers to the App's settings.
 ClockPicture clockPicture(const App& app);
 
-/// Shows the clock above everything that is always on top, and its toolbar with it.
+/// Shows the clock as it is now, above everything that is always on top, and its toolbar with it.
 void showClock(App& app);
 
 /// Moves a clock that lies wholly off the work area of its nearest monitor back into it. The new
@@ -40,5 +40,8 @@ void onCornerRelease(App& app);
 void onCaptureLost(App& app);
 
 void onClockSized(App& app);
+
+/// The clock has moved to a monitor of another resolution, and has been given its size there.
+void onClockDpiChanged(App& app);
 
 }  // namespace mrl

@@ -102,6 +102,13 @@ TEST_F(ClockBehaviourTest, CornersCountOnlyInResizeMode) {
   EXPECT_EQ(clockHitTest(app, {312, 212}), CornerHit::None);
 }
 
+TEST_F(ClockBehaviourTest, TheGripsGrowWithTheResolution) {
+  clockWindow.windowDpi = 144;
+  enterResizeMode();
+  EXPECT_EQ(clockHitTest(app, {317, 217}), CornerHit::TopLeft);
+  EXPECT_EQ(clockHitTest(app, {318, 218}), CornerHit::None);
+}
+
 TEST_F(ClockBehaviourTest, EnteringResizeModeShowsTheToolbarBelowTheClockAndSavesNothing) {
   moveClockTo(50, 60);
   enterResizeMode();
@@ -131,6 +138,14 @@ TEST_F(ClockBehaviourTest, AFailedSaveKeepsTheUserInResizeMode) {
   EXPECT_TRUE(app.resizeMode);
   EXPECT_TRUE(toolbar.exists);
   EXPECT_EQ(app.lastError, u"Cannot create temporary configuration");
+}
+
+TEST_F(ClockBehaviourTest, AFailedSaveBringsBackAToolbarThatTheUserHadClosed) {
+  enterResizeMode();
+  toolbar.exists = false;
+  failSaves();
+  runCommand(app, kCommandToggleResizeMode);
+  EXPECT_TRUE(toolbar.exists);
 }
 
 TEST_F(ClockBehaviourTest, AProtectedFileIsReplacedWhenResizeModeEnds) {
@@ -203,6 +218,33 @@ TEST_F(ClockBehaviourTest, LosingTheCaptureEndsTheDragAtTheSizeReached) {
   EXPECT_EQ(clockWindow.place, (Rect{300, 200, 500, 300}));
 }
 
+TEST_F(ClockBehaviourTest, AnotherResolutionDuringADragLetsItGoOnFromTheNewSize) {
+  enterResizeMode();
+  dragFromTo(CornerHit::BottomRight, {483, 282}, {500, 300});
+  clockWindow.windowDpi = 144;
+  clockWindow.place = {300, 200, 600, 350};
+  onClockDpiChanged(app);
+  clockWindow.cursorAt = {510, 305};
+  onCornerDrag(app);
+  EXPECT_EQ(clockWindow.place, (Rect{300, 200, 610, 355}));
+}
+
+TEST_F(ClockBehaviourTest, AnotherResolutionBeginsNoDrag) {
+  onClockDpiChanged(app);
+  clockWindow.cursorAt = {900, 500};
+  onCornerDrag(app);
+  EXPECT_EQ(clockWindow.place, (Rect{300, 200, 483, 282}));
+}
+
+TEST_F(ClockBehaviourTest, TheToolbarFollowsTheClockToAnotherResolution) {
+  enterResizeMode();
+  clockWindow.windowDpi = 144;
+  clockWindow.place = {300, 200, 575, 323};
+  onClockDpiChanged(app);
+  EXPECT_EQ(toolbar.shownDpi, 144);
+  EXPECT_EQ(toolbar.at, (Point{300, 323 + 9}));
+}
+
 TEST_F(ClockBehaviourTest, AReleaseWithoutADragDoesNothing) {
   onCornerRelease(app);
   EXPECT_TRUE(clockWindow.calls.empty());
@@ -223,6 +265,64 @@ TEST_F(ClockBehaviourTest, ShowingTheClockBringsItsToolbarAlong) {
   showClock(app);
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_EQ(toolbar.at, (Point{0, 88}));
+}
+
+TEST_F(ClockBehaviourTest, AClockThatTheUserShowsBringsItsToolbarAlong) {
+  enterResizeMode();
+  runCommand(app, kCommandHideClock);
+  toolbar.at = {};
+  runCommand(app, kCommandShowClock);
+  EXPECT_EQ(toolbar.at, (Point{300, 288}));
+}
+
+TEST_F(ClockBehaviourTest, AClockThatARuleBringsBackBringsItsToolbarAlong) {
+  app.settings.hideNoDocument = true;
+  enterResizeMode();
+  runFor(2000);
+  ASSERT_FALSE(clockWindow.visible);
+  toolbar.at = {};
+  program->addDeck(kDeck);
+  waitForPoll();
+  ASSERT_TRUE(clockWindow.visible);
+  EXPECT_EQ(toolbar.at, (Point{300, 288}));
+}
+
+TEST_F(ClockBehaviourTest, ForTheNextSpeakerTheClockComesBackWithItsFullTime) {
+  app.settings.hideNoDocument = true;
+  startShow(kDeck);
+  waitForPoll();
+  runFor(6000);
+  ASSERT_EQ(seen.text, u"14:54");
+  endShow();
+  closeDecks();
+  waitForPoll();
+  ASSERT_FALSE(clockWindow.visible);
+  program->addDeck(kOtherDeck);
+  waitForPoll();
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(seen.text, u"15:00");
+}
+
+TEST_F(ClockBehaviourTest, AClockThatWasPausedWhileItWasHiddenComesBackWithThePausedTime) {
+  app.settings.autoMode = false;
+  app.settings.hideNoDocument = true;
+  runFor(2000);
+  ASSERT_FALSE(clockWindow.visible);
+  runCommand(app, kCommandToggleTimer);
+  runFor(4000);
+  runCommand(app, kCommandToggleTimer);
+  program->addDeck(kDeck);
+  waitForPoll();
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(seen.text, u"14:56");
+}
+
+TEST_F(ClockBehaviourTest, ASizeThatChangedWhileTheClockWasHiddenIsPaintedWhenItComesBack) {
+  runCommand(app, kCommandHideClock);
+  onClockSized(app);
+  EXPECT_FALSE(clockWindow.paintDue);
+  showClock(app);
+  EXPECT_TRUE(clockWindow.paintDue);
 }
 
 TEST_F(ClockBehaviourTest, AClockThatLiesPartlyOnScreenStaysWhereItIs) {

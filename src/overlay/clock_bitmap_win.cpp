@@ -10,6 +10,7 @@ bool ClockBitmap::ensure(Size wanted) {
   drop();
   if (!context) {
     context.reset(CreateCompatibleDC(nullptr));
+    if (!context) return false;
     oldBitmap = GetCurrentObject(context.get(), OBJ_BITMAP);
   }
   BITMAPINFO info{};

@@ -1,6 +1,7 @@
 // Painting on windows: see clock_painter_win.h.
 #include "overlay/clock_painter_win.h"
 
+#include "core/geometry_win.h"
 #include "overlay/clock_renderer_win.h"
 
 namespace mrl {
@@ -20,12 +21,6 @@ class PaintScope {
   HWND window;
   PAINTSTRUCT paint{};
 };
-
-Size clientSize(HWND window) {
-  RECT client{};
-  GetClientRect(window, &client);
-  return {client.right, client.bottom};
-}
 
 bool isEmpty(Size size) { return size.width <= 0 || size.height <= 0; }
 
@@ -58,7 +53,7 @@ bool ClockPainterWin::createFactories() {
 
 void ClockPainterWin::paintClock(HWND window, const ClockPicture& picture) {
   const PaintScope paint(window);
-  const Size size = clientSize(window);
+  const Size size = clientSizeOf(window);
   if (isEmpty(size)) return;
   if (renderBitmap(picture, size, dpiOf(window))) showBitmap(window, clockBitmap);
 }
@@ -79,7 +74,7 @@ bool ClockPainterWin::renderBitmap(const ClockPicture& picture, Size size, int d
 
 void ClockPainterWin::paintPreview(HWND window, const ClockPicture& picture) {
   const PaintScope paint(window);
-  const Size size = clientSize(window);
+  const Size size = clientSizeOf(window);
   if (isEmpty(size)) return;
   const int dpi = dpiOf(window);
   if (!previewTarget) {

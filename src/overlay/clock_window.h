@@ -29,7 +29,6 @@ class ClockWindow {
   virtual void raise() = 0;
 
   [[nodiscard]] virtual Rect rect() const = 0;
-  [[nodiscard]] virtual Size clientSize() const = 0;
   /// 96 while there is no window.
   [[nodiscard]] virtual int dpi() const = 0;
   /// The monitor nearest to the window, without taskbars.

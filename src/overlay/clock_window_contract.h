@@ -23,7 +23,6 @@ TYPED_TEST_P(ClockWindowContract, BeforeItsCreationThereIsNothing) {
   EXPECT_FALSE(window.handle());
   EXPECT_FALSE(window.isVisible());
   EXPECT_EQ(window.rect(), Rect{});
-  EXPECT_EQ(window.clientSize(), Size{});
   EXPECT_EQ(window.dpi(), 96);
   EXPECT_EQ(window.nearestWorkArea(), Rect{});
 }
@@ -50,11 +49,6 @@ TYPED_TEST_P(ClockWindowContract, ANewWindowIsHiddenAndStandsWhereItWasAskedTo) 
   EXPECT_TRUE(this->window().handle());
   EXPECT_FALSE(this->window().isVisible());
   EXPECT_EQ(this->window().rect(), kContractRect);
-}
-
-TYPED_TEST_P(ClockWindowContract, ItHasNoFrame) {
-  this->create();
-  EXPECT_EQ(this->window().clientSize(), (Size{183, 82}));
 }
 
 TYPED_TEST_P(ClockWindowContract, ItIsShownAndHidden) {
@@ -108,9 +102,9 @@ TYPED_TEST_P(ClockWindowContract, AfterItsEndThereIsNothingAndItCanBeMadeAgain) 
 
 REGISTER_TYPED_TEST_SUITE_P(ClockWindowContract, BeforeItsCreationThereIsNothing,
                             WithoutAWindowCommandsDoNothing,
-                            ANewWindowIsHiddenAndStandsWhereItWasAskedTo, ItHasNoFrame,
-                            ItIsShownAndHidden, RaisingShowsNothing, AMoveKeepsTheSize,
-                            AResizeKeepsThePlace, PlaceAndSizeAreSetAtOnce, ItLiesOnAMonitor,
+                            ANewWindowIsHiddenAndStandsWhereItWasAskedTo, ItIsShownAndHidden,
+                            RaisingShowsNothing, AMoveKeepsTheSize, AResizeKeepsThePlace,
+                            PlaceAndSizeAreSetAtOnce, ItLiesOnAMonitor,
                             AfterItsEndThereIsNothingAndItCanBeMadeAgain);
 
 }  // namespace mrl

@@ -1,7 +1,9 @@
-// The clock's window for tests: a rectangle that remembers what was done to it.
+// The clock's window for tests: a rectangle that remembers what was done to it, and the picture
+// that was painted last.
 #pragma once
 
 #include <cassert>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +29,7 @@ class ClockWindowFake : public ClockWindow {
   WindowHandle handle() const override { return exists ? WindowHandle{1} : WindowHandle{}; }
 
   bool isVisible() const override { return visible; }
+  /// Comes up with the picture that it was hidden with, as a layered window does.
   void show() override {
     calls.emplace_back("show");
     visible = exists;
@@ -34,11 +37,11 @@ class ClockWindowFake : public ClockWindow {
   void hide() override {
     calls.emplace_back("hide");
     visible = false;
+    paintDue = false;
   }
   void raise() override { calls.emplace_back("raise"); }
 
   Rect rect() const override { return exists ? place : Rect{}; }
-  Size clientSize() const override { return {rect().width(), rect().height()}; }
   int dpi() const override { return exists ? windowDpi : kUnitsPerInch; }
   Rect nearestWorkArea() const override { return exists ? workArea : Rect{}; }
   void moveTo(Point topLeft) override {
@@ -57,12 +60,19 @@ class ClockWindowFake : public ClockWindow {
     if (exists) place = rect;
   }
 
+  /// Lost on a hidden window, as on the real one.
   void invalidate() override {
     calls.emplace_back("invalidate");
-    ++invalidations;
+    requestPaint();
   }
-  void paintNow() override { calls.emplace_back("paintNow"); }
-  void dropRegion() override { calls.emplace_back("dropRegion"); }
+  void paintNow() override {
+    calls.emplace_back("paintNow");
+    paintIfDue();
+  }
+  void dropRegion() override {
+    calls.emplace_back("dropRegion");
+    requestPaint();
+  }
   void setText(const std::u16string& shown) override {
     calls.emplace_back("setText");
     if (exists) text = shown;
@@ -84,18 +94,34 @@ class ClockWindowFake : public ClockWindow {
     return static_cast<int>(static_cast<unsigned>(place) + static_cast<unsigned>(length));
   }
 
+  /// What the loop does when it is idle.
+  void paintIfDue() {
+    if (!paintDue) return;
+    paintDue = false;
+    if (onPaint) onPaint();
+  }
+
   bool createFails = false;
   int windowDpi = kUnitsPerInch;
   Rect workArea{0, 0, 1920, 1040};
   Point cursorAt;
+  std::function<void()> onPaint;
 
   bool exists = false;
   bool visible = false;
   bool captured = false;
   Rect place;
   std::u16string text;
-  int invalidations = 0;
+  bool paintDue = false;
+  int invalidations = 0;           // that were not lost
   std::vector<std::string> calls;  // by name, in order
+
+ private:
+  void requestPaint() {
+    if (!visible) return;
+    ++invalidations;
+    paintDue = true;
+  }
 };
 
 }  // namespace mrl

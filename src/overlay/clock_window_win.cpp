@@ -42,7 +42,7 @@ bool ClockWindowWin::isVisible() const { return IsWindowVisible(hwnd) != FALSE; 
 
 void ClockWindowWin::show() {
   ShowWindow(hwnd, SW_SHOWNOACTIVATE);
-  // Out of the always-on-top windows and in again: the one way to the top of them.
+  // Out of the always-on-top windows and in again, which lifts it wherever among them it was.
   SetWindowPos(hwnd, HWND_NOTOPMOST, 0, 0, 0, 0, kStayInPlace);
   SetWindowPos(hwnd, HWND_TOPMOST, 0, 0, 0, 0, kStayInPlace | SWP_SHOWWINDOW);
 }
@@ -55,12 +55,6 @@ Rect ClockWindowWin::rect() const {
   RECT rect{};
   GetWindowRect(hwnd, &rect);
   return rectFrom(rect);
-}
-
-Size ClockWindowWin::clientSize() const {
-  RECT rect{};
-  GetClientRect(hwnd, &rect);
-  return {rect.right, rect.bottom};
 }
 
 int ClockWindowWin::dpi() const {

@@ -28,7 +28,6 @@ class ClockWindowWin : public ClockWindow {
   void raise() override;
 
   Rect rect() const override;
-  Size clientSize() const override;
   int dpi() const override;
   Rect nearestWorkArea() const override;
   void moveTo(Point topLeft) override;

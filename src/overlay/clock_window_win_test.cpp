@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "core/geometry_win.h"
 #include "core/wide_win.h"
 #include "overlay/clock_window_contract.h"
 #include "overlay/test_window_class_win.h"
@@ -72,6 +73,7 @@ TEST_F(ClockWindowWinTest, ItIsALayeredToolWindowOnTop) {
 TEST_F(ClockWindowWinTest, ItIsAPopupWithoutFrame) {
   EXPECT_TRUE(style(GWL_STYLE) & WS_POPUP);
   EXPECT_FALSE(style(GWL_STYLE) & (WS_CAPTION | WS_THICKFRAME | WS_BORDER));
+  EXPECT_EQ(clientSizeOf(clock.window()), (Size{183, 82}));
 }
 
 TEST_F(ClockWindowWinTest, ItsTitleIsTheProgramsName) {

@@ -19,6 +19,7 @@ INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ClockWindowContract, FakeClockWindowFixture
 class FakeToolbarFixture : public testing::Test {
  protected:
   ResizeToolbar& toolbar() { return fake; }
+  bool exists() const { return fake.exists; }
   ResizeToolbarFake fake;
 };
 INSTANTIATE_TYPED_TEST_SUITE_P(Fake, ResizeToolbarContract, FakeToolbarFixture);
@@ -39,17 +40,29 @@ TEST(ClockWindowFakeTest, ItRemembersWhatItWasTold) {
   EXPECT_EQ(fake.calls, (std::vector<std::string>{"create", "setText", "invalidate"}));
 }
 
+TEST(ClockWindowFakeTest, WhileItIsHiddenItForgetsWhatItWasToPaint) {
+  ClockWindowFake fake;
+  ASSERT_TRUE(fake.create({0, 0, 183, 82}));
+  fake.show();
+  fake.invalidate();
+  EXPECT_TRUE(fake.paintDue);
+  fake.hide();
+  fake.invalidate();
+  fake.show();
+  EXPECT_FALSE(fake.paintDue);
+}
+
 TEST(ResizeToolbarFakeTest, ItFailsOnCommand) {
   ResizeToolbarFake fake;
   fake.showFails = true;
   fake.show({40, 140}, 96);
-  EXPECT_FALSE(fake.handle());
+  EXPECT_FALSE(fake.exists);
 }
 
 TEST(ResizeToolbarFakeTest, ItRemembersPlaceAndDpi) {
   ResizeToolbarFake fake;
-  fake.show({40, 140}, 144);
-  fake.place({50, 150});
+  fake.show({40, 140}, 96);
+  fake.place({50, 150}, 144);
   EXPECT_EQ(fake.at, (Point{50, 150}));
   EXPECT_EQ(fake.shownDpi, 144);
 }

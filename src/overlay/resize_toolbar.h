@@ -2,7 +2,6 @@
 #pragma once
 
 #include "core/geometry.h"
-#include "core/window_handle.h"
 
 namespace mrl {
 
@@ -13,13 +12,11 @@ class ResizeToolbar {
  public:
   virtual ~ResizeToolbar() = default;
 
-  /// Makes it if need be, at `dpi`, puts it at `topLeft` and shows it without activating it.
+  /// Makes it if need be, places it and shows it without activating it.
   virtual void show(Point topLeft, int dpi) = 0;
-  /// Moves it, if there is one.
-  virtual void place(Point topLeft) = 0;
+  /// Moves it, if there is one, and lays it out anew if `dpi` is another one than before.
+  virtual void place(Point topLeft, int dpi) = 0;
   virtual void remove() = 0;
-  /// None while there is no toolbar.
-  [[nodiscard]] virtual WindowHandle handle() const = 0;
 };
 
 }  // namespace mrl

@@ -17,15 +17,16 @@ class ResizeToolbarFake : public ResizeToolbar {
     shownDpi = dpi;
     at = topLeft;
   }
-  void place(Point topLeft) override {
+  void place(Point topLeft, int dpi) override {
     calls.emplace_back("place");
-    if (exists) at = topLeft;
+    if (!exists) return;
+    at = topLeft;
+    shownDpi = dpi;
   }
   void remove() override {
     calls.emplace_back("remove");
     exists = false;
   }
-  WindowHandle handle() const override { return exists ? WindowHandle{2} : WindowHandle{}; }
 
   bool showFails = false;
 

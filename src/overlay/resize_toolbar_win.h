@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "core/unique_handle.h"
+#include "core/gdi_win.h"
 #include "overlay/clock_window_win.h"
 #include "overlay/resize_toolbar.h"
 
@@ -21,25 +21,21 @@ class ResizeToolbarWin : public ResizeToolbar {
   ~ResizeToolbarWin() override;
 
   void show(Point topLeft, int dpi) override;
-  void place(Point topLeft) override;
+  void place(Point topLeft, int dpi) override;
   void remove() override;
-  WindowHandle handle() const override;
 
   /// Null while there is no toolbar.
   HWND window() const;
 
  private:
-  struct FontTraits {
-    static HFONT none() { return nullptr; }
-    static void close(HFONT font) { DeleteObject(font); }
-  };
-
-  void create(int dpi);
+  void create(Point topLeft);
+  void layOut(int dpi);
 
   HINSTANCE instance;
   void* creationParameter;
   const ClockWindowWin& clock;
-  UniqueHandle<FontTraits> font;  // outlives the buttons that draw with it
+  Font font;  // outlives the buttons that draw with it
+  int layoutDpi = 0;
   HWND hwnd = nullptr;
 };
 

@@ -17,6 +17,7 @@ class RealToolbarFixture : public testing::Test {
  protected:
   void SetUp() override { ASSERT_TRUE(clock.create({40, 50}, {183, 82})); }
   ResizeToolbar& toolbar() { return bar; }
+  bool exists() const { return bar.window() != nullptr; }
 
   TestWindowClass clockClass{L"Marlune.Native.Timer"};
   TestWindowClass barClass{L"Marlune.Native.Resize"};
@@ -85,6 +86,38 @@ TEST_F(ResizeToolbarWinTest, AtAHigherDpiAllOfItGrows) {
   EXPECT_EQ(font(button(103)).lfHeight, -21);
 }
 
+TEST_F(ResizeToolbarWinTest, OnAMonitorOfAnotherResolutionAllOfItIsLaidOutAnew) {
+  bar.show({40, 138}, 96);
+  bar.place({60, 170}, 144);
+  EXPECT_EQ(screenRect(bar.window()), (Rect{60, 170, 393, 230}));
+  EXPECT_EQ(buttonRect(103), (Rect{9, 8, 120, 50}));
+  EXPECT_EQ(buttonRect(104), (Rect{129, 8, 318, 50}));
+  EXPECT_EQ(font(button(103)).lfHeight, -21);
+  EXPECT_EQ(font(button(104)).lfHeight, -21);
+  bar.place({40, 138}, 96);
+  EXPECT_EQ(screenRect(bar.window()), (Rect{40, 138, 262, 178}));
+  EXPECT_EQ(font(button(104)).lfHeight, -14);
+}
+
+TEST_F(ResizeToolbarWinTest, ANewLayoutFreesTheOldFont) {
+  bar.show({40, 138}, 96);
+  const auto used = reinterpret_cast<HGDIOBJ>(SendMessageW(button(103), WM_GETFONT, 0, 0));
+  bar.place({40, 138}, 144);
+  EXPECT_EQ(GetObjectType(used), 0U);
+}
+
+TEST_F(ResizeToolbarWinTest, ItIsMadeOnTheMonitorThatItWillStandOn) {
+  bar.show({40, 138}, 96);
+  EXPECT_EQ(barClass.createdAt, (Point{40, 138}));
+}
+
+TEST_F(ResizeToolbarWinTest, ShowingItAgainKeepsTheOneThereIs) {
+  bar.show({40, 138}, 96);
+  const HWND first = bar.window();
+  bar.show({50, 150}, 96);
+  EXPECT_EQ(bar.window(), first);
+}
+
 TEST_F(ResizeToolbarWinTest, TheButtonsAreChildrenThatTakeTheTabKey) {
   bar.show({40, 138}, 96);
   const LONG_PTR wanted = WS_CHILD | WS_VISIBLE | WS_TABSTOP;
@@ -114,7 +147,7 @@ TEST_F(ResizeToolbarWinTest, APressedButtonSendsItsCommandToTheToolbar) {
 
 TEST_F(ResizeToolbarWinTest, ItFollowsWithoutChangingItsSize) {
   bar.show({40, 138}, 96);
-  bar.place({60, 170});
+  bar.place({60, 170}, 96);
   EXPECT_EQ(screenRect(bar.window()), (Rect{60, 170, 282, 210}));
 }
 
@@ -123,7 +156,7 @@ TEST_F(ResizeToolbarWinTest, ShowingAndPlacingItActivatesNothing) {
                                      nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
   SetActiveWindow(other);
   bar.show({40, 138}, 96);
-  bar.place({60, 170});
+  bar.place({60, 170}, 96);
   EXPECT_EQ(GetActiveWindow(), other);
   DestroyWindow(other);
 }
@@ -131,7 +164,7 @@ TEST_F(ResizeToolbarWinTest, ShowingAndPlacingItActivatesNothing) {
 TEST_F(ResizeToolbarWinTest, ItGoesWithTheClock) {
   bar.show({40, 138}, 96);
   clock.destroy();
-  EXPECT_FALSE(bar.handle());
+  EXPECT_FALSE(bar.window());
   bar.remove();
 }
 
@@ -147,7 +180,7 @@ TEST(ResizeToolbarWinFailureTest, WithoutItsClassItIsSimplyNotThere) {
   const ClockWindowWin clock(GetModuleHandleW(nullptr), nullptr);
   ResizeToolbarWin bar(GetModuleHandleW(nullptr), nullptr, clock);
   bar.show({40, 138}, 96);
-  EXPECT_FALSE(bar.handle());
+  EXPECT_FALSE(bar.window());
 }
 
 }  // namespace

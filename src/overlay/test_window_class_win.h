@@ -6,6 +6,8 @@
 #include <functional>
 #include <vector>
 
+#include "core/geometry.h"
+
 namespace mrl {
 
 /// Registered for the length of a test. Windows of the class must be gone before its end. They must
@@ -38,6 +40,7 @@ class TestWindowClass {
 
   bool registered = false;
   std::vector<Message> messages;
+  Point createdAt;                    // the latest window, on the screen
   std::vector<HWND> insertedAfter;    // what each change of the z-order asked for
   std::function<void(HWND)> onPaint;  // must validate the window
   std::function<void(HWND)> onDestroy;
@@ -48,6 +51,8 @@ class TestWindowClass {
       const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(narrow);
       SetWindowLongPtrW(window, GWLP_USERDATA,
                         reinterpret_cast<LONG_PTR>(creation->lpCreateParams));
+      auto* maker = static_cast<TestWindowClass*>(creation->lpCreateParams);
+      if (maker) maker->createdAt = {creation->x, creation->y};
     }
     auto* self = reinterpret_cast<TestWindowClass*>(GetWindowLongPtrW(window, GWLP_USERDATA));
     if (self) {

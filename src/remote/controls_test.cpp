@@ -336,6 +336,16 @@ TEST_F(ControlsTest, TheClocksShapeIsMadeAnewAndTheHideRulesApplyAtOnce) {
   EXPECT_TRUE(app.hiddenByRule);
 }
 
+TEST_F(ControlsTest, AClockThatWasHiddenWhileItsLookChangedComesBackWithTheNewOne) {
+  expectAccepted(formWith("hideNoDocument", "1"));
+  ASSERT_FALSE(clockWindow.visible);
+  expectAccepted(formWith("background", "123456"));
+  expectAccepted(formWith("hideNoDocument", "0"));
+  clockWindow.paintIfDue();
+  EXPECT_TRUE(clockWindow.visible);
+  EXPECT_EQ(seen.background, 123456u);
+}
+
 TEST_F(ControlsTest, AnOpenSettingsWindowIsFilledAnewAndSaysSo) {
   app.form.isOpen = true;
   expectAccepted(formWith("opacity", "60"));

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <string_view>
 
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/timer.h"

@@ -83,7 +83,7 @@ TEST_F(StateTest, ModeDirectionDurationAndVisibilityAreToldAsTheyAre) {
 }
 
 TEST_F(StateTest, ABlackScreenIsTold) {
-  blackScreen.cover();
+  blackScreen.cover(screens.monitors());
   EXPECT_EQ(valueOf("black"), "true");
 }
 

@@ -14,6 +14,9 @@
 namespace mrl {
 namespace {
 
+/// Pickers need no such thing: they stand with their owner, which asked for them.
+UINT layerOf(bool aboveAll) { return aboveAll ? MB_TOPMOST : 0; }
+
 UINT iconOf(DialogIcon icon) {
   switch (icon) {
     case DialogIcon::Question: return MB_ICONQUESTION;
@@ -54,12 +57,13 @@ std::u16string pick(HWND owner, const COMDLG_FILTERSPEC* filter) {
 bool SettingsViewWin::askYesNo(const std::u16string& text, const std::u16string& title,
                                DialogIcon icon) {
   return MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(),
-                     MB_YESNO | iconOf(icon)) == IDYES;
+                     MB_YESNO | iconOf(icon) | layerOf(aboveAll)) == IDYES;
 }
 
 void SettingsViewWin::inform(const std::u16string& text, const std::u16string& title,
                              DialogIcon icon) {
-  MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(), MB_OK | iconOf(icon));
+  MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(),
+              MB_OK | iconOf(icon) | layerOf(aboveAll));
 }
 
 std::u16string SettingsViewWin::pickFolder() { return pick(window, nullptr); }

@@ -83,8 +83,6 @@ Path pathOf(const RoundedRect& shape) {
   return path;
 }
 
-RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-
 /// Paints one shape after the other.
 class Painter {
  public:
@@ -191,10 +189,7 @@ Fonts makeFonts(int dpi) {
   Fonts fonts;
   for (size_t i = 0; i < fonts.size(); ++i) {
     const Typeface& face = kTypefaces[i];
-    fonts[i].reset(CreateFontW(-toPixels(face.units, dpi), 0, 0, 0, face.weight, FALSE, FALSE,
-                               FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
-                               CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_DONTCARE,
-                               wideFrom(face.family).c_str()));
+    fonts[i] = makeFont(face.family, face.units, face.weight, dpi);
   }
   return fonts;
 }

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "core/unique_handle.h"
+#include "core/gdi_win.h"
 #include "settings_window/control_look.h"
 
 namespace mrl {
@@ -15,12 +15,8 @@ HICON programIcon(int size);
 
 COLORREF systemColour(uint32_t rgb);
 
-struct FontTraits {
-  static HFONT none() { return nullptr; }
-  static void close(HFONT font) { DeleteObject(font); }
-};
 /// In the order of Face.
-using Fonts = std::array<UniqueHandle<FontTraits>, std::size(kTypefaces)>;
+using Fonts = std::array<Font, std::size(kTypefaces)>;
 Fonts makeFonts(int dpi);
 
 /// Keeps to the clip region of `dc`. REQUIRES: GDI+ runs.

@@ -69,6 +69,9 @@ class SettingsView {
   virtual void show() = 0;
   /// Restores a minimised or maximised window and brings it to the front.
   virtual void restore() = 0;
+  /// While it is on, a window that is shown or restored and whatever is asked stand above windows
+  /// that are always on top. Holds for a window that is made later too.
+  virtual void standAboveAll(bool on) = 0;
 
   [[nodiscard]] virtual std::u16string text(int id) = 0;
   virtual void setText(int id, const std::u16string& text) = 0;

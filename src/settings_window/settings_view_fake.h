@@ -75,6 +75,7 @@ class SettingsViewFake : public SettingsView {
   }
   void show() override { calls.emplace_back("show"); }
   void restore() override { calls.emplace_back("restore"); }
+  void standAboveAll(bool on) override { aboveAll = on; }
 
   std::u16string text(int id) override { return open ? texts[id] : u""; }
   void setText(int id, const std::u16string& text) override {
@@ -163,6 +164,7 @@ class SettingsViewFake : public SettingsView {
   // What steers it.
   std::function<void(int id, int notification)> notify = [](int, int) {};
   bool createFails = false;
+  bool aboveAll = false;
   bool answersYes = false;
   bool copyFails = false;
   std::u16string picked;                 // empty: the person cancels

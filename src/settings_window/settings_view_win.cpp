@@ -31,6 +31,7 @@ BarPlace placeOf(Bar bar) {
   return {kContentPane, SB_VERT};
 }
 
+constexpr UINT kLayerOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
 constexpr UINT kPlaceFlags = SWP_NOZORDER | SWP_NOREDRAW | SWP_NOACTIVATE | SWP_NOOWNERZORDER;
 
 }  // namespace
@@ -47,14 +48,19 @@ LRESULT SettingsViewWin::send(int id, UINT message, WPARAM wParam, LPARAM lParam
 
 WindowHandle SettingsViewWin::handle() const { return handleFrom(window); }
 
-void SettingsViewWin::show() {
-  ShowWindow(window, SW_SHOW);
+void SettingsViewWin::show() { comeUp(SW_SHOW); }
+
+void SettingsViewWin::restore() { comeUp(SW_RESTORE); }
+
+void SettingsViewWin::comeUp(int how) {
+  ShowWindow(window, how);
+  if (aboveAll) SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kLayerOnly);
   SetForegroundWindow(window);
 }
 
-void SettingsViewWin::restore() {
-  ShowWindow(window, SW_RESTORE);
-  SetForegroundWindow(window);
+void SettingsViewWin::standAboveAll(bool on) {
+  aboveAll = on;
+  if (!on) SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, kLayerOnly);
 }
 
 std::u16string SettingsViewWin::text(int id) {

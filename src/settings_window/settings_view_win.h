@@ -24,6 +24,7 @@ class SettingsViewWin : public SettingsView {
   void destroy() override;
   void show() override;
   void restore() override;
+  void standAboveAll(bool on) override;
   std::u16string text(int id) override;
   void setText(int id, const std::u16string& text) override;
   bool isChecked(int id) override;
@@ -70,6 +71,7 @@ class SettingsViewWin : public SettingsView {
   void onDestroyed();
 
  private:
+  void comeUp(int how);
   bool createControl(const Control& row);
   void adorn(HWND made, const Control& row) const;
   void applyFont(HWND made, int id) const;
@@ -80,6 +82,7 @@ class SettingsViewWin : public SettingsView {
   HINSTANCE instance;
   void* creationParameter;
   HWND window = nullptr;
+  bool aboveAll = false;
   std::map<int, HWND> controls;  // the pane among them
 };
 

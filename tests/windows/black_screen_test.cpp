@@ -6,7 +6,9 @@
 #include "core/command_ids.h"
 #include "core/window_classes_win.h"
 #include "windows/menu_window.h"
+#include "windows/picture.h"
 #include "windows/program.h"
+#include "windows/settings_hand.h"
 #include "windows/standin_fixture.h"
 #include "windows/top_windows.h"
 
@@ -105,9 +107,40 @@ TEST_F(BlackScreenTest, EveryMonitorIsCoveredWithTheClockAbove) {
 
 TEST_F(BlackScreenTest, ABlackWindowThatIsActivatedAgainStaysBelowTheClock) {
   cover();
+  ASSERT_TRUE(waitUntil([&] { return isClockSeenOnBlack(); }));
   const HWND window = blackWindows().front();
-  SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-  EXPECT_TRUE(waitUntil([&] { return isClockSeenOnBlack(); }));
+  constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+  // Down first: what is on top already is not raised.
+  SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, kOrderOnly);
+  SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kOrderOnly);
+  (void)settledPictureOf(program.rect());
+  EXPECT_TRUE(isClockSeenOnBlack());
+}
+
+TEST_F(BlackScreenTest, AMonitorOfAnotherResolutionStaysCoveredFromEdgeToEdge) {
+  cover();
+  for (const HWND window : blackWindows()) sendDpiChanged(window, 64, {0, 0, 300, 200});
+  expectEveryMonitorCovered();
+}
+
+TEST_F(BlackScreenTest, WhenTheMonitorsAreArrangedAnewEachIsCoveredAgain) {
+  cover();
+  ASSERT_TRUE(waitUntil([&] { return blackWindows().size() == monitors().size(); }));
+  for (const HWND window : blackWindows()) {
+    SetWindowPos(window, nullptr, 40, 30, 300, 200, SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  SendMessageW(program.clock(), WM_DISPLAYCHANGE, 32, MAKELPARAM(1024, 768));
+  expectEveryMonitorCovered();
+}
+
+TEST_F(BlackScreenTest, SettingsThatAreAskedForMeanwhileStandAboveItAndNotAfterIt) {
+  cover();
+  program.command(kCommandOpenSettings);
+  ASSERT_TRUE(waitUntil([&] { return program.settingsWindow() != nullptr; }));
+  const HWND settings = program.settingsWindow();
+  EXPECT_TRUE(GetWindowLongW(settings, GWL_EXSTYLE) & WS_EX_TOPMOST);
+  program.command(kCommandToggleBlack);
+  EXPECT_FALSE(GetWindowLongW(settings, GWL_EXSTYLE) & WS_EX_TOPMOST);
 }
 
 TEST_F(BlackScreenTest, TwoMonitorsGetAWindowEachWithTheClockAboveBoth) {
@@ -228,6 +261,35 @@ TEST_F(BlackScreenTest, TheEndOfTheProgramTakesItAlong) {
   ASSERT_TRUE(program.waitForEnd(exitCode));
   EXPECT_EQ(exitCode, 0u);
   EXPECT_TRUE(blackWindows().empty());
+}
+
+/// Wrong input in an open settings window, which the show and then the black screen cover.
+class BlackScreenQuestionTest : public SettingsHand {
+ protected:
+  void SetUp() override {
+    ASSERT_NO_FATAL_FAILURE(open(quiet()));
+    retype(kSecondsBox, L"70");
+    ASSERT_TRUE(reads(kSecondsBox, L"70"));
+    ASSERT_TRUE(presentations.start(L"powerpnt.exe"));
+    ASSERT_EQ(presentations.command(L"open \"" + deck.path + L"\""), L"ok");
+    ASSERT_EQ(presentations.command(L"show"), L"ok");
+    ASSERT_TRUE(program.isCounting());
+    program.command(kCommandToggleBlack);
+    ASSERT_FALSE(topWindows(kBlackClass).empty());
+  }
+
+  TemporaryDeck deck{L"black.pptx"};
+  standin::Client presentations;
+};
+
+TEST_F(BlackScreenQuestionTest, TheQuestionBeforeTheExitStandsAboveIt) {
+  PostMessageW(program.clock(), WM_COMMAND, kCommandExit, 0);
+  ASSERT_TRUE(asks());
+  EXPECT_TRUE(GetWindowLongW(question(), GWL_EXSTYLE) & WS_EX_TOPMOST);
+  EXPECT_FALSE(GetWindowLongW(window(), GWL_EXSTYLE) & WS_EX_TOPMOST)
+      << "nobody has asked for the window itself";
+  answer(IDNO);
+  EXPECT_TRUE(waitUntil([&] { return question() == nullptr; }));
 }
 
 }  // namespace

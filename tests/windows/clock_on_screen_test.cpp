@@ -197,22 +197,44 @@ TEST_F(ClockOnScreenTest, TheDefaultSizeComesBackByTheToolbar) {
 
 TEST_F(ClockOnScreenTest, AnotherResolutionMovesTheClockToTheSuggestedPlaceAndKeepsItsUnits) {
   startAt(200, 150);
-  RECT suggested{100, 120, 100 + 366, 120 + 164};
-  // The rectangle must lie in the other process for the time of the message.
-  HANDLE process = nullptr;
-  DWORD id = 0;
-  GetWindowThreadProcessId(program.clock(), &id);
-  process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id);
-  ASSERT_NE(process, nullptr);
-  void* there = VirtualAllocEx(process, nullptr, sizeof suggested, MEM_COMMIT, PAGE_READWRITE);
-  ASSERT_TRUE(WriteProcessMemory(process, there, &suggested, sizeof suggested, nullptr));
-  SendMessageW(program.clock(), WM_DPICHANGED, MAKEWPARAM(192, 192),
-               reinterpret_cast<LPARAM>(there));
-  VirtualFreeEx(process, there, 0, MEM_RELEASE);
-  CloseHandle(process);
+  sendDpiChanged(program.clock(), 192, {100, 120, 100 + 366, 120 + 164});
   EXPECT_TRUE(isAt(100, 120));
   EXPECT_TRUE(hasSize(366, 164));
   EXPECT_EQ(program.settings().windowWidth, 183u);
+}
+
+TEST_F(ClockOnScreenTest, TheToolbarTakesItsSizeFromTheClockAndNotFromItsOwnMonitor) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  RECT before{};
+  GetWindowRect(toolbar(), &before);
+  sendDpiChanged(toolbar(), 192, {0, 0, 2 * scaled(222), 2 * scaled(40)});
+  RECT after{};
+  GetWindowRect(toolbar(), &after);
+  EXPECT_TRUE(EqualRect(&after, &before));
+}
+
+TEST_F(ClockOnScreenTest, ASecondQuickPressOnACornerDragsItToo) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  moveTo(bottomRight());
+  PostMessageW(program.clock(), WM_NCLBUTTONDBLCLK, HTBOTTOMRIGHT, 0);
+  ASSERT_TRUE(waitUntil([&] { return program.isHeldByMouse(); }));
+  const POINT corner = bottomRight();
+  moveTo({corner.x + scaled(40), corner.y + scaled(30)});
+  EXPECT_TRUE(hasSize(scaled(183) + scaled(40), scaled(82) + scaled(30)));
+}
+
+TEST_F(ClockOnScreenTest, AResolutionThatChangesDuringACornerDragLetsItGoOnFromTheNewSize) {
+  startAt(200, 150);
+  program.command(kCommandToggleResizeMode);
+  const POINT corner = bottomRight();
+  pressAt(corner);
+  ASSERT_TRUE(waitUntil([&] { return program.isHeldByMouse(); }));
+  sendDpiChanged(program.clock(), 192, {200, 150, 200 + scaled(400), 150 + scaled(200)});
+  moveTo({corner.x + 10, corner.y + 5});
+  EXPECT_TRUE(hasSize(scaled(400) + 10, scaled(200) + 5));
+  release();
 }
 
 TEST_F(ClockOnScreenTest, TheLimitsAreTheSystemsTrackingLimitsToo) {

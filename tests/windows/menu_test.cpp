@@ -4,6 +4,7 @@
 #include "core/command_ids.h"
 #include "core/tray_win.h"
 #include "windows/menu_window.h"
+#include "windows/picture.h"
 #include "windows/program.h"
 #include "windows/standin_client.h"
 
@@ -46,6 +47,18 @@ class MenuTest : public testing::Test {
   /// Above the last item and a separator.
   POINT manualModeItem() const { return {lastItem().x, lastItem().y - scaled(40)}; }
 
+  /// How many rows of pixels have some of another colour than the ground, in the texts' column.
+  static int rowsWithInk(const Picture& menu) {
+    const int left = scaled(30);
+    int rows = 0;
+    for (int y = 0; y < menu.size.height; ++y) {
+      bool hasInk = false;
+      for (int x = left; x < left + scaled(60); ++x) hasInk |= menu.at(x, y) != menu.at(left, y);
+      rows += hasInk ? 1 : 0;
+    }
+    return rows;
+  }
+
   Program program;
 };
 
@@ -75,6 +88,30 @@ TEST_F(MenuTest, TheMouseChoosesTheOtherMode) {
   ASSERT_TRUE(opensByMouse());
   clickAt(manualModeItem());
   EXPECT_TRUE(waitUntil([&] { return !program.settings().autoMode; }));
+}
+
+TEST_F(MenuTest, TheRightButtonChoosesAsWell) {
+  ASSERT_TRUE(opensByMouse());
+  rightClickAt(manualModeItem());
+  EXPECT_TRUE(waitUntil([&] { return !program.settings().autoMode; }));
+}
+
+TEST_F(MenuTest, ItsItemsCanBeRead) {
+  ASSERT_TRUE(opensByMouse());
+  const RECT rect = menuRect(program.clock());
+  // Where no text stands, one item looks like the other, and only separators have lines.
+  EXPECT_TRUE(waitUntil([&] { return rowsWithInk(pictureOf(rect)) >= 7 * scaled(8); }));
+}
+
+TEST_F(MenuTest, ItTakesTheForegroundWithoutWhichAClickElsewhereWouldNotCloseIt) {
+  const HWND other = CreateWindowExW(0, L"STATIC", L"in front", WS_POPUP | WS_VISIBLE, 600, 400, 80,
+                                     60, nullptr, nullptr, nullptr, nullptr);
+  SetForegroundWindow(other);
+  ASSERT_TRUE(waitUntil([&] { return GetForegroundWindow() == other; }));
+  PostMessageW(program.clock(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(program.clock()), -1);
+  ASSERT_TRUE(opens());
+  EXPECT_EQ(GetForegroundWindow(), program.clock());
+  DestroyWindow(other);
 }
 
 TEST_F(MenuTest, TheLastItemEndsTheProgram) {

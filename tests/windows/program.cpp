@@ -254,6 +254,20 @@ void pressKey(WORD virtualKey) {
   SendInput(1, &input, sizeof input);
 }
 
+void sendDpiChanged(HWND window, int dpi, const RECT& suggested) {
+  // The rectangle must lie in the other process for the time of the message.
+  DWORD id = 0;
+  GetWindowThreadProcessId(window, &id);
+  const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id);
+  ASSERT_NE(process, nullptr);
+  void* there = VirtualAllocEx(process, nullptr, sizeof suggested, MEM_COMMIT, PAGE_READWRITE);
+  ASSERT_TRUE(WriteProcessMemory(process, there, &suggested, sizeof suggested, nullptr));
+  SendMessageW(window, WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+               reinterpret_cast<LPARAM>(there));
+  VirtualFreeEx(process, there, 0, MEM_RELEASE);
+  CloseHandle(process);
+}
+
 int scaled(int units) { return MulDiv(units, static_cast<int>(GetDpiForSystem()), 96); }
 
 }  // namespace mrl

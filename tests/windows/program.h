@@ -109,6 +109,9 @@ void rightClickAt(POINT point);
 /// A key goes to the window in the foreground.
 void pressKey(WORD virtualKey);
 
+/// Tells a window of any process that it has come to a monitor of `dpi`, as Wine never does.
+void sendDpiChanged(HWND window, int dpi, const RECT& suggested);
+
 /// Where a thing of 96 dots per inch stands at the desktop's resolution.
 int scaled(int units);
 

@@ -1,9 +1,44 @@
 #include "windows/shell_standin.h"
 
+#include <shellapi.h>
+
+#include <algorithm>
+#include <cstring>
+
 namespace mrl {
 namespace {
 
 constexpr wchar_t kClass[] = L"Shell_TrayWnd";
+
+/// How Wine hands an icon over.
+struct IconData {
+  LONG window;
+  UINT id;
+  UINT flags;
+  UINT callbackMessage;
+  WCHAR tip[128];
+  DWORD state;
+  DWORD stateMask;
+  WCHAR info[256];
+  UINT timeout;
+  WCHAR infoTitle[64];
+  DWORD infoFlags;
+  GUID item;
+  UINT width;
+  UINT height;
+};
+
+ShellStandIn::Request requestFrom(const COPYDATASTRUCT& data, HWND sender) {
+  IconData icon{};
+  std::memcpy(&icon, data.lpData, std::min<size_t>(sizeof icon, data.cbData));
+  return {data.dwData,
+          sender,
+          icon.id,
+          icon.flags,
+          icon.callbackMessage,
+          icon.tip,
+          {static_cast<int>(icon.width), static_cast<int>(icon.height)}};
+}
 
 }  // namespace
 
@@ -36,10 +71,15 @@ LRESULT CALLBACK ShellStandIn::procedure(HWND window, UINT message, WPARAM wPara
   if (message != WM_COPYDATA) return DefWindowProcW(window, message, wParam, lParam);
   auto* self = reinterpret_cast<ShellStandIn*>(GetWindowLongPtrW(window, GWLP_USERDATA));
   const auto* data = reinterpret_cast<const COPYDATASTRUCT*>(lParam);
-  self->requests.push_back({data->dwData,
-                            reinterpret_cast<HWND>(wParam),
-                            {static_cast<const char*>(data->lpData), data->cbData}});
-  return self->accepts ? TRUE : FALSE;
+  self->requests.push_back(requestFrom(*data, reinterpret_cast<HWND>(wParam)));
+  return self->take(self->requests.back()) ? TRUE : FALSE;
+}
+
+bool ShellStandIn::take(const Request& request) {
+  const bool adds = request.kind == NIM_ADD;
+  if (!accepts || adds == hasIcon) return false;
+  hasIcon = request.kind != NIM_DELETE;
+  return true;
 }
 
 }  // namespace mrl

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "core/geometry.h"
+
 namespace mrl {
 
 /// The latest one made gets the icons of every program. Belongs to the thread that made it, which
@@ -13,9 +15,13 @@ namespace mrl {
 class ShellStandIn {
  public:
   struct Request {
-    ULONG_PTR kind;  // NIM_ADD or NIM_DELETE
+    ULONG_PTR kind;  // NIM_ADD, NIM_MODIFY or NIM_DELETE
     HWND sender;
-    std::string bytes;
+    UINT id;
+    UINT flags;
+    UINT callbackMessage;
+    std::wstring tip;
+    Size picture;  // pixels; none without an icon
   };
 
   ShellStandIn();
@@ -25,9 +31,11 @@ class ShellStandIn {
   int count(ULONG_PTR kind) const;
 
   bool accepts = true;
+  bool hasIcon = false;  // what stands is not added again, and nothing else can be modified
   std::vector<Request> requests;
 
  private:
+  bool take(const Request& request);
   static LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   HWND window = nullptr;
