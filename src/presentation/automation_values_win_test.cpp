@@ -1,9 +1,10 @@
 // What comes back from a call: texts, objects, numbers.
 #include <gtest/gtest.h>
+#include <windows.h>
 
 #include "presentation/automation_access.h"
 #include "presentation/automation_contract.h"
-#include "presentation/automation_place_win.h"
+#include "presentation/automation_place_win.inc"
 #include "presentation/window_system_win.h"
 #include "settings/files_fake.h"
 

@@ -4,7 +4,7 @@
 
 #include <psapi.h>
 
-#include "presentation/automation_place_win.h"
+#include "presentation/automation_place_win.inc"
 
 namespace mrl {
 namespace {
