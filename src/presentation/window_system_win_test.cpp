@@ -172,22 +172,6 @@ TEST_F(WindowSystemWinTest, TheMonitorRectangleIsThatOfTheWholeScreen) {
             (Rect{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}));
 }
 
-// Without a taskbar the work area is the whole screen, so one is cut off for the test.
-TEST_F(WindowSystemWinTest, TheMonitorRectangleReachesBelowTheTaskbar) {
-  const TestWindow window(L"a");
-  RECT whole = {};
-  ASSERT_TRUE(SystemParametersInfoW(SPI_GETWORKAREA, 0, &whole, 0));
-  RECT shrunk = whole;
-  shrunk.bottom -= 40;
-  ASSERT_TRUE(SystemParametersInfoW(SPI_SETWORKAREA, 0, &shrunk, 0));
-  MONITORINFO info = {};
-  info.cbSize = sizeof info;
-  GetMonitorInfoW(MonitorFromWindow(window.hwnd(), MONITOR_DEFAULTTONEAREST), &info);
-  EXPECT_EQ(info.rcWork.bottom, shrunk.bottom);
-  EXPECT_EQ(system.monitorRect(window.handle()).bottom, GetSystemMetrics(SM_CYSCREEN));
-  EXPECT_TRUE(SystemParametersInfoW(SPI_SETWORKAREA, 0, &whole, 0));
-}
-
 TEST_F(WindowSystemWinTest, AWindowOutsideAllMonitorsHasTheNearestOne) {
   const TestWindow window(L"a");
   SetWindowPos(window.hwnd(), nullptr, -9000, -9000, 10, 10, SWP_NOZORDER);
