@@ -143,7 +143,8 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       if (wParam == static_cast<WPARAM>(LoopTimer::TrayRetry)) retryTrayIcon(app);
       return 0;
     case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
-    case kTrayNotify: onTrayMouse(app, LOWORD(lParam)); return 0;
+    case kTrayNotify: PostMessageW(window, kTrayAction, wParam, lParam); return 0;
+    case kTrayAction: onTrayMouse(app, LOWORD(lParam)); return 0;
     case kRemoteRequestMessage: onRemoteRequest(app, *requestFrom(lParam)); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);

@@ -37,6 +37,7 @@ void holdForTarget(App& app) {
     app.hiddenByRule = true;
   }
   lookForTarget(app);
+  if (!app.switchHold) return;  // reset meanwhile
   app.switchPulseUntilMs = app.platform.clock.nowMs() + kPulseLengthMs;
   app.switchPulseNextMs = 0;
 }
@@ -47,8 +48,9 @@ void pulse(App& app, const std::u16string& target, uint64_t& untilMs, uint64_t& 
   if (nowMs >= untilMs) {
     untilMs = nextMs = 0;
   } else if (nowMs >= nextMs) {
-    raiseDocumentShow(app.platform.presentation(), app.automation, target);
     nextMs = nowMs + kPulsePeriodMs;
+    // A copy: a reset while the application is asked for its show clears App's own.
+    raiseDocumentShow(app.platform.presentation(), app.automation, std::u16string(target));
   }
 }
 
@@ -65,15 +67,16 @@ void beginDeckSwitch(App& app, uint64_t nowMs) {
   app.follower.resetAtMs = 0;
   std::u16string ignored;  // there may be no show to exit
   (void)sendShowCommand(app.platform.presentation(), app.automation, "exit", ignored);
-  app.switchAtMs = nowMs + kExitDelayMs;
+  if (app.follower.switchPending) app.switchAtMs = nowMs + kExitDelayMs;  // not reset meanwhile
 }
 
 void continueDeckSwitch(App& app, uint64_t nowMs) {
   if (app.switchAtMs == 0 || nowMs < app.switchAtMs) return;
   app.switchAtMs = 0;
   std::u16string error;
-  if (tryOpenDocument(app.platform.presentation(), app.automation, app.switchTarget, true, error)) {
-    holdForTarget(app);
+  const std::u16string target = app.switchTarget;  // a reset meanwhile clears App's own
+  if (tryOpenDocument(app.platform.presentation(), app.automation, target, true, error)) {
+    if (!app.switchTarget.empty()) holdForTarget(app);
     return;
   }
   app.follower.switchPending = false;

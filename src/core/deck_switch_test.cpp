@@ -1,6 +1,7 @@
 #include "core/deck_switch.h"
 
 #include <algorithm>
+#include <functional>
 
 #include "core/app_fixture.h"
 #include "core/commands.h"
@@ -41,13 +42,20 @@ class DeckSwitchTest : public AppFixture {
     runOut();
     runFor(kExitDelayMs);
   }
+  /// What goes on while an application is waited for.
+  void during(const std::string& call, const std::function<void()>& work) {
+    outside.automation.beforeCall =
+        [call, work, before = outside.automation.beforeCall](const std::string& entry) {
+          before(entry);
+          if (entry == call) work();
+        };
+  }
   /// An application that takes its time for one call.
   void slowDown(const std::string& call, uint64_t byMs) {
-    outside.automation.beforeCall =
-        [this, call, byMs, before = outside.automation.beforeCall](const std::string& entry) {
-          before(entry);
-          if (entry == call) clock.advance(byMs);
-        };
+    during(call, [this, byMs] { clock.advance(byMs); });
+  }
+  void resetDuring(const std::string& call) {
+    during(call, [this] { runCommand(app, kCommandReset); });
   }
   /// What polls at the end of the deck that was switched to will see.
   void endTarget() {
@@ -330,6 +338,85 @@ TEST_F(DeckSwitchTest, AResetBeforeTheDeckIsOpenedOpensNothing) {
   runFor(5000);
   EXPECT_EQ(times("method settings.Run"), 0);
   EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheOldShowIsExitingOpensNothing) {
+  startShow(kDeck);
+  resetDuring("method view.Exit");
+  fireExpiry(app, clock.nowMs());
+  runFor(5000);
+  EXPECT_EQ(times("method settings.Run"), 0);
+  EXPECT_EQ(app.lastError, u"");
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheDeckIsBeingStartedLeavesTheClockInSight) {
+  runOut();
+  resetDuring("method settings.Run");
+  runFor(kExitDelayMs);
+  ASSERT_EQ(program->shows.size(), 1u) << "what is being started can't be called back";
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_EQ(app.switchPulseUntilMs, 0u);
+  waitForPoll();
+  EXPECT_TRUE(clockWindow.visible);
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheScreenIsLookedAtStillOpensTheDeckThatWasMeant) {
+  runOut();
+  during("get application.Presentations", [this] {
+    if (app.switchAtMs == 0) runCommand(app, kCommandReset);
+  });
+  runFor(kExitDelayMs);
+  ASSERT_EQ(program->shows.size(), 1u);
+  EXPECT_EQ(program->shows.front()->deck->path, kOtherDeck);
+  EXPECT_FALSE(app.switchHold);
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheNewShowIsLookedForRaisesNothing) {
+  runOut();
+  resetDuring("get slide.SlideIndex");
+  runFor(kExitDelayMs);
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_EQ(app.switchPulseUntilMs + app.switchPulseNextMs, 0u);
+}
+
+TEST_F(DeckSwitchTest, AResetWhileTheNewShowIsRaisedEndsThePulse) {
+  switchOver();
+  resetDuring("get slide.SlideIndex");
+  runFor(kTickMs * 3);
+  EXPECT_FALSE(app.switchHold);
+  EXPECT_EQ(app.switchPulseUntilMs + app.switchPulseNextMs, 0u);
+}
+
+TEST_F(DeckSwitchTest, ARaiseThatHasBegunIsOfTheDeckThatItWasMeantFor) {
+  switchOver();
+  const long before = times("topmost 600");
+  resetDuring("get slide.SlideIndex");
+  app.lastPollMs = clock.nowMs() + kTickMs;  // only the pulse asks in this tick
+  app.switchPulseNextMs = 0;
+  runFor(kTickMs);
+  EXPECT_EQ(times("topmost 600"), before + 1);
+}
+
+TEST_F(DeckSwitchTest, TheNextRaiseIsDueAQuarterOfASecondAfterTheTickHoweverSlowTheLastWas) {
+  startShow(kDeck);
+  slowDown("get slide.SlideIndex", 400);
+  app.openPulseTarget = kDeck;
+  app.openPulseUntilMs = clock.nowMs() + 2000;
+  const uint64_t now = clock.nowMs();
+  tick(app);
+  EXPECT_EQ(app.openPulseNextMs, now + 250);
+}
+
+TEST_F(DeckSwitchTest, TheProgramMayEndWhileTheDeckIsBeingStarted) {
+  runOut();
+  during("method settings.Run", [this] {
+    runCommand(app, kCommandExit);
+    onClockDestroyed(app);
+  });
+  runFor(5000);
+  EXPECT_TRUE(loop.hasQuit);
+  EXPECT_FALSE(clockWindow.visible || blackScreen.covering);
+  finishApp(app);
 }
 
 TEST_F(DeckSwitchTest, AShowThatARemoteCommandStartedIsRaisedForTwoSecondsToo) {

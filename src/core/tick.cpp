@@ -6,7 +6,6 @@
 #include "overlay/clock_drawing.h"
 #include "presentation/show_identity.h"
 #include "presentation/show_poll.h"
-#include "settings/path_rules.h"
 #include "settings_window/auto_apply.h"
 #include "settings_window/status_line.h"
 
@@ -42,7 +41,7 @@ void poll(App& app, uint64_t nowMs) {
   if (static_cast<int64_t>(clockMs - app.lastPollMs) < kPollPeriodMs) return;
   app.lastPollMs = clockMs;
   const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
-  const bool excluded = isExcluded(app.platform.files, app.settings, status);
+  const bool excluded = isExcluded(app.settings, status);
   const ShowObservation seen = observe(app, status, excluded);
   endHoldIfLeft(app, seen.isSwitchTarget);
 
@@ -112,16 +111,13 @@ bool isBlinkOn(const App& app) {
 }
 
 ShowObservation observe(App& app, const ShowStatus& status, bool excluded) {
-  Files& files = app.platform.files;
   ShowObservation seen;
   seen.showing = status.running;
   seen.excluded = excluded;
   seen.slideKey = slideKeyOf(status);
   seen.documentState = status.documentState;
-  seen.isSwitchTarget = showsDocument(files, status, app.switchTarget);
-  if (!status.documentPath.empty()) {
-    seen.normalizedPath = normalizePath(files, status.documentPath);
-  }
+  seen.isSwitchTarget = showsDocument(app.platform.files, status, app.switchTarget);
+  seen.normalizedPath = status.normalizedPath;
   seen.title = status.windowTitle;
   return seen;
 }

@@ -48,6 +48,53 @@ TEST_F(TickTest, AfterALongSleepThereIsOnePollAndNoBurst) {
   EXPECT_EQ(outside.windows.scans, 2);
 }
 
+TEST_F(TickTest, TheTimeOfAPollIsThatOfItsBeginningHoweverLongItTakes) {
+  waitForPoll();
+  outside.automation.beforeCall = [this](const std::string& entry) {
+    if (entry == "running KWPP.Application") clock.advance(5000);
+  };
+  waitForPoll();
+  EXPECT_EQ(outside.windows.scans, 2);
+  tick(app);
+  EXPECT_EQ(outside.windows.scans, 3) << "five seconds later, the next one is due at once";
+}
+
+TEST_F(TickTest, ATickInTheMidstOfAPollPollsNoFurther) {
+  int depth = 0;
+  outside.automation.beforeCall = [&](const std::string& /*entry*/) {
+    if (++depth == 1) tick(app);
+    --depth;
+  };
+  startShow(kDeck);
+  waitForPoll();
+  EXPECT_EQ(polls(), 1);
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(TickTest, TheProgramMayEndInTheMidstOfAPoll) {
+  startShow(kDeck);
+  outside.automation.beforeCall = [this](const std::string& entry) {
+    if (entry != "get view.Slide" || loop.hasQuit) return;
+    runCommand(app, kCommandExit);
+    onClockDestroyed(app);
+  };
+  runFor(3000);
+  EXPECT_TRUE(loop.hasQuit);
+  EXPECT_FALSE(clockWindow.visible);
+  finishApp(app);
+}
+
+TEST_F(TickTest, TheFileSystemIsAskedOnceForThePathOfAShow) {
+  app.settings.skipList = {kOtherDeck};
+  app.switchTarget = kOtherDeck;
+  files().putFile(kDeck, "");
+  startShow(kDeck);
+  files().done.clear();
+  tick(app);
+  ASSERT_TRUE(app.lastStatus.running);
+  EXPECT_EQ(std::ranges::count(files().done, kDeck, &FilesFake::Step::path), 1);
+}
+
 TEST_F(TickTest, AShowThatAppearsStartsTheTimerAtTheNextPoll) {
   waitForPoll();
   startShow(kDeck);
@@ -117,6 +164,14 @@ TEST_F(TickTest, AClosedDocumentResetsTheTimerAfterTheDelayAndEndsTheBlinkWithIt
   runFor(100);
   EXPECT_EQ(phase(), TimerPhase::Idle);
   EXPECT_FALSE(app.blinkActive) << "a delayed reset undoes what is in flight";
+}
+
+TEST_F(TickTest, AnotherSpellingOfItsPathIsNoOtherDocument) {
+  startShow(kDeck);
+  runFor(3000);
+  program->decks.front()->path = u"C:/talks/./demo.pptx";
+  waitForPoll();
+  EXPECT_GE(elapsedMs(), 2900);
 }
 
 TEST_F(TickTest, AnotherDocumentWithinTheDelayCancelsTheResetAndStartsFromZero) {

@@ -9,6 +9,9 @@ namespace mrl {
 
 /// What the icon sends to the clock's window; the lParam is the mouse message.
 inline constexpr UINT kTrayNotify = WM_APP + 1;
+/// The same, posted on to oneself. The shell's message is sent, so it can come while a call into a
+/// presentation program waits; a menu's own loop must not run below that call.
+inline constexpr UINT kTrayAction = WM_APP + 2;
 
 class TrayWin : public Tray {
  public:

@@ -29,7 +29,9 @@ inline constexpr AutomationResult kAutomationNullObject = static_cast<int32_t>(0
 /// Which kinds of dispatch a call asks for.
 enum class DispatchKind : uint16_t { Method = 1, Get = 2, MethodOrGet = 3 };
 
-/// UI thread only. Calls go into another process and may block for as long as that process likes.
+/// UI thread only. Everything here goes into another process, may block for as long as that process
+/// likes, and may let other work in meanwhile: messages that are sent to the program's windows are
+/// handled. What a caller reads after a call it must have copied before, unless it wants the news.
 class Automation {
  public:
   virtual ~Automation() = default;
@@ -40,14 +42,15 @@ class Automation {
 
   /// One call by name. `arguments` are integers and texts in natural order. `result` may be null
   /// when nobody wants it; it is filled on success only, and stays empty when neither a text nor an
-  /// object came back. REQUIRES: `object` is not null and `result` is empty.
-  virtual AutomationResult call(const AutomationRef& object, std::u16string_view name,
-                                DispatchKind kind, AutomationValue* result,
+  /// object came back. `object` is the call's own, since the work that is let in may give up the
+  /// caller's. REQUIRES: `object` is not null and `result` is empty.
+  virtual AutomationResult call(AutomationRef object, std::u16string_view name, DispatchKind kind,
+                                AutomationValue* result,
                                 const std::vector<AutomationValue>& arguments) = 0;
   /// Gets a property as an integer. Whatever the system can turn into one counts: a fraction, a
   /// text of digits, nothing at all (0). On failure returns false and leaves `value` as it was.
   /// REQUIRES: `object` is not null.
-  [[nodiscard]] virtual bool readInteger(const AutomationRef& object, std::u16string_view name,
+  [[nodiscard]] virtual bool readInteger(AutomationRef object, std::u16string_view name,
                                          int32_t& value) = 0;
 };
 

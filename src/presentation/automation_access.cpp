@@ -65,9 +65,10 @@ bool connectApplication(const PresentationAccess& access, AutomationState& autom
 }
 
 AutomationRef findShowWindow(const PresentationAccess& access, const AutomationRef& application,
-                             const std::u16string& expectedDocument) {
+                             std::u16string expectedDocument) {
   const AutomationRef shows = getObject(access, application, u"SlideShowWindows");
   if (countElements(access, shows) < 1) return nullptr;
+  if (!expectedDocument.empty()) expectedDocument = normalizePath(access.files, expectedDocument);
   AutomationRef firstShow;
   for (int32_t index = 1; index <= countElements(access, shows); ++index) {
     const AutomationRef show = elementAt(access, shows, index);
@@ -75,8 +76,7 @@ AutomationRef findShowWindow(const PresentationAccess& access, const AutomationR
     if (expectedDocument.empty()) continue;
     const std::u16string path =
         getString(access, getObject(access, show, u"Presentation"), u"FullName");
-    if (!path.empty() && samePath(normalizePath(access.files, path),
-                                  normalizePath(access.files, expectedDocument))) {
+    if (!path.empty() && samePath(normalizePath(access.files, path), expectedDocument)) {
       return show;
     }
   }

@@ -79,7 +79,7 @@ AutomationRef elementAt(const PresentationAccess& access, const AutomationRef& c
 /// The show window of `expectedDocument` (normalised, may be empty), or else the first one, or
 /// null.
 AutomationRef findShowWindow(const PresentationAccess& access, const AutomationRef& application,
-                             const std::u16string& expectedDocument);
+                             std::u16string expectedDocument);
 
 /// The screen window of a show: what the application says, or else what the desktop shows for
 /// `documentPath`, or null.

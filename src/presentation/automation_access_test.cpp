@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "presentation/automation_contract.h"
 #include "presentation/presentation_fake.h"
 #include "settings/path_rules.h"
 
@@ -26,6 +27,19 @@ class AutomationAccessTest : public testing::Test {
     return getString(access, getObject(access, show, u"Presentation"), u"FullName");
   }
 };
+
+/// The name of an application is what each test of the contract says.
+struct AutomationContractPlace : PresentationFake {
+  static constexpr char16_t kMember[] = u"Name";
+  const std::shared_ptr<FakeApplication> application = automation.add(u"PowerPoint.Application");
+  const AutomationRef owner = application->object;
+
+  void holds(const AutomationValue& value) {
+    automation.answers["application.Name"] = {kAutomationOk, value};
+  }
+  void fails(AutomationResult outcome) { automation.fail("application.Name", outcome); }
+};
+INSTANTIATE_TYPED_TEST_SUITE_P(Fake, AutomationContract, AutomationContractPlace);
 
 TEST_F(AutomationAccessTest, TheProvidersStandInTheirFixedOrder) {
   ASSERT_EQ(std::size(kProviders), 3u);
@@ -50,6 +64,27 @@ TEST_F(AutomationAccessTest, ACallHandsOnNameKindArgumentsAndResult) {
             kAutomationOk);
   EXPECT_TRUE(std::holds_alternative<AutomationRef>(result));
   EXPECT_EQ(world.log, (Log{"method presentations.Open C:\\b.pptx 0 0 -1"}));
+}
+
+TEST_F(AutomationAccessTest, AnObjectThatIsGivenUpDuringItsOwnCallOutlivesIt) {
+  AutomationRef decks = getObject(access, application->object, u"Presentations");
+  AutomationRef shows = getObject(access, application->object, u"SlideShowWindows");
+  const std::weak_ptr<AutomationObject> called = decks;
+  const std::weak_ptr<AutomationObject> counted = shows;
+  world.automation.beforeCall = [&](const std::string& entry) {
+    if (entry == "both presentations.Item 1") {
+      decks = nullptr;
+      EXPECT_FALSE(called.expired());
+    } else {
+      shows = nullptr;
+      EXPECT_FALSE(counted.expired());
+    }
+  };
+  application->addDeck(u"C:\\a.pptx");
+  EXPECT_TRUE(elementAt(access, decks, 1));
+  EXPECT_TRUE(called.expired());
+  EXPECT_EQ(getInt(access, shows, u"Count"), 0);
+  EXPECT_TRUE(counted.expired());
 }
 
 TEST_F(AutomationAccessTest, AFailedCallReturnsItsResult) {

@@ -2,6 +2,7 @@
 // member can be told to fail or to talk nonsense, and which writes down every call.
 #pragma once
 
+#include <cassert>
 #include <charconv>
 #include <functional>
 #include <map>
@@ -69,7 +70,9 @@ class AutomationFake : public Automation {
   /// "both presentations.Item 2"
   std::vector<std::string>& log;
   std::map<std::string, Answer> answers;  // "view.Next": what that member says instead
-  std::function<void(const std::string& entry)> beforeCall;  // sees each entry of the log
+  /// Runs in the midst of each call, with the entry that the log has for it: what a real call lets
+  /// in while it waits, such as commands, a tick, the end of the program.
+  std::function<void(const std::string& entry)> beforeCall;
 
   std::shared_ptr<FakeApplication> add(std::u16string progId) {
     auto application = std::make_shared<FakeApplication>();
@@ -90,18 +93,20 @@ class AutomationFake : public Automation {
     note("start " + utf8From(progId));
     return find(progId, &FakeApplication::startable);
   }
-  AutomationResult call(const AutomationRef& object, std::u16string_view name, DispatchKind kind,
+  AutomationResult call(AutomationRef object, std::u16string_view name, DispatchKind kind,
                         AutomationValue* result, const Arguments& arguments) override {
-    Answer answer = answerOf(*static_cast<Object*>(object.get()), utf8From(name), kind, arguments);
-    if (answer.result >= 0 && result) *result = std::move(answer.value);
+    assert(object && (!result || std::holds_alternative<std::monostate>(*result)));
+    Answer answer = answerOf(object, name, kind, arguments);
+    const bool isNumber = std::holds_alternative<int32_t>(answer.value);
+    if (answer.result >= 0 && result && !isNumber) *result = std::move(answer.value);
     return answer.result;
   }
-  bool readInteger(const AutomationRef& object, std::u16string_view name, int32_t& value) override {
-    AutomationValue result;
-    if (call(object, name, DispatchKind::Get, &result, {}) < 0) return false;
-    if (std::holds_alternative<AutomationRef>(result)) return false;
-    if (std::holds_alternative<std::monostate>(result)) result = 0;
-    const std::string digits = textOf(result);
+  bool readInteger(AutomationRef object, std::u16string_view name, int32_t& value) override {
+    assert(object);
+    Answer answer = answerOf(object, name, DispatchKind::Get, {});
+    if (answer.result < 0 || std::holds_alternative<AutomationRef>(answer.value)) return false;
+    if (std::holds_alternative<std::monostate>(answer.value)) answer.value = 0;
+    const std::string digits = textOf(answer.value);
     int32_t number = 0;
     const auto [rest, failure] =
         std::from_chars(digits.data(), digits.data() + digits.size(), number);
@@ -148,8 +153,10 @@ class AutomationFake : public Automation {
     return utf8From(std::get<std::u16string>(argument));
   }
 
-  Answer answerOf(const Object& object, const std::string& name, DispatchKind kind,
+  Answer answerOf(const AutomationRef& called, std::u16string_view wideName, DispatchKind kind,
                   const Arguments& arguments) {
+    const auto& object = static_cast<const Object&>(*called);
+    const std::string name = utf8From(wideName);
     const std::string member = object.type + "." + name;
     std::string entry = kind == DispatchKind::Get      ? "get "
                         : kind == DispatchKind::Method ? "method "

@@ -104,7 +104,7 @@ AutomationRef AutomationWin::start(std::u16string_view progId) {
   return std::make_shared<DispatchObject>(std::move(dispatch));
 }
 
-AutomationResult AutomationWin::call(const AutomationRef& object, std::u16string_view name,
+AutomationResult AutomationWin::call(AutomationRef object, std::u16string_view name,
                                      DispatchKind kind, AutomationValue* result,
                                      const std::vector<AutomationValue>& arguments) {
   OwnedVariant returned;
@@ -114,8 +114,7 @@ AutomationResult AutomationWin::call(const AutomationRef& object, std::u16string
   return outcome;
 }
 
-bool AutomationWin::readInteger(const AutomationRef& object, std::u16string_view name,
-                                int32_t& value) {
+bool AutomationWin::readInteger(AutomationRef object, std::u16string_view name, int32_t& value) {
   OwnedVariant returned;
   if (FAILED(invoke(object, name, DISPATCH_PROPERTYGET, &returned, {}))) return false;
   if (FAILED(VariantChangeType(&returned, &returned, 0, VT_I4))) return false;

@@ -11,10 +11,10 @@ class AutomationWin : public Automation {
  public:
   AutomationRef running(std::u16string_view progId) override;
   AutomationRef start(std::u16string_view progId) override;
-  AutomationResult call(const AutomationRef& object, std::u16string_view name, DispatchKind kind,
+  AutomationResult call(AutomationRef object, std::u16string_view name, DispatchKind kind,
                         AutomationValue* result,
                         const std::vector<AutomationValue>& arguments) override;
-  bool readInteger(const AutomationRef& object, std::u16string_view name, int32_t& value) override;
+  bool readInteger(AutomationRef object, std::u16string_view name, int32_t& value) override;
 };
 
 }  // namespace mrl

@@ -27,31 +27,6 @@ bool isPresentation(const FolderEntry& entry) {
                    extension) != std::end(kPresentationExtensions);
 }
 
-/// In ascending order. Paths of one folder begin alike, and going through that part in every
-/// comparison would take most of the time.
-void sortPaths(std::vector<std::u16string>& paths) {
-  if (paths.empty()) return;
-  std::u16string_view shared = paths.front();
-  for (const std::u16string& path : paths) {
-    const auto [end, other] = std::mismatch(shared.begin(), shared.end(), path.begin(), path.end());
-    shared = shared.substr(0, static_cast<size_t>(end - shared.begin()));
-  }
-  std::sort(paths.begin(), paths.end(),
-            [length = shared.size()](std::u16string_view a, std::u16string_view b) {
-              return a.substr(length) < b.substr(length);
-            });
-}
-
-std::string idOf(const std::u16string& normal) {
-  uint64_t hash = kFnvOffsetBasis;
-  for (const char16_t unit : lowerCopy(normal)) {
-    hash = fnv1a(fnv1a(hash, unit & 0xFFU), unit >> 8U);
-  }
-  char digits[17];
-  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
-  return digits;
-}
-
 }  // namespace
 
 std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder) {
@@ -64,22 +39,28 @@ std::vector<std::u16string> listPresentations(Files& files, const std::u16string
     if (!isPresentation(entry)) continue;
     paths.push_back(normalizePath(files, inside + entry.name));
   }
-  sortPaths(paths);
+  std::sort(paths.begin(), paths.end());
   return paths;
 }
 
-std::string fileId(Files& files, const std::u16string& path) {
-  return idOf(normalizePath(files, path));
+std::string fileId(const std::u16string& normal) {
+  uint64_t hash = kFnvOffsetBasis;
+  for (const char16_t unit : lowerCopy(normal)) {
+    hash = fnv1a(fnv1a(hash, unit & 0xFFU), unit >> 8U);
+  }
+  char digits[17];
+  std::snprintf(digits, sizeof digits, "%016llx", static_cast<unsigned long long>(hash));
+  return digits;
 }
 
 std::vector<std::u16string>::const_iterator findFile(const std::vector<std::u16string>& list,
                                                      std::string_view id) {
   return std::find_if(list.begin(), list.end(),
-                      [&](const std::u16string& path) { return idOf(path) == id; });
+                      [&](const std::u16string& path) { return fileId(path) == id; });
 }
 
 PresentationFile presentationFile(const Settings& settings, const std::u16string& path) {
-  return {.id = idOf(path),
+  return {.id = fileId(path),
           .path = path,
           .name = path.substr(path.find_last_of(u"\\/") + 1),  // the whole path without either
           .skip = isSkipped(settings, path)};

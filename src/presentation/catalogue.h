@@ -25,9 +25,9 @@ struct PresentationFile {
 /// or an empty list.
 std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder);
 
-/// 16 lower-case hexadecimal digits that depend on the path alone, whatever its letter case: they
-/// survive restarts and change with a move or a new name.
-std::string fileId(Files& files, const std::u16string& path);
+/// 16 lower-case hexadecimal digits that depend on the normalised path alone, whatever its letter
+/// case: they survive restarts and change with a move or a new name.
+std::string fileId(const std::u16string& normal);
 
 /// The first of `list`, which listPresentations made, with that id, compared byte for byte, or the
 /// end.

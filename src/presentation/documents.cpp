@@ -147,8 +147,7 @@ bool openDocument(const PresentationAccess& access, AutomationState& automation,
   if (!presentation) return false;
   if (!play) return true;
 
-  if (current.show && !status.documentPath.empty() &&
-      samePath(normalizePath(access.files, status.documentPath), target)) {
+  if (current.show && !status.documentPath.empty() && samePath(status.normalizedPath, target)) {
     automation.expectedDocument = target;
     raiseWindow(access.windows, status.window);
     return true;

@@ -171,6 +171,16 @@ TEST_F(PlayTest, TheShowOnScreenIsKnownUnderEverySpellingOfThePath) {
   EXPECT_TRUE(logged("foreground 77"));
 }
 
+TEST_F(PlayTest, AShowOfTheDeckThatSlipsAwayBehindThePollIsNotTakenForOneOnScreen) {
+  application->addShow(deck, 77, 6);
+  world.automation.beforeCall = [&](const std::string& entry) {
+    if (entry == "get show.HWND") application->shows.clear();
+  };
+  EXPECT_FALSE(open(kDeck, true));
+  EXPECT_EQ(error, u"无法安全切换当前放映，请先手动退出当前放映");
+  EXPECT_FALSE(logged("show 77"));
+}
+
 TEST_F(PlayTest, AShowOnScreenThatCanNotBeRaisedIsASuccess) {
   application->addShow(deck, 0, 6);
   EXPECT_TRUE(open(kDeck, true));

@@ -67,7 +67,7 @@ AutomationResult startShow(const PresentationAccess& access, const AutomationRef
 
 AutomationResult runCommand(const PresentationAccess& access, const AutomationState& automation,
                             std::string_view command) {
-  const AutomationRef& application = automation.application;
+  const AutomationRef application = automation.application;  // stays it, whatever a call lets in
   const AutomationRef show = findShowWindow(access, application, automation.expectedDocument);
   if (command == "close") {
     return invokeMember(access, getObject(access, application, u"ActivePresentation"), u"Close",

@@ -110,6 +110,15 @@ TEST_F(RunningShowTest, CurrentSucceedsEvenWhenNothingCanBeRaised) {
   EXPECT_FALSE(logged("show 77"));
 }
 
+TEST_F(RunningShowTest, CurrentRaisesAShowWhoseDocumentCanNotBeRead) {
+  for (const char* member : {"show.Presentation", "presentation.FullName"}) {
+    world.automation.answers.clear();
+    world.automation.fail(member);
+    EXPECT_TRUE(send("current"));
+    EXPECT_TRUE(logged("foreground 77")) << member;
+  }
+}
+
 TEST_F(RunningShowTest, CurrentFindsTheWindowByTheDocumentWhenTheHandleFails) {
   world.automation.fail("show.HWND");
   world.addShowWindow(5, u"Slide Show - a.pptx");
@@ -260,6 +269,21 @@ TEST_F(EditingTest, CurrentStartsOnTheFirstSlideWhenTheNumberIsNotAboveOne) {
 TEST_F(EditingTest, BeginDoesNotAskForTheEditedSlide) {
   EXPECT_TRUE(send("begin"));
   EXPECT_FALSE(logged("get application.ActiveWindow"));
+}
+
+TEST_F(EditingTest, ACommandEndsWithTheApplicationThatItBeganWith) {
+  const auto wps = world.automation.add(u"KWPP.Application");
+  wps->addDeck(u"C:\\b.pptx");
+  for (const AutomationRef& exchanged : {wps->object, AutomationRef()}) {
+    connect();
+    application->addDeck(u"C:\\a.pptx");
+    world.automation.beforeCall = [&](const std::string& entry) {
+      if (entry == "get application.SlideShowWindows") world.state.application = exchanged;
+    };
+    EXPECT_TRUE(send("close"));
+    EXPECT_FALSE(application->active);
+    EXPECT_EQ(wps->decks.size(), 1u);
+  }
 }
 
 TEST_F(EditingTest, AShowThatDoesNotStartFails) {

@@ -12,9 +12,9 @@ std::u16string slideKeyOf(const ShowStatus& status) {
   return status.documentPath + u"#" + decimal(status.slide);
 }
 
-bool isExcluded(Files& files, const Settings& settings, const ShowStatus& status) {
+bool isExcluded(const Settings& settings, const ShowStatus& status) {
   if (!status.running) return false;
-  if (!status.documentPath.empty()) return isSkipped(files, settings, status.documentPath);
+  if (!status.documentPath.empty()) return isSkipped(settings, status.normalizedPath);
   return std::any_of(settings.skipList.begin(), settings.skipList.end(),
                      [&status](const std::u16string& entry) {
                        return titleNamesDocument(status.windowTitle, entry);
@@ -24,7 +24,7 @@ bool isExcluded(Files& files, const Settings& settings, const ShowStatus& status
 bool showsDocument(Files& files, const ShowStatus& status, const std::u16string& document) {
   if (!status.running || document.empty()) return false;
   if (status.documentPath.empty()) return titleNamesDocument(status.windowTitle, document);
-  return samePath(normalizePath(files, status.documentPath), normalizePath(files, document));
+  return samePath(status.normalizedPath, normalizePath(files, document));
 }
 
 }  // namespace mrl

@@ -67,7 +67,8 @@ void readShow(const PresentationAccess& access, AutomationState& automation,
   status.window = showWindowHandle(access, show, status.documentPath);
   status.documentState = DocumentState::Open;
   if (!status.documentPath.empty()) {
-    automation.lastDocument = normalizePath(access.files, status.documentPath);
+    status.normalizedPath = normalizePath(access.files, status.documentPath);
+    automation.lastDocument = status.normalizedPath;
     automation.lastProvider = candidate;
   }
 }
@@ -91,11 +92,12 @@ DocumentState stateWithoutShow(const AutomationState& automation, const OpenDocu
 ShowStatus pollShowStatus(const PresentationAccess& access, AutomationState& automation) {
   ShowStatus status;
   OpenDocuments open;
-  for (const std::u16string& candidate : candidates(automation)) {
-    const AutomationRef application = applicationOf(access, automation, candidate);
+  const AutomationState known = automation;  // whatever a call lets in, one poll asks for one thing
+  for (const std::u16string& candidate : candidates(known)) {
+    const AutomationRef application = applicationOf(access, known, candidate);
     if (!application) continue;
-    listDocuments(access, automation, application, candidate, open);
-    const AutomationRef show = findShowWindow(access, application, automation.expectedDocument);
+    listDocuments(access, known, application, candidate, open);
+    const AutomationRef show = findShowWindow(access, application, known.expectedDocument);
     if (!show) continue;
     automation.application = application;
     automation.progId = candidate;
@@ -114,7 +116,7 @@ ShowStatus pollShowStatus(const PresentationAccess& access, AutomationState& aut
     status.documentState = DocumentState::Open;
     return status;
   }
-  status.documentState = stateWithoutShow(automation, open, scan);
+  status.documentState = stateWithoutShow(known, open, scan);
   return status;
 }
 

@@ -119,6 +119,7 @@ TEST_F(ShowPollTest, AShowIsReportedWithAllThatItsApplicationKnows) {
                                 .slide = 12,
                                 .window = {77},
                                 .documentPath = u"C:\\decks\\a.pptx",
+                                .normalizedPath = u"C:\\decks\\a.pptx",
                                 .provider = kPowerPoint,
                                 .windowTitle = u"",
                                 .documentState = DocumentState::Open}));
@@ -148,10 +149,19 @@ TEST_F(ShowPollTest, AShowMakesItsApplicationTheKeptOne) {
   EXPECT_EQ(state.expectedDocument, u"");
 }
 
-TEST_F(ShowPollTest, TheDocumentPathIsReportedAsTheApplicationTellsIt) {
+TEST_F(ShowPollTest, TheDocumentPathIsReportedAsTheApplicationTellsItAndNormalised) {
   const auto application = world.automation.add(kWps);
   application->addShow(application->addDeck(u"C:/decks/x/../a.pptx"), 0);
-  EXPECT_EQ(poll().documentPath, u"C:/decks/x/../a.pptx");
+  const ShowStatus status = poll();
+  EXPECT_EQ(status.documentPath, u"C:/decks/x/../a.pptx");
+  EXPECT_EQ(status.normalizedPath, u"C:\\decks\\a.pptx");
+}
+
+TEST_F(ShowPollTest, AFileSystemThatFailsLeavesTheTidyPath) {
+  world.files.failing = {FilesFake::Operation::Canonical};
+  const auto application = world.automation.add(kWps);
+  application->addShow(application->addDeck(u"C:/decks/./a.pptx"), 0);
+  EXPECT_EQ(poll().normalizedPath, u"C:\\decks\\a.pptx");
 }
 
 TEST_F(ShowPollTest, TheShowOfTheExpectedDocumentIsReported) {
@@ -250,6 +260,22 @@ TEST_F(ShowPollTest, AnApplicationWithoutPresentationsIsStillAskedForItsShow) {
 }
 
 // --- the list of open presentations ---
+
+TEST_F(ShowPollTest, WhatIsKnownAtItsBeginningIsWhatAPollGoesBy) {
+  (void)applicationAfterAShow();
+  world.automation.beforeCall = [this](const std::string& entry) {
+    if (entry == "get presentations.Count") state.lastDocument = u"C:\\gone.pptx";
+  };
+  EXPECT_EQ(poll().documentState, DocumentState::Open);
+}
+
+TEST_F(ShowPollTest, ADeckThatWasOpenedUnderAnotherSpellingIsStillOpenAfterItsShow) {
+  const auto application = world.automation.add(kPowerPoint);
+  application->addShow(application->addDeck(u"C:/talks/drafts/../a.pptx"), 0);
+  (void)poll();
+  application->shows.clear();
+  EXPECT_EQ(poll().documentState, DocumentState::Open);
+}
 
 TEST_F(ShowPollTest, WithNothingRememberedNoPresentationIsVisited) {
   world.automation.add(kPowerPoint)->addDeck(u"C:\\a.pptx");

@@ -17,7 +17,8 @@ struct ShowStatus {
   bool presentationsOpen = false;  // some presentation is known to be open
   int32_t slide = 0;               // 1-based; 0 when no number is known
   WindowHandle window;             // of the show
-  std::u16string documentPath;     // as the application tells it, not normalised
+  std::u16string documentPath;     // as the application tells it
+  std::u16string normalizedPath;   // the same, normalised
   std::u16string provider;         // the ProgID that reported the show, or kNativeProvider
   std::u16string windowTitle;      // native path only
   DocumentState documentState = DocumentState::Unknown;  // a running show reports Open

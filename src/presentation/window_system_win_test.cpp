@@ -43,10 +43,13 @@ class TestWindow {
   void destroy() { window.reset(); }
 
   std::vector<WindowSystem::KeyEvent> keys;
+  bool gotExtendedKey = false;  // one that tells which of two like keys it is
 
  private:
   static LRESULT CALLBACK procedure(HWND hwnd, UINT message, WPARAM wide, LPARAM narrow) {
     auto* self = reinterpret_cast<TestWindow*>(GetWindowLongPtrW(hwnd, GWLP_USERDATA));
+    const bool isKey = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+    if (isKey && (HIWORD(narrow) & KF_EXTENDED)) self->gotExtendedKey = true;
     switch (message) {
       case WM_KEYDOWN:
       case WM_SYSKEYDOWN: self->keys.push_back({static_cast<uint16_t>(wide), false}); return 0;
@@ -113,6 +116,14 @@ TEST_F(WindowSystemWinTest, AMinimisedWindowIsIconicUntilRestored) {
   EXPECT_TRUE(system.isIconic(window.handle()));
   system.restore(window.handle());
   EXPECT_FALSE(system.isIconic(window.handle()));
+}
+
+TEST_F(WindowSystemWinTest, AMaximisedWindowThatWasMinimisedIsRestoredToThat) {
+  const TestWindow window(L"a");
+  ShowWindow(window.hwnd(), SW_MAXIMIZE);
+  ShowWindow(window.hwnd(), SW_MINIMIZE);
+  system.restore(window.handle());
+  EXPECT_TRUE(IsZoomed(window.hwnd()));
 }
 
 TEST_F(WindowSystemWinTest, TheImageNameIsTheFullPathOfTheProgram) {
@@ -207,6 +218,81 @@ TEST_F(WindowSystemWinTest, TheTopmostBandIsEnteredAndLeftWithoutAMove) {
   EXPECT_EQ(system.rect(window.handle()), (Rect{100, 110, 400, 310}));
 }
 
+TEST_F(WindowSystemWinTest, ShowingAWindowLeavesItMaximised) {
+  const TestWindow window(L"a");
+  ShowWindow(window.hwnd(), SW_MAXIMIZE);
+  ASSERT_TRUE(IsZoomed(window.hwnd()));
+  system.show(window.handle());
+  EXPECT_TRUE(IsZoomed(window.hwnd()));
+}
+
+TEST_F(WindowSystemWinTest, EnteringAndLeavingTheTopmostBandActivatesTheWindow) {
+  const TestWindow window(L"a");
+  const TestWindow other(L"b");
+  system.show(window.handle());
+  for (const bool topmost : {true, false}) {
+    ASSERT_TRUE(bringForward(other));
+    ASSERT_EQ(GetActiveWindow(), other.hwnd());
+    system.setTopmost(window.handle(), topmost);
+    EXPECT_EQ(GetActiveWindow(), window.hwnd()) << topmost;
+  }
+}
+
+TEST_F(WindowSystemWinTest, BringingAWindowToTheTopActivatesIt) {
+  const TestWindow window(L"a");
+  const TestWindow other(L"b");
+  system.show(window.handle());
+  ASSERT_TRUE(bringForward(other));
+  system.bringToTop(window.handle());
+  EXPECT_EQ(GetActiveWindow(), window.hwnd());
+}
+
+TEST_F(WindowSystemWinTest, AskingForTheImageNameLeavesNoHandleOpen) {
+  const TestWindow window(L"a");
+  DWORD before = 0;
+  ASSERT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &before));
+  for (int times = 0; times < 50; ++times) (void)system.imageName(window.handle());
+  DWORD after = 0;
+  ASSERT_TRUE(GetProcessHandleCount(GetCurrentProcess(), &after));
+  EXPECT_LT(after, before + 50);
+}
+
+/// What the process may be asked for is cut down as the system does for a program of more rights.
+class GuardedProcess {
+ public:
+  explicit GuardedProcess(DWORD rights) {
+    PSID everyone = nullptr;
+    SID_IDENTIFIER_AUTHORITY world = SECURITY_WORLD_SID_AUTHORITY;
+    EXPECT_TRUE(
+        AllocateAndInitializeSid(&world, 1, SECURITY_WORLD_RID, 0, 0, 0, 0, 0, 0, 0, &everyone));
+    alignas(ACL) char room[256];
+    auto* list = reinterpret_cast<ACL*>(room);
+    EXPECT_TRUE(InitializeAcl(list, sizeof room, ACL_REVISION));
+    EXPECT_TRUE(AddAccessAllowedAce(list, ACL_REVISION, rights, everyone));
+    put(list);
+    FreeSid(everyone);
+  }
+  GuardedProcess(const GuardedProcess&) = delete;
+  ~GuardedProcess() { put(nullptr); }
+
+ private:
+  static void put(ACL* list) {
+    SECURITY_DESCRIPTOR descriptor;
+    InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION);
+    SetSecurityDescriptorDacl(&descriptor, TRUE, list, FALSE);
+    EXPECT_TRUE(
+        SetKernelObjectSecurity(GetCurrentProcess(), DACL_SECURITY_INFORMATION, &descriptor));
+  }
+};
+
+TEST_F(WindowSystemWinTest, TheImageNameNeedsNoMoreRightsThanToAskForIt) {
+  const TestWindow window(L"a");
+  const std::u16string name = system.imageName(window.handle());
+  const GuardedProcess guarded(PROCESS_QUERY_LIMITED_INFORMATION);
+  ASSERT_EQ(OpenProcess(PROCESS_ALL_ACCESS, FALSE, GetCurrentProcessId()), nullptr);
+  EXPECT_EQ(system.imageName(window.handle()), name);
+}
+
 TEST_F(WindowSystemWinTest, RaisingLiftsAWindowAboveTheOthersAndToTheForeground) {
   const TestWindow below(L"below");
   const TestWindow above(L"above");
@@ -237,6 +323,7 @@ TEST_F(WindowSystemWinTest, TheArrowKeyArrivesWithTheVirtualKeyThatWasSent) {
   EXPECT_EQ(system.sendKeys(events), 2u);
   EXPECT_TRUE(pumpUntil([&] { return window.keys.size() >= 2; }));
   EXPECT_EQ(window.keys, events);
+  EXPECT_FALSE(window.gotExtendedKey);
 }
 
 TEST_F(WindowSystemWinTest, NoKeysAreSentForAnEmptyList) { EXPECT_EQ(system.sendKeys({}), 0u); }

@@ -44,7 +44,7 @@ class RemoteCommandsTest : public AppFixture {
     EXPECT_EQ(app.settings, record);
     EXPECT_EQ(files().bytesOf(kSettingsPath), bytes);
   }
-  std::string idOf(const std::u16string& path) { return fileId(files(), path); }
+  std::string idOf(const std::u16string& path) { return fileId(path); }
   void runTimer() { startTimer(app.timer, clock.nowMs()); }
 };
 

@@ -99,8 +99,8 @@ TEST_F(StateTest, EachFileHasItsIdItsNameAndItsSkip) {
   addFile(u"a.pptx");
   addFile(u"b.pptx");
   app.settings.skipList = {normalizePath(files(), u"C:\\talks\\b.pptx")};
-  const std::string first = fileId(files(), u"C:\\talks\\a.pptx");
-  const std::string second = fileId(files(), u"C:\\talks\\b.pptx");
+  const std::string first = fileId(u"C:\\talks\\a.pptx");
+  const std::string second = fileId(u"C:\\talks\\b.pptx");
   EXPECT_EQ(valueOf("files"), "[{\"id\":\"" + first +
                                   "\",\"name\":\"a.pptx\",\"skip\":false},{\"id\":\"" + second +
                                   "\",\"name\":\"b.pptx\",\"skip\":true}]");

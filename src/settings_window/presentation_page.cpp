@@ -1,7 +1,6 @@
 #include "settings_window/presentation_page.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <string_view>
 
 #include "core/text.h"
@@ -47,12 +46,7 @@ std::u16string countLine(const App& app) {
 bool runOnFile(App& app, int id, const std::u16string& path, std::u16string& error) {
   const PresentationAccess access = app.platform.presentation();
   if (id == kCloseFileButton) return closeDocument(access, app.automation, path, error);
-  try {
-    return openDocument(access, app.automation, path, id == kPlayFileButton, error);
-  } catch (const std::filesystem::filesystem_error& failure) {
-    error = utf16From(failure.what());
-    return false;
-  }
+  return tryOpenDocument(access, app.automation, path, id == kPlayFileButton, error);
 }
 
 void onFileButton(App& app, int id) {

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "core/command_ids.h"
+#include "core/tray_win.h"
 #include "core/wide_win.h"
+#include "windows/menu_window.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
 
@@ -233,6 +235,29 @@ TEST_F(ShowFollowingTest, AProgramThatHangsForAWhileCostsTheClockNoTime) {
   ASSERT_TRUE(program.waitForText(L"14:57"));
   tell(L"hang 3000");
   EXPECT_TRUE(program.waitForText(L"14:50"));
+}
+
+// The taskbar sends the clicks on the icon, and whoever waits for another program takes in what is
+// sent. A menu that opened then would run a loop of its own in the midst of the call.
+TEST_F(ShowFollowingTest, AClickOnTheTrayIconDuringAHangHasItsMenuAfterIt) {
+  startPresentations();
+  open(demo);
+  tell(L"show");
+  Settings settings;
+  settings.perSlide = true;
+  startTimer(settings);
+  ASSERT_TRUE(program.waitForText(L"14:57"));
+  tell(L"hang 4000");
+  ASSERT_TRUE(waitUntil([&] { return !presentations.answers(); }));
+  const std::wstring before = program.text();
+  SendNotifyMessageW(program.clock(), kTrayNotify, 1, WM_RBUTTONUP);
+  ASSERT_TRUE(waitUntil([&] { return menuOf(program.clock()) != nullptr; }));
+  EXPECT_TRUE(presentations.answers()) << "the call is over";
+  EXPECT_TRUE(program.isCounting());
+  pressKey(VK_ESCAPE);
+  ASSERT_TRUE(waitUntil([&] { return menuOf(program.clock()) == nullptr; }));
+  EXPECT_TRUE(program.isCounting());
+  EXPECT_LT(program.text(), before) << "the same slide: no restart";
 }
 
 TEST_F(ShowFollowingTest, AProgramThatDiesBetweenTwoCallsLeavesTheClockAlive) {

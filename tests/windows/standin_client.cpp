@@ -88,6 +88,10 @@ std::wstring Client::command(const std::wstring& text) {
   return reply;
 }
 
+bool Client::answers() const {
+  return SendMessageTimeoutW(control, WM_NULL, 0, 0, SMTO_NORMAL, 500, nullptr) != 0;
+}
+
 bool Client::waitForEnd() { return WaitForSingleObject(process, kAnswerLimitMs) == WAIT_OBJECT_0; }
 
 void Client::kill() {

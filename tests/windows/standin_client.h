@@ -28,6 +28,9 @@ class Client {
   /// The reply, or "error: no answer" when the stand-in is gone or takes too long.
   std::wstring command(const std::wstring& text);
 
+  /// False while a call holds it. Waits for half a second.
+  bool answers() const;
+
   DWORD processId() const { return process ? GetProcessId(process) : 0; }
   /// True once the process has ended; waits for that for a while.
   [[nodiscard]] bool waitForEnd();
