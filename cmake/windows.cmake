@@ -33,7 +33,7 @@ if(STANDIN)
     add_executable(${image} WIN32 ${STANDIN})
     target_include_directories(${image} PRIVATE tests)
     target_link_options(${image} PRIVATE -municode)
-    target_link_libraries(${image} PRIVATE ole32 oleaut32 uuid user32 gdi32 shell32)
+    target_link_libraries(${image} PRIVATE ole32 oleaut32 oleacc uuid user32 gdi32 shell32)
   endforeach()
 endif()
 
@@ -43,7 +43,7 @@ file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
 if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
-  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll)
+  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc)
 endif()
 
 # The firewall of the tests for a program that is not one of theirs.
