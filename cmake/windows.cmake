@@ -22,7 +22,7 @@ set(BUILD_GMOCK OFF CACHE BOOL "" FORCE)
 add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
 
 add_executable(marlune_tests ${TESTS_WIN})
-target_link_libraries(marlune_tests PRIVATE marlune_fakes marlune_edges gtest_main)
+target_link_libraries(marlune_tests PRIVATE marlune_fakes marlune_edges gtest_main oleacc)
 target_compile_options(marlune_tests PRIVATE ${FOR_CODE_THAT_RUNS_ONCE})
 
 file(GLOB STANDIN CONFIGURE_DEPENDS tests/standin/*.cpp)
