@@ -7,6 +7,9 @@
 
 #include "core/com_ref_win.h"
 #include "core/wide_win.h"
+#include "presentation/object_model_win.h"
+#include "presentation/program_windows.h"
+#include "presentation/window_system_win.h"
 
 namespace mrl {
 namespace {
@@ -79,9 +82,7 @@ HRESULT invoke(const AutomationRef& object, std::u16string_view name, WORD flags
                           &exception, &wrongArgument);
 }
 
-}  // namespace
-
-AutomationRef AutomationWin::running(std::u16string_view progId) {
+AutomationRef listedApplication(std::u16string_view progId) {
   CLSID classId = {};
   if (FAILED(CLSIDFromProgID(wideFrom(progId).c_str(), &classId))) return nullptr;
   ComRef<IUnknown> unknown;
@@ -91,6 +92,28 @@ AutomationRef AutomationWin::running(std::u16string_view progId) {
     return nullptr;
   }
   return std::make_shared<DispatchObject>(std::move(dispatch));
+}
+
+}  // namespace
+
+AutomationRef AutomationWin::running(std::u16string_view progId) {
+  if (AutomationRef listed = listedApplication(progId)) return listed;
+  const std::u16string_view otherName = otherProviderOf(progId);
+  if (!otherName.empty() && listedApplication(otherName)) return nullptr;  // it is found by that
+  // A program that runs with fewer rights than we do is not listed for us, but its windows can be
+  // asked.
+  WindowSystemWin windows;
+  ObjectModelSearch search;
+  for (const WindowHandle window : objectModelWindows(windows, progId)) {
+    ComRef<IDispatch> object = search.objectOf(window);
+    if (!object) continue;
+    AutomationValue application;
+    call(std::make_shared<DispatchObject>(std::move(object)), u"Application", DispatchKind::Get,
+         &application, {});
+    const AutomationRef* found = std::get_if<AutomationRef>(&application);
+    if (found && *found) return *found;
+  }
+  return nullptr;
 }
 
 AutomationRef AutomationWin::start(std::u16string_view progId) {

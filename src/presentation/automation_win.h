@@ -5,6 +5,8 @@
 
 namespace mrl {
 
+/// A running application is looked up in the system's list of running objects, and where it isn't
+/// listed for us, through its windows.
 /// REQUIRES: the calling thread is in a single-threaded apartment as long as this and any object
 /// from it live, and every object passed in came from it.
 class AutomationWin : public Automation {

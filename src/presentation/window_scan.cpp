@@ -1,18 +1,14 @@
-// The vocabulary by which presentation programs and their windows are known, and the scan.
+// The vocabulary by which the windows of presentation programs are known, and the scan.
 #include "presentation/window_scan.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "core/char_rules.h"
+#include "presentation/program_windows.h"
 #include "settings/path_rules.h"
 
 namespace mrl {
 namespace {
-
-constexpr std::u16string_view kImages[] = {
-    u"powerpnt.exe", u"wpp.exe", u"wps.exe", u"wpsppt.exe", u"wpsoffice.exe",
-};
 
 enum class WindowKind { Other, Presentation, Show };
 enum class TextOf { ClassName, Title };
@@ -39,12 +35,6 @@ constexpr KindRow kKinds[] = {
 // A show may fall short of its monitor by this many pixels on each side.
 constexpr int kEdgeTolerance = 16;
 
-bool isPresentationProgram(const std::u16string& imagePath) {
-  // Without a separator, npos + 1 is the start: the whole text is the name.
-  const std::u16string name = lowerCopy(imagePath.substr(imagePath.find_last_of(u"\\/") + 1));
-  return std::find(std::begin(kImages), std::end(kImages), name) != std::end(kImages);
-}
-
 WindowKind kindOf(const std::u16string& title, const std::u16string& className) {
   for (const KindRow& row : kKinds) {
     const std::u16string& text = row.text == TextOf::Title ? title : className;
@@ -69,7 +59,7 @@ WindowScan scanPresentationWindows(WindowSystem& windows, const std::u16string& 
   scan.documentFilter = documentFilter;
   for (const WindowHandle window : windows.topLevelWindows()) {
     if (!windows.isVisible(window) || windows.isIconic(window)) continue;
-    if (!isPresentationProgram(windows.imageName(window))) continue;
+    if (providerOfImage(windows.imageName(window)).empty()) continue;
     const std::u16string title = windows.title(window);
     const WindowKind kind = kindOf(title, lowerCopy(windows.className(window)));
     if (kind == WindowKind::Other) continue;

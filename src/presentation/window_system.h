@@ -17,6 +17,8 @@ class WindowSystem {
 
   /// All top-level windows, from the top down.
   [[nodiscard]] virtual std::vector<WindowHandle> topLevelWindows() = 0;
+  /// All windows inside it, at any depth.
+  [[nodiscard]] virtual std::vector<WindowHandle> windowsInside(WindowHandle window) = 0;
   [[nodiscard]] virtual bool isVisible(WindowHandle window) = 0;
   [[nodiscard]] virtual bool isIconic(WindowHandle window) = 0;
   /// Full path of the owning program's image; empty when it can't be told.

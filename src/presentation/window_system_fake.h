@@ -18,7 +18,8 @@ struct FakeWindow {
   Rect monitor = {0, 0, 1920, 1080};
   bool visible = true;
   bool iconic = false;
-  int queriesLeft = -1;  // how often it can still be looked at before it is gone; -1: for ever
+  int queriesLeft = -1;      // how often it can still be looked at before it is gone; -1: for ever
+  WindowHandle parent = {};  // the top-level window that it is inside of, if any
 };
 
 class WindowSystemFake : public WindowSystem {
@@ -37,7 +38,16 @@ class WindowSystemFake : public WindowSystem {
   std::vector<WindowHandle> topLevelWindows() override {
     ++scans;
     std::vector<WindowHandle> handles;
-    for (const FakeWindow& window : windows) handles.push_back(window.handle);
+    for (const FakeWindow& window : windows) {
+      if (!window.parent) handles.push_back(window.handle);
+    }
+    return handles;
+  }
+  std::vector<WindowHandle> windowsInside(WindowHandle parent) override {
+    std::vector<WindowHandle> handles;
+    for (const FakeWindow& window : windows) {
+      if (parent && window.parent == parent) handles.push_back(window.handle);
+    }
     return handles;
   }
   bool isVisible(WindowHandle window) override { return look(window).visible; }

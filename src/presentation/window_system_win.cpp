@@ -32,6 +32,13 @@ std::vector<WindowHandle> WindowSystemWin::topLevelWindows() {
   return list;
 }
 
+std::vector<WindowHandle> WindowSystemWin::windowsInside(WindowHandle window) {
+  std::vector<WindowHandle> list;
+  // Without a window, the desktop's would come.
+  if (window) EnumChildWindows(windowFrom(window), addWindow, reinterpret_cast<LPARAM>(&list));
+  return list;
+}
+
 bool WindowSystemWin::isVisible(WindowHandle window) { return IsWindowVisible(windowFrom(window)); }
 
 bool WindowSystemWin::isIconic(WindowHandle window) { return IsIconic(windowFrom(window)); }

@@ -8,6 +8,7 @@ namespace mrl {
 class WindowSystemWin : public WindowSystem {
  public:
   std::vector<WindowHandle> topLevelWindows() override;
+  std::vector<WindowHandle> windowsInside(WindowHandle window) override;
   bool isVisible(WindowHandle window) override;
   bool isIconic(WindowHandle window) override;
   std::u16string imageName(WindowHandle window) override;

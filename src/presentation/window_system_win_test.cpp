@@ -102,6 +102,21 @@ TEST_F(WindowSystemWinTest, AllTopLevelWindowsAreListedTheTopmostFirst) {
   EXPECT_LT(first, second);
 }
 
+TEST_F(WindowSystemWinTest, TheWindowsInsideAWindowAreListedAtAnyDepthAndNoOthers) {
+  const TestWindow outer(L"outer");
+  const TestWindow other(L"other");
+  const auto addInside = [](HWND parent) {
+    return CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 1, 1, parent, nullptr, nullptr,
+                           nullptr);
+  };
+  const HWND inner = addInside(outer.hwnd());
+  const HWND innermost = addInside(inner);
+  addInside(other.hwnd());
+  EXPECT_EQ(system.windowsInside(outer.handle()),
+            (std::vector{handleFrom(inner), handleFrom(innermost)}));
+  EXPECT_TRUE(system.windowsInside({}).empty()) << "and not those of the desktop";
+}
+
 TEST_F(WindowSystemWinTest, AWindowIsVisibleOnceShown) {
   const TestWindow window(L"a");
   EXPECT_FALSE(system.isVisible(window.handle()));

@@ -14,6 +14,8 @@ using Words = std::vector<std::wstring>;  // the arguments, without the command'
 const std::wstring kOk = L"ok";
 const std::wstring kNoDeck = L"error: no such deck";
 const std::wstring kNoShow = L"error: no such show";
+const std::wstring kNoSwitch = L"error: on or off";
+const std::wstring kRefused = L"error: the system refused";
 
 std::wstring word(const Words& words, size_t index) {
   return index < words.size() ? words[index] : L"";
@@ -85,7 +87,7 @@ std::wstring goTo(StandIn& standIn, const Words& words) {
 std::wstring next(StandIn& standIn, const Words& words) {
   const Show* show = showOf(standIn, word(words, 0));
   if (!show) return kNoShow;
-  standIn.model.next(show->id);
+  standIn.model.next(show->id, standIn.faults.endScreen);
   return kOk;
 }
 
@@ -139,13 +141,17 @@ std::wstring insetShow(StandIn& standIn, const Words& words) {
 std::wstring state(StandIn& standIn, const Words&) {
   Model& model = standIn.model;
   const Deck* active = model.deck(model.activeDeck);
-  std::wstring line = std::wstring(L"automation ") + (standIn.server.announced() ? L"on" : L"off") +
-                      L"; active " + (active ? fileName(active->path) : L"none");
+  const wchar_t* listed = standIn.options.unlisted ? L"unlisted" : L"on";
+  std::wstring line = std::wstring(L"automation ") +
+                      (standIn.server.announced() ? listed : L"off") + L"; active " +
+                      (active ? fileName(active->path) : L"none");
   for (const Deck& deck : model.decks) {
     const Show* show = model.showOf(deck.id);
     line += L"; deck " + fileName(deck.path) + L" slides " + std::to_wstring(deck.slides) +
             L" selected " + std::to_wstring(deck.selected) + L" show " +
-            (show ? std::to_wstring(show->slide) : L"none");
+            (!show         ? L"none"
+             : show->atEnd ? L"end"
+                           : std::to_wstring(show->slide));
   }
   return line;
 }
@@ -159,19 +165,34 @@ std::wstring clearLog(StandIn& standIn, const Words&) {
 
 template <FaultList Faults::*list>
 std::wstring addFault(StandIn& standIn, const Words& words) {
-  (standIn.faults.*list).add(words[0], number(words, 1, 0));
+  if (word(words, 1) == L"off")
+    (standIn.faults.*list).remove(words[0]);
+  else
+    (standIn.faults.*list).add(words[0], number(words, 1, 0));
   return kOk;
 }
 
 template <bool Faults::*flag>
 std::wstring switchFault(StandIn& standIn, const Words& words) {
-  if (words[0] != L"on" && words[0] != L"off") return L"error: on or off";
+  if (words[0] != L"on" && words[0] != L"off") return kNoSwitch;
   standIn.faults.*flag = words[0] == L"on";
   return kOk;
 }
 
+std::wstring unlisted(StandIn& standIn, const Words& words) {
+  if (words[0] != L"on" && words[0] != L"off") return kNoSwitch;
+  standIn.options.unlisted = words[0] == L"on";
+  return standIn.server.list(standIn.options) ? kOk : kRefused;
+}
+
 std::wstring hang(StandIn& standIn, const Words& words) {
   standIn.faults.hangMs = std::max(0, number(words, 0, 0));
+  return kOk;
+}
+
+std::wstring freeze(StandIn&, const Words& words) {
+  // Only after the reply has gone out.
+  PostThreadMessageW(GetCurrentThreadId(), kFreeze, std::max(0, number(words, 0, 0)), 0);
   return kOk;
 }
 
@@ -186,7 +207,7 @@ std::wstring withdraw(StandIn& standIn, const Words&) {
 }
 
 std::wstring restoreAutomation(StandIn& standIn, const Words&) {
-  return standIn.server.announce(standIn) ? kOk : L"error: the system refused";
+  return standIn.server.announce(standIn) ? kOk : kRefused;
 }
 
 std::wstring registerNow(StandIn& standIn, const Words&) {
@@ -231,12 +252,23 @@ constexpr CommandRow kCommands[] = {
     {L"state", 0, L"", state},
     {L"log", 0, L"", log},
     {L"clear-log", 0, L"", clearLog},
-    {L"fail", 1, L"<member> [count]", addFault<&Faults::failing>},
-    {L"nonsense", 1, L"<member> [count]", addFault<&Faults::nonsense>},
+    {L"fail", 1, L"<member> [count|off]", addFault<&Faults::failing>},
+    // As by a program that is busy: RPC_E_CALL_REJECTED.
+    {L"reject", 1, L"<member> [count|off]", addFault<&Faults::rejected>},
+    {L"nonsense", 1, L"<member> [count|off]", addFault<&Faults::nonsense>},
     {L"die-on", 1, L"<member>", addFault<&Faults::deadly>},
-    {L"hang", 1, L"<ms>", hang},
+    {L"hang", 1, L"<ms>", hang},      // in the next call
+    {L"freeze", 1, L"<ms>", freeze},  // at once: all calls and all windows
     {L"empty-fullname", 1, L"on|off", switchFault<&Faults::emptyFullName>},
+    // FullName is an https address, as for a file of a synchronised folder; Name stays.
+    {L"cloud-fullname", 1, L"on|off", switchFault<&Faults::cloudFullName>},
     {L"hwnd-zero", 1, L"on|off", switchFault<&Faults::hwndZero>},
+    // Going on from the last slide leads to a black screen, on which View.Slide fails, and only
+    // then to the end of the show.
+    {L"end-screen", 1, L"on|off", switchFault<&Faults::endScreen>},
+    // Neither a running object nor a class object, as for a client with other rights. Only the
+    // windows lead to the application.
+    {L"unlisted", 1, L"on|off", unlisted},
     {L"clear-faults", 0, L"", clearFaults},
     {L"withdraw", 0, L"", withdraw},
     {L"restore-automation", 0, L"", restoreAutomation},

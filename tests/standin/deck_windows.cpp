@@ -3,30 +3,37 @@
 
 #include <utility>
 
+#include "standin/dispatch.h"
 #include "standin/slide_painting.h"
 #include "standin/stand_in.h"
 
 namespace mrl::standin {
 namespace {
 
-constexpr wchar_t kEditingClass[] = L"PPTFrameClass";
-constexpr wchar_t kShowClass[] = L"screenClass";
+// PowerPoint's windows hold one of these, and that leads to the object model.
+constexpr wchar_t kInnerEditingClass[] = L"mdiClass";
+constexpr wchar_t kInnerShowClass[] = L"paneClassDC";
 
 /// What a window procedure needs to know; belongs to the window and goes with it.
 struct WindowData {
   StandIn& standIn;
-  int id;  // of the deck or the show
+  ObjectRef self;
+  bool leadsToObject;  // answers when its native object is asked for
 };
 
 WindowData* dataOf(HWND window) {
   return reinterpret_cast<WindowData*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-/// What both kinds of window share: their data's life, and keys that Windows handles as well.
-LRESULT handleAny(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+/// What all kinds of window share: their data's life, and keys that Windows handles as well.
+LRESULT CALLBACK handleAny(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
     const auto* create = reinterpret_cast<const CREATESTRUCTW*>(lParam);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(create->lpCreateParams));
+  }
+  if (message == WM_GETOBJECT && static_cast<LONG>(lParam) == OBJID_NATIVEOM && dataOf(window)) {
+    const WindowData& data = *dataOf(window);
+    if (data.leadsToObject) return answerNativeObject(data.standIn, data.self, wParam);
   }
   if (message == WM_NCDESTROY) {
     delete dataOf(window);
@@ -52,18 +59,18 @@ LRESULT CALLBACK editingProcedure(HWND window, UINT message, WPARAM wParam, LPAR
   switch (message) {
     case WM_PAINT:
       paint(window, [&](HDC target, const RECT& area) {
-        if (const Deck* deck = standIn.model.deck(data->id)) paintEditing(target, area, *deck);
+        if (const Deck* deck = standIn.model.deck(data->self.id)) paintEditing(target, area, *deck);
       });
       return 0;
     case WM_ERASEBKGND: return 1;
     case WM_KEYDOWN:
-      standIn.editingKey(data->id, static_cast<unsigned>(wParam), GetKeyState(VK_SHIFT) < 0);
+      standIn.editingKey(data->self.id, static_cast<unsigned>(wParam), GetKeyState(VK_SHIFT) < 0);
       return 0;
     case WM_SYSKEYDOWN:
-      standIn.editingKey(data->id, static_cast<unsigned>(wParam), false);
+      standIn.editingKey(data->self.id, static_cast<unsigned>(wParam), false);
       break;  // Alt+F4 becomes WM_CLOSE further on
     case WM_CLOSE:
-      standIn.model.close(data->id);
+      standIn.model.close(data->self.id);
       standIn.showChanges();
       return 0;
   }
@@ -77,15 +84,19 @@ LRESULT CALLBACK showProcedure(HWND window, UINT message, WPARAM wParam, LPARAM 
   switch (message) {
     case WM_PAINT:
       paint(window, [&](HDC target, const RECT& area) {
-        const Show* show = standIn.model.show(data->id);
-        if (show) paintSlide(target, area, *standIn.model.deck(show->deckId), show->slide);
+        const Show* show = standIn.model.show(data->self.id);
+        if (!show) return;
+        if (show->atEnd)
+          paintEnd(target, area);
+        else
+          paintSlide(target, area, *standIn.model.deck(show->deckId), show->slide);
       });
       return 0;
     case WM_ERASEBKGND: return 1;
-    case WM_KEYDOWN: standIn.showKey(data->id, static_cast<unsigned>(wParam)); return 0;
-    case WM_SYSKEYDOWN: standIn.showKey(data->id, static_cast<unsigned>(wParam)); break;
+    case WM_KEYDOWN: standIn.showKey(data->self.id, static_cast<unsigned>(wParam)); return 0;
+    case WM_SYSKEYDOWN: standIn.showKey(data->self.id, static_cast<unsigned>(wParam)); break;
     case WM_CLOSE:
-      standIn.model.exit(data->id);
+      standIn.model.exit(data->self.id);
       standIn.showChanges();
       return 0;
   }
@@ -119,12 +130,18 @@ RECT monitorArea(int number) {
   return {0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)};
 }
 
-HWND createWindow(StandIn& standIn, int id, const wchar_t* windowClass, const std::wstring& title,
-                  DWORD style, const RECT& area) {
-  auto* data = new WindowData{standIn, id};  // the window deletes it
-  const HWND window = CreateWindowExW(0, windowClass, title.c_str(), style, area.left, area.top,
-                                      area.right - area.left, area.bottom - area.top, nullptr,
-                                      nullptr, GetModuleHandleW(nullptr), data);
+HWND createWindow(StandIn& standIn, const ObjectRef& self, const std::wstring& windowClass,
+                  const wchar_t* innerClass, const std::wstring& title, DWORD style,
+                  const RECT& area) {
+  const bool hasInner = standIn.options.innerWindows;
+  auto* data = new WindowData{standIn, self, !hasInner};  // the window deletes it
+  const HWND window = CreateWindowExW(0, windowClass.c_str(), title.c_str(), style, area.left,
+                                      area.top, area.right - area.left, area.bottom - area.top,
+                                      nullptr, nullptr, GetModuleHandleW(nullptr), data);
+  // Without a size, since it is only there to be asked.
+  if (hasInner)
+    CreateWindowExW(0, innerClass, L"", WS_CHILD, 0, 0, 0, 0, window, nullptr,
+                    GetModuleHandleW(nullptr), new WindowData{standIn, self, true});
   ShowWindow(window, SW_SHOW);
   SetForegroundWindow(window);
   return window;
@@ -134,15 +151,18 @@ HWND createEditing(StandIn& standIn, const Deck& deck) {
   const RECT screen = monitorArea(0);
   const int width = screen.right * 3 / 4;
   const int height = screen.bottom * 3 / 4;
-  return createWindow(standIn, deck.id, kEditingClass,
-                      fileName(deck.path) + L" - " + standIn.programName(), WS_OVERLAPPEDWINDOW,
+  return createWindow(standIn, {ObjectKind::DocumentWindow, deck.id}, standIn.options.editingClass,
+                      kInnerEditingClass, fileName(deck.path) + L" - " + standIn.programName(),
+                      WS_OVERLAPPEDWINDOW,
                       {width / 10, height / 10, width / 10 + width, height / 10 + height});
 }
 
 HWND createShow(StandIn& standIn, const Show& show) {
   const std::wstring deck = fileName(standIn.model.deck(show.deckId)->path);
-  return createWindow(standIn, show.id, kShowClass,
-                      standIn.programName() + L" Slide Show - [" + deck + L"]", WS_POPUP,
+  const std::wstring& told = standIn.options.showTitle;
+  const std::wstring title = told.empty() ? standIn.programName() + L" Slide Show" : told;
+  return createWindow(standIn, {ObjectKind::SlideShowWindow, show.id}, standIn.options.showClass,
+                      kInnerShowClass, title + L" - [" + deck + L"]", WS_POPUP,
                       monitorArea(standIn.options.monitor));
 }
 
@@ -158,9 +178,11 @@ void dropDead(std::map<int, HWND>& windows, Alive&& alive) {
 
 }  // namespace
 
-DeckWindows::DeckWindows() {
-  registerWindowClass(kEditingClass, editingProcedure);
-  registerWindowClass(kShowClass, showProcedure);
+DeckWindows::DeckWindows(const Options& options) {
+  registerWindowClass(options.editingClass.c_str(), editingProcedure);
+  registerWindowClass(options.showClass.c_str(), showProcedure);
+  registerWindowClass(kInnerEditingClass, handleAny);
+  registerWindowClass(kInnerShowClass, handleAny);
 }
 
 DeckWindows::~DeckWindows() {

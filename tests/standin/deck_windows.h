@@ -7,11 +7,13 @@
 
 namespace mrl::standin {
 
+struct Options;
 struct StandIn;
 
 class DeckWindows {
  public:
-  DeckWindows();
+  /// With the classes that the options name.
+  explicit DeckWindows(const Options& options);
   DeckWindows(const DeckWindows&) = delete;
   ~DeckWindows();
 

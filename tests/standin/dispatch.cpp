@@ -1,6 +1,8 @@
 // The dispatch glue: names to members, VARIANTs to values and back.
 #include "standin/dispatch.h"
 
+#include <oleacc.h>
+
 #include <algorithm>
 #include <cwchar>
 #include <utility>
@@ -52,7 +54,10 @@ void putValue(StandIn& standIn, const Value& value, VARIANT& out) {
     out.bstrVal = SysAllocString(text->c_str());
   } else if (const auto* ref = std::get_if<ObjectRef>(&value)) {
     out.vt = VT_DISPATCH;
-    out.pdispVal = dispatchObject(standIn, *ref).Detach();
+    // There is one application, and it can be withdrawn.
+    out.pdispVal = ref->kind == ObjectKind::Application
+                       ? ComPtr<IDispatch>(standIn.server.object()).Detach()
+                       : dispatchObject(standIn, *ref).Detach();
   }
 }
 
@@ -159,6 +164,7 @@ HRESULT DispatchObject::call(const Member& member, const Arguments& arguments, V
   if (faults.deadly.take(object, member.name)) standIn.server.crash();
   if (faults.failing.take(object, member.name))
     return explain(E_FAIL, std::wstring(member.name) + L" was told to fail", info);
+  if (faults.rejected.take(object, member.name)) return RPC_E_CALL_REJECTED;
 
   std::optional<Value> value = member.handler(standIn, ref, arguments);
   // Here and not later: whoever runs a show may ask for its window at once.
@@ -181,6 +187,19 @@ ComPtr<IDispatch> dispatchObject(StandIn& standIn, const ObjectRef& ref) {
   ComPtr<IDispatch> object;
   object.Attach(new DispatchObject(standIn, ref));
   return object;
+}
+
+LRESULT answerNativeObject(StandIn& standIn, const ObjectRef& ref, WPARAM wParam) {
+  constexpr wchar_t kObject[] = L"Window", kName[] = L"NativeObject";
+  constexpr LRESULT kNothing = 0, kNonsense = 42;
+  standIn.journal.add(std::wstring(L"get ") + kObject + L"." + kName);
+  if (!standIn.server.announced()) return kNothing;
+  Faults& faults = standIn.faults;
+  Sleep(std::exchange(faults.hangMs, 0));
+  if (faults.deadly.take(kObject, kName)) standIn.server.crash();
+  if (faults.failing.take(kObject, kName)) return kNothing;
+  if (faults.nonsense.take(kObject, kName)) return kNonsense;
+  return LresultFromObject(IID_IDispatch, wParam, dispatchObject(standIn, ref).Get());
 }
 
 }  // namespace mrl::standin

@@ -15,4 +15,8 @@ namespace mrl::standin {
 /// REQUIRES: `standIn` outlives the message loop, through which alone calls arrive.
 Microsoft::WRL::ComPtr<IDispatch> dispatchObject(StandIn& standIn, const ObjectRef& ref);
 
+/// What a window says to WM_GETOBJECT when its native object is asked for, `ref`; 0 is nothing.
+/// Known to the journal and to the faults as "Window.NativeObject".
+LRESULT answerNativeObject(StandIn& standIn, const ObjectRef& ref, WPARAM wParam);
+
 }  // namespace mrl::standin

@@ -2,6 +2,7 @@
 // real one. Built as powerpnt.exe and wpp.exe, since a presentation program is told by its image.
 #include <windows.h>
 
+#include "standin/commands.h"
 #include "standin/control_window.h"
 #include "standin/stand_in.h"
 
@@ -22,6 +23,7 @@ int run(const mrl::standin::Options& options) {
   const ControlWindow control(standIn);
   MSG message;
   while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+    if (!message.hwnd && message.message == kFreeze) Sleep(static_cast<DWORD>(message.wParam));
     TranslateMessage(&message);
     DispatchMessageW(&message);
   }

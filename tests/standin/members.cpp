@@ -66,7 +66,16 @@ Outcome openPresentation(StandIn& standIn, const ObjectRef&, const Arguments& ar
 Outcome fullName(StandIn& standIn, const ObjectRef& self, const Arguments&) {
   const Deck* deck = standIn.model.deck(self.id);
   if (!deck) return std::nullopt;
-  return standIn.faults.emptyFullName ? std::wstring() : deck->path;
+  if (standIn.faults.emptyFullName) return std::wstring();
+  if (standIn.faults.cloudFullName)
+    return L"https://cloud.example/Documents/" + fileName(deck->path);
+  return deck->path;
+}
+
+Outcome presentationName(StandIn& standIn, const ObjectRef& self, const Arguments&) {
+  const Deck* deck = standIn.model.deck(self.id);
+  if (!deck) return std::nullopt;
+  return fileName(deck->path);
 }
 
 Outcome closePresentation(StandIn& standIn, const ObjectRef& self, const Arguments&) {
@@ -95,7 +104,7 @@ Outcome showHandle(StandIn& standIn, const ObjectRef& self, const Arguments&) {
 
 Outcome shownSlide(StandIn& standIn, const ObjectRef& self, const Arguments&) {
   const Show* show = standIn.model.show(self.id);
-  if (!show) return std::nullopt;
+  if (!show || show->atEnd) return std::nullopt;
   return ObjectRef{ObjectKind::Slide, self.id, show->slide};
 }
 
@@ -111,7 +120,7 @@ Outcome goToSlide(StandIn& standIn, const ObjectRef& self, const Arguments& argu
 }
 
 Outcome nextSlide(StandIn& standIn, const ObjectRef& self, const Arguments&) {
-  if (!standIn.model.next(self.id)) return std::nullopt;
+  if (!standIn.model.next(self.id, standIn.faults.endScreen)) return std::nullopt;
   return Value();
 }
 
@@ -144,10 +153,12 @@ constexpr Member kMembers[] = {
     {DocumentWindows, L"Count", kGet, L"", documentWindowCount},
     {DocumentWindows, L"Item", kMethodOrGet, L"i", documentWindowItem},
     {Presentation, L"FullName", kGet, L"", fullName},
+    {Presentation, L"Name", kGet, L"", presentationName},
     {Presentation, L"Close", kMethod, L"", closePresentation},
     {Presentation, L"Windows", kGet, L"", ofDeck<DocumentWindows>},
     {Presentation, L"SlideShowSettings", kGet, L"", ofDeck<SlideShowSettings>},
     {SlideShowSettings, L"Run", kMethod, L"", runShow},
+    {SlideShowWindow, L"Application", kGet, L"", ofShow<Application>},
     {SlideShowWindow, L"View", kGet, L"", ofShow<SlideShowView>},
     {SlideShowWindow, L"Presentation", kGet, L"", presentationOfShow},
     {SlideShowWindow, L"HWND", kGet, L"", showHandle},
@@ -156,6 +167,7 @@ constexpr Member kMembers[] = {
     {SlideShowView, L"Next", kMethod, L"", nextSlide},
     {SlideShowView, L"Previous", kMethod, L"", previousSlide},
     {SlideShowView, L"Exit", kMethod, L"", exitShow},
+    {DocumentWindow, L"Application", kGet, L"", ofDeck<Application>},
     {DocumentWindow, L"View", kGet, L"", ofDeck<DocumentView>},
     {DocumentView, L"Slide", kGet, L"", selectedSlide},
     {Slide, L"SlideIndex", kGet, L"", slideIndex},

@@ -57,6 +57,7 @@ Show& Model::run(int deckId) {
   Show* running = showOf(deckId);
   if (!running) running = &shows.emplace_back(Show{.id = ++lastId, .deckId = deckId});
   running->slide = 1;
+  running->atEnd = false;
   return *running;
 }
 
@@ -68,14 +69,18 @@ bool Model::goTo(int showId, int slide) {
   Show* running = show(showId);
   if (!running || slide < 1 || slide > deck(running->deckId)->slides) return false;
   running->slide = slide;
+  running->atEnd = false;
   return true;
 }
 
-bool Model::next(int showId) {
-  const Show* running = show(showId);
+bool Model::next(int showId, bool hasEndScreen) {
+  Show* running = show(showId);
   if (!running) return false;
   if (running->slide == deck(running->deckId)->slides) {
-    exit(showId);
+    if (hasEndScreen && !running->atEnd)
+      running->atEnd = true;
+    else
+      exit(showId);
     return true;
   }
   return goTo(showId, running->slide + 1);
@@ -83,7 +88,9 @@ bool Model::next(int showId) {
 
 bool Model::previous(int showId) {
   const Show* running = show(showId);
-  return running && (running->slide == 1 || goTo(showId, running->slide - 1));
+  if (!running) return false;
+  if (running->atEnd) return goTo(showId, running->slide);
+  return running->slide == 1 || goTo(showId, running->slide - 1);
 }
 
 std::wstring fileName(const std::wstring& path) {

@@ -19,6 +19,7 @@ struct Show {
   int id = 0;
   int deckId = 0;
   int slide = 1;
+  bool atEnd = false;  // on the black screen that follows the last slide
 };
 
 /// Ids are never used twice, so an object that outlives its deck or show is known to be dead.
@@ -44,9 +45,9 @@ struct Model {
 
   /// False, and nothing moves, when the show is gone or has no such slide.
   bool goTo(int showId, int slide);
-  /// Going on from the last slide ends the show.
-  bool next(int showId);
-  /// Stays on the first slide.
+  /// Going on from the last slide ends the show, or leads to the screen after which it ends.
+  bool next(int showId, bool hasEndScreen);
+  /// Stays on the first slide; leads back from the end screen to the last one.
   bool previous(int showId);
 };
 

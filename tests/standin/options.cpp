@@ -12,15 +12,27 @@
 namespace mrl::standin {
 namespace {
 
-std::vector<std::wstring> defaultProgIds() {
-  const bool wps = _wcsicmp(fileName(imagePath()).c_str(), L"wpp.exe") == 0;
-  return {wps ? L"KWPP.Application" : L"PowerPoint.Application"};
+struct Program {
+  const wchar_t* progId;
+  const wchar_t* editingClass;
+  const wchar_t* showClass;
+  bool innerWindows;
+};
+constexpr Program kPowerPoint{L"PowerPoint.Application", L"PPTFrameClass", L"screenClass", true};
+constexpr Program kWps{L"KWPP.Application", L"WPPFrameClass", L"WPPViewClass", false};
+
+const Program& playedProgram() {
+  return _wcsicmp(fileName(imagePath()).c_str(), L"wpp.exe") == 0 ? kWps : kPowerPoint;
 }
 
 }  // namespace
 
 Options readOptions(const std::vector<std::wstring>& arguments) {
+  const Program& program = playedProgram();
   Options options;
+  options.editingClass = program.editingClass;
+  options.showClass = program.showClass;
+  options.innerWindows = program.innerWindows;
   for (const std::wstring& argument : arguments) {
     const size_t equals = argument.find(L'=');
     const std::wstring name = argument.substr(0, equals);
@@ -31,10 +43,14 @@ Options readOptions(const std::vector<std::wstring>& arguments) {
     if (name == L"--slides") options.slides = _wtoi(value.c_str());
     if (name == L"--monitor") options.monitor = _wtoi(value.c_str());
     if (name == L"--show") options.show = true;
+    if (name == L"--unlisted") options.unlisted = true;
+    if (name == L"--editing-class") options.editingClass = value;
+    if (name == L"--show-class") options.showClass = value;
+    if (name == L"--show-title") options.showTitle = value;
     if (name == L"--register") options.registerOnly = true;
     if (name == L"--unregister") options.unregisterOnly = true;
   }
-  if (options.progIds.empty()) options.progIds = defaultProgIds();
+  if (options.progIds.empty()) options.progIds = {program.progId};
   return options;
 }
 

@@ -7,14 +7,19 @@
 namespace mrl::standin {
 
 /// powerpnt.exe [--progid=ID]... [--deck=PATH [--show]] [--slides=N] [--monitor=N] [--log=PATH]
+///              [--unlisted] [--editing-class=NAME] [--show-class=NAME] [--show-title=TEXT]
 /// powerpnt.exe --register | --unregister [--progid=ID]...
 struct Options {
-  std::vector<std::wstring> progIds;  // without --progid, the one that belongs to the image name
-  std::wstring deck;                  // opened at start; empty means none
+  std::vector<std::wstring> progIds;     // without --progid, the one that belongs to the image name
+  std::wstring editingClass, showClass;  // of the windows; without these, as the program has them
+  std::wstring showTitle;                // what the title of a show begins with; the same
+  bool innerWindows = false;             // windows lead to the object model by one inside them
+  std::wstring deck;                     // opened at start; empty means none
   std::wstring log;
   int slides = 10;  // of every deck that is opened without a number
   int monitor = 0;  // where shows appear, counted from 1; 0 is the primary one
   bool show = false;
+  bool unlisted = false;  // as by the command of that name
   bool registerOnly = false;
   bool unregisterOnly = false;
 };

@@ -92,9 +92,15 @@ void unregisterProgIds(const std::vector<std::wstring>& progIds) {
 bool Server::announce(StandIn& standIn) {
   withdraw();
   application = dispatchObject(standIn, ObjectRef{ObjectKind::Application});
+  return list(standIn.options);
+}
+
+bool Server::list(const Options& options) {
+  unlist();
+  if (!application || options.unlisted) return true;
   ComPtr<IClassFactory> factory;
   factory.Attach(new Factory(application));
-  for (const std::wstring& progId : standIn.options.progIds) {
+  for (const std::wstring& progId : options.progIds) {
     const ClassRow* row = classOf(progId);
     CLSID id;
     if (!row || FAILED(CLSIDFromString(row->classId, &id))) return false;
@@ -111,10 +117,14 @@ bool Server::announce(StandIn& standIn) {
   return true;
 }
 
-void Server::withdraw() {
+void Server::unlist() {
   for (const DWORD handle : activeObjects) RevokeActiveObject(handle, nullptr);
-  revokeClassObjects();
   activeObjects.clear();
+  revokeClassObjects();
+}
+
+void Server::withdraw() {
+  unlist();
   if (application) CoDisconnectObject(application.Get(), 0);
   application.Reset();
 }

@@ -11,6 +11,7 @@
 
 namespace mrl::standin {
 
+struct Options;
 struct StandIn;
 
 /// Writes the machine's registration of these ProgIDs: this image is the program that serves them.
@@ -29,13 +30,19 @@ class Server {
 
   /// False when the system refuses; `standIn` then can't be reached by automation.
   [[nodiscard]] bool announce(StandIn& standIn);
+  /// Makes the application to be found, or not, as the options say. References that others hold
+  /// live on. False when the system refuses.
+  [[nodiscard]] bool list(const Options& options);
   /// Nobody finds the application any more, and references that others hold are dead.
   void withdraw();
   /// Ends the process on the spot, as a crash does, for whoever holds or looks for the application.
   void crash();
   bool announced() const { return application != nullptr; }
+  /// Null while it isn't announced.
+  const Microsoft::WRL::ComPtr<IDispatch>& object() const { return application; }
 
  private:
+  void unlist();
   void revokeClassObjects();
 
   Microsoft::WRL::ComPtr<IDispatch> application;

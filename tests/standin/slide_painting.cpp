@@ -76,6 +76,13 @@ void paintSlide(HDC target, const RECT& area, const Deck& deck, int slide) {
         FW_NORMAL, kFaintColour, DT_RIGHT);
 }
 
+void paintEnd(HDC target, const RECT& area) {
+  fill(target, area, kSlideColour);
+  write(target, {area.left, area.top, area.right, area.top + (area.bottom - area.top) / 10},
+        L"End of slide show, click to exit.", (area.bottom - area.top) / 36, FW_NORMAL, kTextColour,
+        DT_CENTER);
+}
+
 void paintEditing(HDC target, const RECT& area, const Deck& deck) {
   const int stripWidth = std::min<int>(200, area.right / 4);
   const RECT strip{area.left, area.top, area.left + stripWidth, area.bottom};

@@ -15,7 +15,7 @@ void noteKey(Journal& journal, unsigned virtualKey) {
 
 }  // namespace
 
-StandIn::StandIn(const Options& given) : options(given) {
+StandIn::StandIn(const Options& given) : options(given), windows(given) {
   journal.alsoTo(options.log);
   if (options.deck.empty()) return;
   const Deck& deck = model.open(options.deck, options.slides);
@@ -38,7 +38,7 @@ void StandIn::editingKey(int deckId, unsigned virtualKey, bool shift) {
 void StandIn::showKey(int showId, unsigned virtualKey) {
   noteKey(journal, virtualKey);
   switch (virtualKey) {
-    case VK_RIGHT: model.next(showId); break;
+    case VK_RIGHT: model.next(showId, faults.endScreen); break;
     case VK_LEFT: model.previous(showId); break;
     case VK_ESCAPE: model.exit(showId); break;
     default: return;

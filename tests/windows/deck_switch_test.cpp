@@ -16,8 +16,9 @@ class DeckSwitchSystemTest : public testing::Test {
  protected:
   static constexpr int kSeconds = 4;
 
-  void runOut(const std::wstring& next) {
+  void runOut(const std::wstring& next, const std::wstring& fault = L"clear-faults") {
     ASSERT_TRUE(presentations.start(L"powerpnt.exe"));
+    tell(fault);
     tell(L"open \"" + talk.path + L"\"");
     tell(L"show");
     Settings settings;
@@ -102,6 +103,26 @@ TEST_F(DeckSwitchSystemTest, ADeckThatIsGoneLeavesTheClockInSightAndStopped) {
   EXPECT_TRUE(program.standsStill());
   EXPECT_TRUE(program.isVisible());
   EXPECT_FALSE(logHas(L"Presentations.Open("));
+}
+
+TEST_F(DeckSwitchSystemTest, AnOpeningThatIsRejectedLeavesTheClockInSightAndStopped) {
+  runOut(next.path, L"reject Presentations.Open");
+  ASSERT_TRUE(waitUntil([&] { return logHas(L"Presentations.Open("); }));
+  EXPECT_TRUE(program.standsStill());
+  EXPECT_TRUE(program.isVisible());
+  EXPECT_FALSE(shows(next));
+}
+
+TEST_F(DeckSwitchSystemTest, AfterANextDeckInTheCloudTheClockStaysAwayUntilAReset) {
+  runOut(next.path, L"cloud-fullname on");
+  ASSERT_TRUE(waitUntil([&] { return shows(next); }));
+  ASSERT_TRUE(waitUntil([&] { return !program.isVisible(); }));
+  tell(L"exit next.pptx");
+  tell(L"close next.pptx");
+  EXPECT_FALSE(waitUntil([&] { return program.isVisible(); }, 5000))
+      << "by its address it was never seen as the deck that was waited for";
+  program.command(kCommandReset);
+  EXPECT_TRUE(waitUntil([&] { return program.isVisible(); }));
 }
 
 TEST_F(DeckSwitchSystemTest, AResetBeforeTheDeckIsOpenedOpensNothing) {

@@ -71,7 +71,8 @@ class DocumentsSystemTest : public testing::Test {
   }
 
   static HWND showOf(const std::wstring& deck, const std::wstring& program = L"PowerPoint") {
-    return standin::findWindow(L"screenClass", program + L" Slide Show - [" + deck + L"]");
+    const wchar_t* windowClass = program == L"PowerPoint" ? L"screenClass" : L"WPPViewClass";
+    return standin::findWindow(windowClass, program + L" Slide Show - [" + deck + L"]");
   }
   /// Sees the show of the deck in front of all other windows.
   static bool isInFront(const std::wstring& deck) {
@@ -229,6 +230,52 @@ TEST_F(DocumentsSystemTest, AnOpenThatFailsIsToldAndTheShowGoesOn) {
   EXPECT_FALSE(open(demo.path, true));
   EXPECT_EQ(error, u"无法通过 COM 打开演示文件");
   EXPECT_TRUE(stateHas(L"deck other.pptx slides 10 selected 1 show 1"));
+}
+
+TEST_F(DocumentsSystemTest, AnOpenThatIsRejectedIsToldAndTheNextOneMayGoThrough) {
+  tell(L"reject Presentations.Open 1");
+  EXPECT_FALSE(open(demo.path, false));
+  EXPECT_EQ(error, u"无法通过 COM 打开演示文件");
+  EXPECT_TRUE(open(demo.path, false));
+}
+
+TEST_F(DocumentsSystemTest, AnExitThatIsRejectedIsToldAndTheShowGoesOn) {
+  putOnScreen(other);
+  tell(L"reject SlideShowView.Exit 1");
+  EXPECT_FALSE(open(demo.path, true));
+  EXPECT_EQ(error, u"无法退出当前放映，请先手动退出后重试");
+  EXPECT_TRUE(stateHas(L"deck other.pptx slides 10 selected 1 show 1"));
+}
+
+TEST_F(DocumentsSystemTest, ACloseThatIsRejectedIsToldAndTheDeckStaysOpen) {
+  tell(L"open \"" + demo.path + L"\"");
+  tell(L"reject Close 1");
+  EXPECT_FALSE(close(demo.path));
+  EXPECT_EQ(error, u"无法关闭指定文稿，请检查是否有未保存的更改");
+  EXPECT_TRUE(stateHas(L"deck demo.pptx"));
+}
+
+TEST_F(DocumentsSystemTest, ADeckInTheCloudIsPlayedButNotKnownAgain) {
+  tell(L"cloud-fullname on");
+  EXPECT_TRUE(open(demo.path, true));
+  EXPECT_TRUE(isInFront(L"demo.pptx"));
+  EXPECT_FALSE(raise(demo));
+  EXPECT_FALSE(close(demo.path));
+  EXPECT_EQ(error, u"指定文稿没有打开");
+  tell(L"goto 3");
+  EXPECT_TRUE(open(demo.path, true));
+  EXPECT_TRUE(stateHas(L"show 1")) << "its show began anew";
+}
+
+TEST_F(DocumentsSystemTest, AShowOnItsEndScreenGivesWayToAnotherDeck) {
+  tell(L"end-screen on");
+  putOnScreen(other);
+  tell(L"goto 10");
+  tell(L"next");
+  ASSERT_TRUE(stateHas(L"deck other.pptx slides 10 selected 1 show end"));
+  EXPECT_TRUE(open(demo.path, true));
+  EXPECT_TRUE(stateHas(L"deck other.pptx slides 10 selected 1 show none"));
+  EXPECT_TRUE(isInFront(L"demo.pptx"));
 }
 
 TEST_F(DocumentsSystemTest, AnExitThatFailsIsToldAndTheShowGoesOn) {

@@ -1,49 +1,15 @@
 // The clock follows the shows of another process: over automation, and again with nothing to go by
 // but the windows on the desktop.
-#include <gtest/gtest.h>
-
 #include "core/command_ids.h"
 #include "core/tray_win.h"
 #include "core/wide_win.h"
 #include "windows/menu_window.h"
-#include "windows/program.h"
-#include "windows/standin_fixture.h"
+#include "windows/show_following_fixture.h"
 
 namespace mrl {
 namespace {
 
-using standin::TemporaryDeck;
 using standin::waitUntil;
-
-class ShowFollowingTest : public testing::Test {
- protected:
-  void startPresentations() { ASSERT_TRUE(presentations.start(L"powerpnt.exe")); }
-  void startTimer(const Settings& settings = {}) {
-    program.prepare(settings);
-    ASSERT_TRUE(program.start());
-  }
-  void tell(const std::wstring& command) { ASSERT_EQ(presentations.command(command), L"ok"); }
-  void open(const TemporaryDeck& deck) { tell(L"open \"" + deck.path + L"\""); }
-
-  bool isIdle() { return program.waitForText(L"15:00") && program.standsStill(); }
-  bool isPaused() { return program.standsStill() && program.text() != L"15:00"; }
-  /// The clock has begun anew: it says more time left than before.
-  bool hasRestarted(const std::wstring& before) {
-    return waitUntil([&] { return !program.text().empty() && program.text() > before; });
-  }
-  bool showEnds() {
-    return waitUntil(
-        [&] { return presentations.command(L"state").find(L"show none") != std::wstring::npos; });
-  }
-  bool logHas(const std::wstring& words) {
-    return presentations.command(L"log").find(words) != std::wstring::npos;
-  }
-
-  TemporaryDeck demo{L"demo.pptx"};
-  TemporaryDeck other{L"other.pptx"};
-  standin::Client presentations;
-  Program program;
-};
 
 /// What is to be seen on either road.
 class EitherRoadTest : public ShowFollowingTest, public testing::WithParamInterface<const char*> {

@@ -74,6 +74,94 @@ TEST_F(StandInTest, HwndIsZeroWhileTold) {
   EXPECT_NE(ask(L"SlideShowWindows.Item(1).HWND").number(), 0);
 }
 
+TEST_F(StandInTest, ARejectedCallFailsAsThatOfABusyProgramAndExplainsNothing) {
+  tell(L"open C:\\a.pptx");
+  tell(L"reject Close 1");
+  const Answer answer = ask(L"ActivePresentation.Close()");
+  EXPECT_EQ(answer.result, RPC_E_CALL_REJECTED);
+  EXPECT_EQ(answer.description, L"");
+  EXPECT_EQ(ask(L"Presentations.Count").number(), 1) << "nothing happened in the call";
+  EXPECT_EQ(ask(L"ActivePresentation.Close()").result, S_OK);
+}
+
+TEST_F(StandInTest, ARejectedMemberWithoutACountIsRejectedUntilThatIsSwitchedOff) {
+  tell(L"reject Name");
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(ask(L"Name").result, RPC_E_CALL_REJECTED);
+  tell(L"reject Name off");
+  EXPECT_EQ(ask(L"Name").result, S_OK);
+}
+
+TEST_F(StandInTest, InTheCloudFullNameIsAnAddressAndNameIsThatOfTheFile) {
+  tell(L"open C:\\a.pptx");
+  tell(L"cloud-fullname on");
+  EXPECT_EQ(ask(L"ActivePresentation.FullName").text(), L"https://cloud.example/Documents/a.pptx");
+  EXPECT_EQ(ask(L"ActivePresentation.Name").text(), L"a.pptx");
+  tell(L"cloud-fullname off");
+  EXPECT_EQ(ask(L"ActivePresentation.FullName").text(), L"C:\\a.pptx");
+}
+
+TEST_F(StandInTest, AfterTheLastSlideComesAnEndScreenThatIsNoSlideAndThenTheEnd) {
+  tell(L"end-screen on");
+  tell(L"open C:\\a.pptx 2");
+  tell(L"show");
+  tell(L"goto 2");
+  const std::wstring view = L"SlideShowWindows.Item(1).View.";
+  EXPECT_EQ(ask(view + L"Next()").result, S_OK);
+  EXPECT_EQ(ask(L"SlideShowWindows.Count").number(), 1);
+  EXPECT_EQ(ask(view + L"Slide").result, DISP_E_EXCEPTION);
+  EXPECT_TRUE(findWindow(L"screenClass", L"PowerPoint Slide Show - [a.pptx]"));
+  EXPECT_TRUE(command(L"state").ends_with(L"show end"));
+  EXPECT_EQ(ask(view + L"Next()").result, S_OK);
+  EXPECT_EQ(ask(L"SlideShowWindows.Count").number(), 0);
+}
+
+TEST_F(StandInTest, FromTheEndScreenAShowCanBeLedBack) {
+  tell(L"end-screen on");
+  tell(L"open C:\\a.pptx 2");
+  tell(L"show");
+  const std::pair<const wchar_t*, int> ways[] = {{L"previous", 2}, {L"goto 2", 2}, {L"show", 1}};
+  for (const auto& [way, slide] : ways) {
+    tell(L"goto 2");
+    tell(L"next");
+    ASSERT_TRUE(command(L"state").ends_with(L"show end"));
+    tell(way);
+    EXPECT_EQ(ask(L"SlideShowWindows.Item(1).View.Slide.SlideIndex").number(), slide) << way;
+  }
+}
+
+TEST_F(StandInTest, UnlistedItIsNotFoundButReferencesFromBeforeLiveOn) {
+  tell(L"unlisted on");
+  Dispatch found;
+  EXPECT_TRUE(FAILED(findRunning(L"PowerPoint.Application", found)));
+  EXPECT_EQ(ask(L"Name").text(), L"PowerPoint");
+  EXPECT_EQ(command(L"state"), L"automation unlisted; active none");
+  tell(L"unlisted off");
+  EXPECT_EQ(findRunning(L"PowerPoint.Application", found), S_OK);
+  EXPECT_EQ(command(L"unlisted maybe"), L"error: on or off");
+}
+
+TEST_F(StandInTest, UnlistedItDoesNotAnswerToTheCreationOfItsClassEither) {
+  CLSID id;
+  ASSERT_EQ(CLSIDFromProgID(L"PowerPoint.Application", &id), S_OK);
+  tell(L"unregister");  // or the system would start a second one
+  const auto createIt = [&id] {
+    Dispatch created;
+    return CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch,
+                            reinterpret_cast<void**>(created.GetAddressOf()));
+  };
+  EXPECT_EQ(createIt(), S_OK);
+  tell(L"unlisted on");
+  EXPECT_TRUE(FAILED(createIt()));
+  tell(L"register");
+}
+
+TEST_F(StandInTest, AFrozenProgramAnswersLater) {
+  tell(L"freeze 1500");
+  const ULONGLONG beforeMs = GetTickCount64();
+  EXPECT_EQ(ask(L"Name").result, S_OK);
+  EXPECT_GE(GetTickCount64() - beforeMs, 1000u);
+}
+
 TEST_F(StandInTest, AHangHoldsTheNextCallOnly) {
   tell(L"hang 1500");
   const ULONGLONG beforeMs = GetTickCount64();

@@ -219,7 +219,7 @@ TEST_F(StandInDeckTest, ItStartsWithADeckForEditing) {
   ASSERT_TRUE(standIn.start(L"wpp.exe", L"--deck=C:\\a.dps"));
   EXPECT_EQ(standIn.command(L"state"),
             L"automation on; active a.dps; deck a.dps slides 10 selected 1 show none");
-  EXPECT_TRUE(findWindow(L"PPTFrameClass", L"a.dps - WPS Presentation"));
+  EXPECT_TRUE(findWindow(L"WPPFrameClass", L"a.dps - WPS Presentation"));
 }
 
 TEST_F(StandInDeckTest, AMonitorThatIsNotThereMeansThePrimaryOne) {

@@ -1,0 +1,51 @@
+// What assistive technology does to reach a program, done for its object model.
+#include "presentation/object_model_win.h"
+
+#include <oleacc.h>
+
+#include <algorithm>
+
+#include "core/geometry_win.h"
+
+namespace mrl {
+namespace {
+
+constexpr UINT kAnswerLimitMs = 200;
+
+using AskWindow = decltype(&AccessibleObjectFromWindow);
+
+// Loaded when there is a window to ask: most runs have none.
+AskWindow askWindow() {
+  static const HMODULE library =
+      LoadLibraryExW(L"oleacc.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+  static const auto function = reinterpret_cast<AskWindow>(reinterpret_cast<void*>(
+      library ? GetProcAddress(library, "AccessibleObjectFromWindow") : nullptr));
+  return function;
+}
+
+}  // namespace
+
+bool ObjectModelSearch::answers(HWND window) {
+  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+  if (std::find(silentThreads.begin(), silentThreads.end(), thread) != silentThreads.end()) {
+    return false;
+  }
+  // The question proper waits far longer, under some systems for ever.
+  if (SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerLimitMs, nullptr)) {
+    return true;
+  }
+  silentThreads.push_back(thread);
+  return false;
+}
+
+ComRef<IDispatch> ObjectModelSearch::objectOf(WindowHandle window) {
+  ComRef<IDispatch> object;
+  const AskWindow ask = askWindow();
+  if (!ask || !answers(windowFrom(window))) return object;
+  const HRESULT result = ask(windowFrom(window), static_cast<DWORD>(OBJID_NATIVEOM), IID_IDispatch,
+                             reinterpret_cast<void**>(object.put()));
+  if (FAILED(result)) return {};
+  return object;
+}
+
+}  // namespace mrl
