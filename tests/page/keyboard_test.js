@@ -41,8 +41,11 @@ pageTest('each key has its command while the shortcuts are on', {}, async (page,
   }
 });
 
-pageTest('the shortcuts work right after a tap on their switch', {}, async (page, service) => {
+pageTest('the shortcuts work right after a tap on their switch, and nothing moves', { height: 700 }, async (page, service) => {
+  await page.$eval('#keyboard-toggle', (toggle) => toggle.scrollIntoView({ block: 'end' }));
+  const top = await page.evaluate(() => scrollY);
   await page.click('#keyboard-toggle');
+  assert.deepEqual(await page.evaluate(() => [document.activeElement.tagName, scrollY]), ['BODY', top]);
   await press(page, 'ArrowRight', service, 'next');
 });
 
