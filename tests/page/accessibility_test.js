@@ -140,11 +140,11 @@ pageTest('a failure is taken away by keyboard, and its button is there as long a
     assert.equal(await page.isVisible('#message-close'), false);
   });
 
-/** Walks all targets; none of them may lie below what stays in sight. */
-async function assertNothingCovered(page, cover) {
+/** Walks all targets towards `cover`, which stays in sight; none of them may come to lie below it. */
+async function assertNothingCovered(page, cover, key) {
   let seen = 0;
   for (let step = 0; step < 70; step++) {
-    await page.keyboard.press('Tab');
+    await page.keyboard.press(key);
     const hidden = await page.evaluate((selector) => {
       const element = document.activeElement;
       const bar = document.querySelector(selector);
@@ -164,7 +164,7 @@ pageTest('a long message covers nothing that one works on by keyboard', { compla
       body: 'UI unavailable; command may be pending. Refresh state before retry.' };
     await page.click('[data-cmd=toggle]');
     await until(async () => assert.notEqual(await page.textContent('#message-hint'), ''));
-    await assertNothingCovered(page, '.bubble');
+    await assertNothingCovered(page, '.bubble', 'Tab');
   });
 
 pageTest('the line that names what is wrong covers nothing that one works on by keyboard', { height: 640 },
@@ -173,5 +173,5 @@ pageTest('the line that names what is wrong covers nothing that one works on by 
     await page.fill('[name=opacity]', '');
     await nextPoll(page);
     await page.evaluate(() => { document.activeElement.blur(); scrollTo(0, 0); });
-    await assertNothingCovered(page, '.form-status');
+    await assertNothingCovered(page, '.form-status', 'Shift+Tab');
   });

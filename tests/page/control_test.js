@@ -288,6 +288,18 @@ pageTest('a poll answered with 403 says so without being asked, and once', lost,
   assert.equal(await page.evaluate(() => globalThis.changes), 0);
 });
 
+pageTest('a 403 after a good poll is said again', lost, async (page, service) => {
+  for (let time = 0; time < 2; time++) {
+    service.refusal = { status: 403, type: 'text/plain; charset=utf-8', body: 'Invalid request origin' };
+    await nextPoll(page);
+    await shows(page, '#message', '连接已失效，请重新扫码或使用新的连接地址');
+    await page.click('#message');
+    service.refusal = null;
+    await nextPoll(page);
+    await shows(page, '#connection', '已连接');
+  }
+});
+
 pageTest('a lost connection disables the controls, and the first good poll restores them', lost,
   async (page, service) => {
     service.refusal = 'gone';
@@ -549,6 +561,15 @@ pageTest('the focus stays with its file when the list is rebuilt', {}, async (pa
   await until(async () => assert.equal(
     await page.evaluate(() => document.activeElement.closest('article')?.textContent),
     '附录.ppt跳过计时打开放映关闭恢复计时'));
+});
+
+pageTest('the focus stays with its file when the list changes at the computer', {}, async (page, service) => {
+  await page.focus('#files article:nth-child(3) .file-close');
+  service.state.files = someFiles().slice(1);
+  await nextPoll(page);
+  await until(async () => assert.equal(await page.$$eval('#files article', (found) => found.length), 2));
+  assert.deepEqual(await page.evaluate(() => [document.activeElement.className,
+    document.activeElement.closest('article')?.querySelector('h3').textContent]), ['file-close', '附录.ppt']);
 });
 
 pageTest('refreshing the list rebuilds it and opens the control panel', {}, async (page) => {
