@@ -94,7 +94,7 @@ ensure_qrcodegen() {
   rm -rf "$state"
 }
 
-# What the tests of the remote's page import, at the versions of package-lock.json.
+# What the tests of the remote's page import and what lints them, at the versions of package-lock.json.
 ensure_page_modules() {
   local folder=tests/page
   [[ ! $folder/node_modules/.package-lock.json -nt $folder/package-lock.json ]] || return 0

@@ -194,7 +194,7 @@ formTest('each save goes on from the revision of the one before', {}, async (pag
   assert.deepEqual(forms(service).map(({ revision }) => revision), ['0000000000000001', '0000000000000002']);
 });
 
-for (const value of ['9', '101', '', '10.5']) {
+for (const value of ['9', '101', '', '10.5', '5e1', '50.0', '9e9']) {
   formTest(`an opacity of "${value}" is not sent and does not block the others`, {}, async (page, service) => {
     await page.fill(field('opacity'), value);
     await shows(page, '#advanced-status', '输入无效，其他设置可继续使用。');
@@ -213,6 +213,81 @@ for (const value of ['9', '101', '', '10.5']) {
     assert.deepEqual(await draft(page), clean);
   });
 }
+
+const hint = (page, text) => shows(page, '#advanced-hint', text);
+
+for (const value of ['5e1', '50.0', '101']) {
+  formTest(`an opacity of "${value}" is marked and named at once, until it is mended`, {}, async (page) => {
+    const look = () => page.$eval(field('opacity'), (input) => [input.ariaInvalid, input.getAttribute('aria-describedby'),
+      getComputedStyle(input).borderColor === 'rgb(255, 81, 85)', input.matches(':invalid')]);
+    assert.deepEqual(await look(), [null, null, false, false]);
+    await page.fill(field('opacity'), value);
+    assert.deepEqual(await look(), ['true', 'advanced-hint', true, true]);
+    await hint(page, '请修正：外观 · 背景不透明度（%）（10–100 的整数）');
+    await page.fill(field('opacity'), '50');
+    assert.deepEqual(await look(), [null, null, false, false]);
+    await hint(page, '');
+  });
+}
+
+formTest('every invalid number is named, and stays named while others are saved', {}, async (page) => {
+  await page.fill(field('prompt1.advance'), '');
+  await page.fill(field('prompt2.advance'), '60000');
+  const both = '请修正：阶段 1 提醒 · 提前（秒）（0–59999 的整数）；阶段 2 提醒 · 提前（秒）（0–59999 的整数）';
+  await hint(page, both);
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await shows(page, '#advanced-status', '有效设置已生效；请修正无效输入。');
+  await hint(page, both);
+});
+
+for (const value of ['007', '100']) {
+  formTest(`an opacity of "${value}" is what the computer takes`, {}, async (page, service) => {
+    await page.fill(field('opacity'), value);
+    await page.fill(field('blinkSeconds'), value);
+    await page.clock.runFor(700);
+    await until(async () => assert.equal(forms(service).at(-1)?.blinkSeconds, value));
+  });
+}
+
+formTest('a number out of range that the computer itself holds is named from the start',
+  { prepare: (service) => { service.values = someValues({ duration: 70_000 }); } }, async (page) => {
+    await shows(page, '#advanced-status', '已加载电脑当前参数。');
+    await hint(page, '请修正：计时与动作 · 基础时长（秒）（0–59999 的整数）');
+    assert.equal(await page.getAttribute(field('duration'), 'aria-invalid'), 'true');
+    assert.deepEqual(await draft(page), clean);  // no edit: a reload does not ask
+  });
+
+formTest('a save that nobody answers is explained in Chinese', { complaints: true }, async (page, service) => {
+  service.refusal = 'gone';
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await shows(page, '#advanced-status', 'Failed to fetch 输入已保留。');
+  await hint(page, '没有连上电脑，操作可能没有执行。请检查两台设备是否在同一网络，显示“已连接”后再试。');
+  service.refusal = null;
+  await set(page, 'sound', false);
+  await page.clock.runFor(1);
+  await saved(page);
+  await hint(page, '');
+});
+
+pageTest('a load that is refused in English is explained in Chinese', { complaints: true }, async (page, service) => {
+  service.refusal = { status: 503, type: 'text/plain; charset=utf-8', body: 'UI unavailable' };
+  await page.click('#settings-tab');
+  await shows(page, '#advanced-status', 'UI unavailable');
+  await hint(page, '电脑正忙，操作可能稍后才生效。请先看画面和计时有没有变化，再决定是否重试。');
+});
+
+formTest('an invalid edit begins the wait of a valid one anew', {}, async (page, service) => {
+  await page.fill(field('opacity'), '45');
+  await page.clock.runFor(400);
+  await page.fill(field('blinkSeconds'), '');
+  await page.clock.runFor(690);
+  assert.equal(forms(service).length, 0);
+  await page.clock.runFor(20);
+  await shows(page, '#advanced-status', '有效设置已生效；请修正无效输入。');
+  assert.deepEqual(forms(service).map(({ opacity, blinkSeconds }) => [opacity, blinkSeconds]), [['45', '0']]);
+});
 
 formTest('a value that turns invalid is taken back before it is sent', {}, async (page, service) => {
   await page.fill(field('opacity'), '45');
@@ -386,3 +461,110 @@ formTest('the Enter key in a number does not send the form away', {}, async (pag
   assert.equal(new URL(page.url()).search, '');
   assert.equal(service.requests.filter(({ method }) => method === 'POST').length, 0);
 });
+
+// What this page itself changes behind its form.
+
+const loads = (service) => service.asked('controls').filter(({ method }) => method === 'GET').length;
+const noQuestion = (page) => page.on('dialog', () => assert.fail('asked a question'));
+
+for (const [cmd, name, value] of [
+  ['countup', 'down', false], ['countdown', 'down', true], ['clock-on', 'machineTime', true],
+  ['clock-off', 'machineTime', false],
+]) {
+  formTest(`after ${cmd} the form shows it, and takes the next edit`,
+    { prepare: (service) => Object.assign(service.values, { [name]: !value }) }, async (page, service) => {
+      noQuestion(page);
+      await page.click(`[data-cmd=${cmd}]`);
+      await until(async () => assert.equal(await page.isChecked(field(name)), value));
+      assert.equal(loads(service), 2);
+      await set(page, 'sound', true);
+      await page.clock.runFor(1);
+      await saved(page);
+      assert.deepEqual([service.values[name], service.values.sound], [value, true]);
+      assert.equal(loads(service), 2);
+    });
+}
+
+formTest('after an applied duration the form shows it', {}, async (page) => {
+  await page.click('#back-control');
+  await page.fill('#minutes', '20');
+  await page.click('#set-duration');
+  await until(async () => assert.equal(await page.inputValue(field('duration')), '1200'));
+});
+
+formTest('other commands leave the form alone', {}, async (page, service) => {
+  await page.$eval(field('opacity'), (input) => { input.id = 'same'; });
+  await page.click('[data-cmd=manual]');
+  await shows(page, '#message', '操作已完成');
+  await nextPoll(page);
+  assert.equal(loads(service), 1);
+  assert.equal(await page.isVisible('#same'), true);
+});
+
+pageTest('a command loads no form that nobody has opened', {}, async (page, service) => {
+  await page.fill('#minutes', '20');
+  await page.click('#set-duration');
+  await shows(page, '#message', '操作已完成');
+  await nextPoll(page);
+  assert.equal(loads(service), 0);
+});
+
+formTest('a command does not touch an edit', {}, async (page, service) => {
+  noQuestion(page);
+  await page.fill(field('opacity'), '5');
+  await page.click('[data-cmd=countup]');
+  await shows(page, '#message', '操作已完成');
+  await nextPoll(page);
+  assert.equal(loads(service), 1);
+  assert.equal(await page.inputValue(field('opacity')), '5');
+});
+
+formTest('an edit that begins while the form loads itself stays', {}, async (page, service) => {
+  noQuestion(page);
+  let release;
+  await page.route('**/api/controls', async (route) => {
+    await new Promise((resolve) => { release = resolve; });
+    await route.continue();
+  });
+  await page.click('[data-cmd=countup]');
+  await until(() => assert.ok(release));
+  await page.fill(field('opacity'), '5');
+  release();
+  await until(() => assert.equal(loads(service), 2));
+  await nextPoll(page);  // what was asked for before it has arrived by then
+  assert.equal(await page.inputValue(field('opacity')), '5');
+  assert.deepEqual((await draft(page)).invalid, ['opacity']);
+});
+
+formTest('a command during a save loads the form after it', {}, async (page, service) => {
+  noQuestion(page);
+  let release;
+  await page.route('**/api/controls', async (route) => {
+    const response = await route.fetch();  // saved, but the answer is late
+    await new Promise((resolve) => { release = resolve; });
+    await route.fulfill({ response });
+  }, { times: 1 });
+  await set(page, 'sound', true);
+  await page.clock.runFor(1);
+  await until(() => assert.ok(release));
+  await page.click('[data-cmd=countup]');
+  await shows(page, '#message', '操作已完成');
+  assert.equal(loads(service), 1);
+  release();
+  await until(async () => assert.equal(await page.isChecked(field('down')), false));
+  await set(page, 'blink', false);
+  await page.clock.runFor(1);
+  await saved(page);
+});
+
+formTest('a form that could not load itself tries again after the next command', { complaints: true },
+  async (page, service) => {
+    await page.route('**/api/controls', (route) => route.abort(), { times: 1 });
+    await page.click('[data-cmd=countup]');
+    await shows(page, '#message', '操作已完成');
+    await nextPoll(page);
+    assert.equal(await page.isChecked(field('down')), true);
+    await page.click('[data-cmd=manual]');
+    await until(async () => assert.equal(await page.isChecked(field('down')), false));
+    assert.equal(loads(service), 2);
+  });

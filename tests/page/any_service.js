@@ -207,6 +207,31 @@ export function anyService(start) {
       await until(async () => assert.deepEqual(await names(), ['二 & "三".pptx']));
     });
 
+  remoteTest('a command of the page leaves its form ready for the next edit', {}, async (page, service) => {
+    const { values } = await controlsOf(service);
+    await page.click('#settings-tab');
+    await shows(page, '#advanced-status', '已加载电脑当前参数。');
+    await page.click('#advanced summary');
+    await page.click(values.down ? '[data-cmd=countup]' : '[data-cmd=countdown]');
+    await until(async () => assert.equal(await page.isChecked('[name=down]'), !values.down));
+    await page.setChecked('[name=perSlide]', !values.perSlide);
+    await shows(page, '#advanced-status', '设置已自动保存并生效。');
+    const { values: after } = await controlsOf(service);
+    assert.deepEqual([after.down, after.perSlide], [!values.down, !values.perSlide]);
+  });
+
+  remoteTest('a number that only a browser understands does not keep others from being saved', {},
+    async (page, service) => {
+      const { values } = await controlsOf(service);
+      await page.click('#settings-tab');
+      await shows(page, '#advanced-status', '已加载电脑当前参数。');
+      await page.click('#advanced summary');
+      await page.fill('[name=opacity]', '5e1');
+      await page.setChecked('[name=perSlide]', !values.perSlide);
+      await shows(page, '#advanced-status', '有效设置已生效；请修正无效输入。');
+      assert.equal((await controlsOf(service)).values.perSlide, !values.perSlide);
+    });
+
   remoteTest('a setting is changed from the page, and a stale draft is refused and kept', { complaints: true },
     async (page, service) => {
       const { values } = await controlsOf(service);

@@ -19,6 +19,9 @@ export async function launch(names = '') {
   });
 }
 
+// Browsers look for an icon by themselves where a page names none.
+const isIcon = (url) => url.endsWith('/favicon.ico');
+
 /**
  * A visit in a context of its own. `page.said` grows with the console, `page.asked` with the requests.
  * With `frozen` the page's clock stands still, so that polls come only where a test lets it run.
@@ -33,7 +36,9 @@ export async function visit(browser, origin, {
   page.setDefaultTimeout(15_000);
   page.said = [];
   page.asked = [];
-  page.on('console', (message) => page.said.push(message.text()));
+  page.on('console', (message) => {
+    if (!isIcon(message.location().url)) page.said.push(message.text());
+  });
   page.on('pageerror', (error) => page.said.push(String(error)));
   page.on('request', (request) => page.asked.push(request.url()));
   if (frozen) {

@@ -41,6 +41,58 @@ pageTest('each key has its command while the shortcuts are on', {}, async (page,
   }
 });
 
+pageTest('the shortcuts work right after a tap on their switch, and nothing moves', { height: 700 }, async (page, service) => {
+  await page.$eval('#keyboard-toggle', (toggle) => toggle.scrollIntoView({ block: 'end' }));
+  const top = await page.evaluate(() => scrollY);
+  await page.click('#keyboard-toggle');
+  assert.deepEqual(await page.evaluate(() => [document.activeElement.tagName, scrollY]), ['BODY', top]);
+  await press(page, 'ArrowRight', service, 'next');
+});
+
+for (const selector of ['[data-cmd=previous]', '#theme-toggle', '#keyboard-record', '.file-play']) {
+  pageTest(`the shortcuts work right after a tap on ${selector}`, {}, async (page, service) => {
+    await page.click('#keyboard-toggle');
+    await page.click(selector);
+    if (selector === '#keyboard-record') await page.keyboard.press('Escape');
+    await until(async () => assert.equal(await page.evaluate(() => busy), false));
+    await press(page, 'ArrowRight', service, 'next');
+  });
+}
+
+pageTest('the shortcuts work right after a tap on the way back', {}, async (page, service) => {
+  await page.click('#keyboard-toggle');
+  await page.click('#settings-tab');
+  await page.click('#back-control');
+  await press(page, 'ArrowRight', service, 'next');
+});
+
+pageTest('a box that one taps to type keeps its keys', {}, async (page, service) => {
+  await page.click('#keyboard-toggle');
+  await page.click('#minutes');
+  await pressInVain(page, ['ArrowLeft', 'Escape'], service);
+});
+
+pageTest('a button that was reached by keyboard keeps the focus and its keys', {}, async (page, service) => {
+  await page.click('#keyboard-toggle');
+  await page.focus('[data-cmd=previous]');
+  await press(page, 'Enter', service, 'previous');
+  await until(async () => assert.equal(await page.evaluate(() => document.activeElement.dataset.cmd), 'previous'));
+  await page.keyboard.press('ArrowRight');
+  await page.evaluate(() => fetch('/api/state').then(() => {}));
+  assert.deepEqual(service.commands(), ['previous']);
+});
+
+pageTest('switched on by keyboard, the shortcuts work and their help has the focus', {}, async (page, service) => {
+  await page.focus('#keyboard-toggle');
+  await page.keyboard.press('Space');
+  assert.equal(await page.evaluate(() => document.activeElement.id), 'keyboard-options');
+  await press(page, 'ArrowRight', service, 'next');
+  await page.keyboard.press('Shift+Tab');
+  assert.equal(await page.evaluate(() => document.activeElement.id), 'keyboard-toggle');
+  await page.keyboard.press('Space');
+  assert.equal(await page.evaluate(() => document.activeElement.id), 'keyboard-toggle');
+});
+
 pageTest('a key that is a command does nothing else', {}, async (page, service) => {
   await turnOn(page);
   await press(page, 'PageDown', service, 'next');
@@ -106,8 +158,11 @@ pageTest('another key can be recorded, is stored, and matches in any case', {}, 
   await shows(page, '#keyboard-record', 'F5');
   await page.click('#keyboard-record');
   await shows(page, '#keyboard-record', '请按快捷键');
+  await page.keyboard.press('Enter');
+  await shows(page, '#message', hint);
   await page.keyboard.press('b');
   await shows(page, '#keyboard-record', 'b');
+  await shows(page, '#message', '');
   assert.equal(await stored(page, 'marlune-keyboard-key'), 'b');
   await page.evaluate(() => document.activeElement.blur());
   await press(page, 'b', service, 'current');

@@ -45,10 +45,18 @@ const views = {
     await page.fill('[name=opacity]', '5');
   },
   pair: (page) => page.click('.connection'),
+  failure: async (page, service) => {
+    service.state.black = true;
+    await nextPoll(page);
+    service.refusal = { status: 503, type: 'text/plain; charset=utf-8',
+      body: 'UI unavailable; command may be pending. Refresh state before retry.' };
+    await page.click('[data-cmd=next]');
+    await shows(page, '#message', service.refusal.body);
+  },
 };
 
 function viewTest(view, title, options, body) {
-  pageTest(`${view} ${title}`, { complaints: view === 'offline', ...options }, async (page, service) => {
+  pageTest(`${view} ${title}`, { complaints: ['offline', 'failure'].includes(view), ...options }, async (page, service) => {
     await views[view](page, service);
     await body(page, service);
   });
@@ -183,7 +191,7 @@ pageTest('for all others what went well fades away', { reducedMotion: 'no-prefer
   async (page) => {
     await page.click('[data-cmd=next]');
     await shows(page, '#message', '操作已完成');
-    assert.equal(await page.$eval('#message span', (span) => getComputedStyle(span).animationName), 'pass');
+    assert.equal(await page.$eval('.bubble', (bubble) => getComputedStyle(bubble).animationName), 'pass');
   });
 
 for (const [width, size, longSize] of [[360, 55, 30.6], [800, 56, 52], [1000, 70, 40], [1280, 88, 51.2], [1600, 88, 52]]) {
@@ -210,10 +218,29 @@ for (const [width, columns, height, fileColumns] of [[360, 1, 190, 2], [899, 1, 
   });
 }
 
+pageTest('on a wide window the columns have their widths and their gap', { width: 1400 }, async (page) => {
+  const [main, left, right, gap] = await page.$eval('#panel-control', (panel) => [panel.closest('main').offsetWidth,
+    ...getComputedStyle(panel).gridTemplateColumns.split(' ').map(parseFloat),
+    getComputedStyle(panel).columnGap]);
+  assert.equal(main, 1180);
+  assert.equal(gap, '22px');
+  assert.ok(Math.abs(left / right - 0.95 / 1.05) < 0.001, `${left} ${right}`);
+});
+
+pageTest('the fonts are those of the system', {}, async (page) => {
+  assert.equal(await page.$eval('body', (body) => getComputedStyle(body).fontFamily),
+    '"Microsoft YaHei", "Segoe UI", system-ui, sans-serif');
+  assert.deepEqual(await page.$$eval('button, input', (elements) =>
+    [...new Set(elements.map((element) => getComputedStyle(element).fontFamily))].length), 1);
+});
+
 pageTest('buttons are at least 48 px high and the action buttons 56', {}, async (page) => {
-  const small = await page.$$eval('main button', (buttons) => buttons.filter((button) => button.checkVisibility() &&
-    button.offsetHeight < (button.closest('.actions') ? 56 : 48)).map((button) => button.textContent));
-  assert.deepEqual(small, []);
+  for (const tab of ['control', 'timer', 'pair']) {
+    await page.evaluate((name) => { openTab(name); say('…'); }, tab);
+    const small = await page.$$eval('button', (buttons) => buttons.filter((button) => button.checkVisibility() &&
+      button.offsetHeight < (button.closest('.actions') ? 56 : 48)).map((button) => button.outerHTML));
+    assert.deepEqual(small, [], tab);
+  }
   assert.deepEqual(await page.$$eval('button', (buttons) =>
     [...new Set(buttons.map((button) => getComputedStyle(button).touchAction))]), ['manipulation']);
 });
@@ -250,6 +277,12 @@ pageTest('the page asks for nothing beyond its own origin', { frozen: false }, a
   assert.ok(page.asked.length >= 3);
   assert.deepEqual(page.asked.filter((url) => new URL(url).origin !== service.origin), []);
   assert.deepEqual([...new Set(service.requests.map(({ path }) => path))].sort(), ['/', '/api/controls', '/api/state']);
+});
+
+pageTest('a visit fetches the page once and nothing beside it', {}, async (page, service) => {
+  await nextPoll(page);
+  assert.equal(await page.$$eval('link', (links) => links.length), 0);
+  assert.deepEqual(service.requests.map(({ path }) => path).filter((path) => path !== '/api/state'), ['/']);
 });
 
 test('the file is UTF-8 with a byte-order mark, small, and names no other place', async () => {

@@ -45,7 +45,7 @@ export class ServiceFake {
   state = someState();
   values = someValues();
   revision = 1;
-  /** Everything asked for: {method, path, query, body, headers}. */
+  /** All that the page asked for: {method, path, query, body, headers}. */
   requests = [];
   /** Answers to `/api/` wait for this before they go out: see hold(). */
   gate = Promise.resolve();
@@ -92,6 +92,7 @@ export class ServiceFake {
 
   async #serve(request, response) {
     const url = new URL(request.url, this.origin);
+    if (url.pathname === '/favicon.ico') return response.writeHead(404).end();  // the browser by itself
     let body = '';
     for await (const chunk of request) body += chunk;
     this.requests.push({
@@ -141,6 +142,7 @@ export class ServiceFake {
   #command(command, query) {
     const { state } = this;
     if (command === 'toggle') state.running = !state.running;
+    if (command === 'black') state.black = !state.black;
     if (command === 'duration') state.duration = Number(query.get('seconds'));
     if (command === 'visibility') state.visible = !state.visible;
     if (command === 'automatic' || command === 'manual') state.automatic = command === 'automatic';
@@ -151,5 +153,17 @@ export class ServiceFake {
       state.files = state.files.map((file) =>
         (file.id === query.get('id') ? { ...file, skip: !file.skip } : file));
     }
+    this.#follow(command);
+  }
+
+  /** Some commands change what the form shows too, and with it the revision. */
+  #follow(command) {
+    const { duration, down, machineTime } = this.state;
+    const changes = {
+      duration: { duration }, countdown: { down }, countup: { down },
+      'clock-on': { machineTime: Boolean(machineTime) }, 'clock-off': { machineTime: Boolean(machineTime) },
+    }[command] ?? {};
+    if (Object.entries(changes).some(([name, value]) => this.values[name] !== value)) this.revision++;
+    Object.assign(this.values, changes);
   }
 }

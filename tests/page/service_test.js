@@ -32,6 +32,9 @@ remoteTest('a computer that is busy for long is reported in its own words', { co
     const blocked = service.obey('block 3000');
     await page.click('[data-cmd=toggle]');
     await shows(page, '#message', 'UI unavailable; command may be pending. Refresh state before retry.');
+    await shows(page, '#message-hint', '电脑正忙，操作可能稍后才生效。请先看画面和计时有没有变化，再决定是否重试。');
     await blocked;
     await shows(page, '#connection', '已连接');
+    await shows(page, '#message', '');
+    await shows(page, '#message-hint', '');
   });
