@@ -1,0 +1,432 @@
+#include "windows/expected_picture.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <iomanip>
+#include <numbers>
+#include <sstream>
+
+#include "core/wide_win.h"
+#include "resources/resource_ids.h"
+#include "settings_window/control_look.h"
+#include "settings_window/section_glyph.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+constexpr float kNearEdge = 1.5F;
+
+uint32_t mixed(uint32_t below, uint32_t above, float part) {
+  uint32_t result = 0;
+  for (const int shift : {0, 8, 16}) {
+    const auto from = static_cast<float>(below >> shift & 0xFF);
+    const auto to = static_cast<float>(above >> shift & 0xFF);
+    result |= static_cast<uint32_t>(std::lround(from + (to - from) * part)) << shift;
+  }
+  return result;
+}
+
+COLORREF reversed(uint32_t rgb) { return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16; }
+
+RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+Rect common(const Rect& a, const Rect& b) {
+  const Rect both{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                  std::min(a.bottom, b.bottom)};
+  return both.width() > 0 && both.height() > 0 ? both : Rect{};
+}
+
+/// The distance to a rectangle with round corners; below zero within.
+struct RoundBox {
+  float left, top, right, bottom, radius;
+
+  float distance(float x, float y) const {
+    const auto [dx, dy] = beyondCorner(x, y);
+    return std::hypot(std::max(dx, 0.0F), std::max(dy, 0.0F)) + std::min(std::max(dx, dy), 0.0F) -
+           radius;
+  }
+  bool isAtCorner(float x, float y) const {
+    const auto [dx, dy] = beyondCorner(x, y);
+    return radius > 0 && dx > -kNearEdge && dy > -kNearEdge;
+  }
+  RoundBox grownBy(float by) const {
+    return {left - by, top - by, right + by, bottom + by, radius > 0 ? radius + by : 0};
+  }
+
+ private:
+  std::array<float, 2> beyondCorner(float x, float y) const {
+    return {std::abs(x - (left + right) / 2) - (right - left) / 2 + radius,
+            std::abs(y - (top + bottom) / 2) - (bottom - top) / 2 + radius};
+  }
+};
+
+float distanceToLine(float x, float y, float x1, float y1, float x2, float y2) {
+  const float dx = x2 - x1;
+  const float dy = y2 - y1;
+  const float along = std::clamp(((x - x1) * dx + (y - y1) * dy) / (dx * dx + dy * dy), 0.0F, 1.0F);
+  return std::hypot(x - x1 - along * dx, y - y1 - along * dy);
+}
+
+/// Angles in degrees, clockwise from the right.
+float distanceToArc(float x, float y, const Stroke& arc) {
+  const float middleX = arc.x + arc.a / 2;
+  const float middleY = arc.y + arc.b / 2;
+  constexpr float kDegree = std::numbers::pi_v<float> / 180;
+  constexpr int kSteps = 64;
+  float nearest = 1e9F;
+  for (int i = 0; i < kSteps; ++i) {
+    const auto point = [&](int step) {
+      const float angle = (arc.start + arc.sweep * static_cast<float>(step) / kSteps) * kDegree;
+      return std::array{middleX + arc.a / 2 * std::cos(angle),
+                        middleY + arc.b / 2 * std::sin(angle)};
+    };
+    const auto [x1, y1] = point(i);
+    const auto [x2, y2] = point(i + 1);
+    nearest = std::min(nearest, distanceToLine(x, y, x1, y1, x2, y2));
+  }
+  return nearest;
+}
+
+/// All in pixels.
+float distanceToStroke(float x, float y, const Stroke& stroke, float penWidth) {
+  switch (stroke.kind) {
+    case StrokeKind::Line:
+      return distanceToLine(x, y, stroke.x, stroke.y, stroke.a, stroke.b) - penWidth / 2;
+    case StrokeKind::Box: {
+      const RoundBox box{stroke.x, stroke.y, stroke.x + stroke.a, stroke.y + stroke.b, 0};
+      return std::abs(box.distance(x, y)) - penWidth / 2;
+    }
+    case StrokeKind::Arc: return distanceToArc(x, y, stroke) - penWidth / 2;
+    case StrokeKind::Dot: break;
+  }
+  return std::hypot(x - stroke.x - stroke.a / 2, y - stroke.y - stroke.b / 2) - stroke.a / 2;
+}
+
+/// Lengths become pixels from the top left of the picture.
+Stroke inPixels(const Stroke& stroke, const Rect& square) {
+  const auto side = static_cast<float>(square.width());
+  Stroke scaled = stroke;
+  scaled.x = stroke.x * side + static_cast<float>(square.left);
+  scaled.y = stroke.y * side + static_cast<float>(square.top);
+  const bool isLine = stroke.kind == StrokeKind::Line;
+  scaled.a = stroke.a * side + (isLine ? static_cast<float>(square.left) : 0);
+  scaled.b = stroke.b * side + (isLine ? static_cast<float>(square.top) : 0);
+  return scaled;
+}
+
+bool always(float /*x*/, float /*y*/) { return true; }
+
+struct Found {
+  int count = 0;
+  Point first;
+};
+
+}  // namespace
+
+ExpectedPicture::ExpectedPicture(Size pictureSize, int pictureDpi)
+    : size(pictureSize), dpi(pictureDpi) {
+  BITMAPINFO info{};
+  info.bmiHeader.biSize = sizeof info.bmiHeader;
+  info.bmiHeader.biWidth = size.width;
+  info.bmiHeader.biHeight = -size.height;  // from the top
+  info.bmiHeader.biPlanes = 1;
+  info.bmiHeader.biBitCount = 32;
+  memory = CreateCompatibleDC(nullptr);
+  void* bits = nullptr;
+  bitmap = CreateDIBSection(memory, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+  pixels = static_cast<uint32_t*>(bits);
+  bitmapBefore = SelectObject(memory, bitmap);
+  const size_t count = static_cast<size_t>(size.width) * static_cast<size_t>(size.height);
+  kinds.resize(count, Kind::Exact);
+  owners.resize(count);
+  enter("picture", {}, {0, 0, size.width, size.height});
+}
+
+ExpectedPicture::~ExpectedPicture() {
+  SelectObject(memory, bitmapBefore);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  for (const auto& [face, made] : fonts) DeleteObject(made);
+}
+
+void ExpectedPicture::enter(const std::string& region, Point from, const Rect& within) {
+  origin = from;
+  clip = common(within, {0, 0, size.width, size.height});
+  regions.push_back(region);
+  const HRGN area = CreateRectRgn(clip.left, clip.top, clip.right, clip.bottom);
+  SelectClipRgn(memory, area);
+  DeleteObject(area);
+  for (int y = clip.top; y < clip.bottom; ++y) {
+    for (int x = clip.left; x < clip.right; ++x) {
+      owners[index(x, y)] = static_cast<uint16_t>(regions.size() - 1);
+    }
+  }
+}
+
+size_t ExpectedPicture::index(int x, int y) const {
+  return static_cast<size_t>(y) * static_cast<size_t>(size.width) + static_cast<size_t>(x);
+}
+
+uint32_t& ExpectedPicture::at(int x, int y) const { return pixels[index(x, y)]; }
+
+/// In the picture.
+Rect ExpectedPicture::visible(const Rect& rect) const {
+  return common(clip, {rect.left + origin.x, rect.top + origin.y, rect.right + origin.x,
+                       rect.bottom + origin.y});
+}
+
+void ExpectedPicture::paint(const Drawing& drawing) {
+  GdiFlush();
+  for (const Shape& shape : drawing) {
+    std::visit([this](const auto& each) { (*this)(each); }, shape);
+    GdiFlush();
+  }
+}
+
+void ExpectedPicture::fill(const Rect& around, uint32_t colour, const Coverage& distance,
+                           const std::function<bool(float, float)>& isCurved) {
+  const Rect area = visible(insetBy(around, -3));
+  for (int y = area.top; y < area.bottom; ++y) {
+    for (int x = area.left; x < area.right; ++x) {
+      const float middleX = static_cast<float>(x - origin.x) + 0.5F;
+      const float middleY = static_cast<float>(y - origin.y) + 0.5F;
+      const float away = distance(middleX, middleY);
+      if (away > kNearEdge) continue;
+      const float part = std::clamp(0.5F - away, 0.0F, 1.0F);
+      at(x, y) = mixed(at(x, y), colour, part);
+      const bool inPart = part > 0.01F && part < 0.99F;
+      Kind& kind = kinds[index(x, y)];
+      if (inPart || (std::abs(away) < kNearEdge && isCurved(middleX, middleY))) {
+        kind = Kind::Soft;
+      } else if (part >= 0.99F) {
+        kind = Kind::Exact;
+      }
+    }
+  }
+}
+
+void ExpectedPicture::operator()(const Area& area) {
+  const Rect rect = visible(area.rect);
+  for (int y = rect.top; y < rect.bottom; ++y) {
+    for (int x = rect.left; x < rect.right; ++x) {
+      at(x, y) = area.colour;
+      kinds[index(x, y)] = Kind::Exact;
+    }
+  }
+}
+
+void ExpectedPicture::operator()(const RoundedRect& shape) {
+  // A line of one pixel covers the outermost pixels, a wider one as many more within.
+  const float inset = shape.outline ? static_cast<float>(shape.outlineWidth) / 2 : 0.5F;
+  const Rect& rect = shape.rect;
+  const RoundBox path{
+      static_cast<float>(rect.left) + inset, static_cast<float>(rect.top) + inset,
+      static_cast<float>(rect.right) - inset, static_cast<float>(rect.bottom) - inset,
+      std::min({static_cast<float>(shape.radius), static_cast<float>(rect.width() - 1) / 2,
+                static_cast<float>(rect.height() - 1) / 2})};
+  const auto atCorner = [&](float x, float y) { return path.isAtCorner(x, y); };
+  fill(
+      rect, shape.fill, [&](float x, float y) { return path.distance(x, y); }, atCorner);
+  if (!shape.outline) return;
+  const float half = static_cast<float>(shape.outlineWidth) / 2;
+  fill(
+      rect, *shape.outline, [&](float x, float y) { return std::abs(path.distance(x, y)) - half; },
+      atCorner);
+}
+
+void ExpectedPicture::operator()(const Ring& ring) {
+  const float radius = static_cast<float>(ring.box.width()) / 2;
+  const float half = static_cast<float>(ring.width) / 2;
+  fill(
+      ring.box, ring.colour,
+      [&](float x, float y) {
+        return std::abs(std::hypot(x - static_cast<float>(ring.box.left) - radius,
+                                   y - static_cast<float>(ring.box.top) - radius) -
+                        radius) -
+               half;
+      },
+      always);
+}
+
+void ExpectedPicture::operator()(const Disc& disc) {
+  const float radius = static_cast<float>(disc.box.width()) / 2;
+  fill(
+      disc.box, disc.colour,
+      [&](float x, float y) {
+        return std::hypot(x - static_cast<float>(disc.box.left) - radius,
+                          y - static_cast<float>(disc.box.top) - radius) -
+               radius;
+      },
+      always);
+}
+
+/// A straight line has no last pixel.
+void ExpectedPicture::operator()(const Line& line) {
+  const auto& [from, to, colour, width] = line;
+  const Rect around{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
+                    std::max(from.y, to.y)};
+  if (width == 1 && from.y == to.y) {
+    return (*this)(Area{{around.left, from.y, around.right, from.y + 1}, colour});
+  }
+  if (width == 1 && from.x == to.x) {
+    return (*this)(Area{{from.x, around.top, from.x + 1, around.bottom}, colour});
+  }
+  // Such a line counts from the middles of pixels.
+  const auto middle = [](int pixel) { return static_cast<float>(pixel) + 0.5F; };
+  fill(
+      insetBy(around, -width), colour,
+      [&](float x, float y) {
+        return distanceToLine(x, y, middle(from.x), middle(from.y), middle(to.x), middle(to.y)) -
+               static_cast<float>(width) / 2;
+      },
+      always);
+}
+
+void ExpectedPicture::operator()(const Glyph& glyph) {
+  const float penWidth = std::max(static_cast<float>(glyph.square.width()) / 12, 1.4F);
+  for (const Stroke& fraction : sectionGlyph(glyph.section)) {
+    const Stroke stroke = inPixels(fraction, glyph.square);
+    fill(
+        glyph.square, glyph.colour,
+        [&](float x, float y) { return distanceToStroke(x, y, stroke, penWidth); }, always);
+  }
+}
+
+void ExpectedPicture::operator()(const Label& label) {
+  if (label.isWrapped) return writeWrapped(label);
+  write(wideFrom(label.text), label.rect, label.face, label.colour,
+        DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX |
+            (label.isCentred ? DT_CENTER : DT_LEFT));
+}
+
+/// The lines together in the middle.
+void ExpectedPicture::writeWrapped(const Label& label) {
+  constexpr UINT kFormat = DT_WORDBREAK | DT_NOPREFIX;
+  const std::wstring text = wideFrom(label.text);
+  const HGDIOBJ before = SelectObject(memory, font(label.face));
+  RECT needed = systemRect(label.rect);
+  DrawTextW(memory, text.c_str(), -1, &needed, kFormat | DT_CALCRECT);
+  SelectObject(memory, before);
+  Rect lines = label.rect;
+  lines.top += std::max((label.rect.height() - (needed.bottom - needed.top)) / 2, 0L);
+  write(text, lines, label.face, label.colour, kFormat);
+}
+
+void ExpectedPicture::operator()(const FocusMark& mark) {
+  SetViewportOrgEx(memory, origin.x, origin.y, nullptr);
+  const RECT rect = systemRect(mark.rect);
+  DrawFocusRect(memory, &rect);
+  SetViewportOrgEx(memory, 0, 0, nullptr);
+  const Rect outer = visible(mark.rect);
+  const Rect inner = visible(insetBy(mark.rect, 1));
+  for (int y = outer.top; y < outer.bottom; ++y) {
+    for (int x = outer.left; x < outer.right; ++x) {
+      const bool within = x >= inner.left && x < inner.right && y >= inner.top && y < inner.bottom;
+      if (!within) kinds[index(x, y)] = Kind::Soft;
+    }
+  }
+}
+
+void ExpectedPicture::operator()(const ProgramIcon& icon) {
+  const HMODULE image = LoadLibraryExW((standin::executableFolder() + L"marlune.exe").c_str(),
+                                       nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  const auto [left, top, right, bottom] = icon.rect;
+  const auto loaded =
+      static_cast<HICON>(LoadImageW(image, MAKEINTRESOURCEW(MARLUNE_ICON), IMAGE_ICON, right - left,
+                                    bottom - top, LR_DEFAULTCOLOR));
+  DrawIconEx(memory, left + origin.x, top + origin.y, loaded, right - left, bottom - top, 0,
+             nullptr, DI_NORMAL);
+  DestroyIcon(loaded);
+  FreeLibrary(image);
+}
+
+HFONT ExpectedPicture::font(Face face) {
+  HFONT& made = fonts[face];
+  if (made == nullptr) {
+    const Typeface& type = kTypefaces[static_cast<size_t>(face)];
+    made = CreateFontW(-toPixels(type.units, dpi), 0, 0, 0, type.weight, FALSE, FALSE, FALSE,
+                       DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, CLEARTYPE_QUALITY,
+                       DEFAULT_PITCH | FF_DONTCARE, wideFrom(type.family).c_str());
+  }
+  return made;
+}
+
+void ExpectedPicture::write(const std::wstring& text, const Rect& rect, Face face, uint32_t colour,
+                            UINT format) {
+  const HGDIOBJ before = SelectObject(memory, font(face));
+  SetBkMode(memory, TRANSPARENT);
+  SetTextColor(memory, reversed(colour));
+  RECT place{rect.left + origin.x, rect.top + origin.y, rect.right + origin.x,
+             rect.bottom + origin.y};
+  DrawTextW(memory, text.c_str(), static_cast<int>(text.size()), &place, format);
+  SelectObject(memory, before);
+  GdiFlush();
+}
+
+void ExpectedPicture::leaveOut(const Rect& rect) {
+  const Rect area = visible(rect);
+  for (int y = area.top; y < area.bottom; ++y) {
+    for (int x = area.left; x < area.right; ++x) kinds[index(x, y)] = Kind::LeftOut;
+  }
+}
+
+Picture ExpectedPicture::picture() const {
+  GdiFlush();
+  Picture copy{size, {pixels, pixels + kinds.size()}};
+  for (uint32_t& pixel : copy.pixels) pixel &= 0xFFFFFF;
+  return copy;
+}
+
+namespace {
+
+/// Of the nine pixels around, in each of the three colours.
+std::array<int, 3> meanAround(const Picture& picture, int x, int y) {
+  std::array<int, 3> sum{};
+  for (int dy = -1; dy <= 1; ++dy) {
+    for (int dx = -1; dx <= 1; ++dx) {
+      const uint32_t pixel = picture.at(std::clamp(x + dx, 0, picture.size.width - 1),
+                                        std::clamp(y + dy, 0, picture.size.height - 1));
+      for (size_t i = 0; i < 3; ++i) sum[i] += static_cast<int>(pixel >> (8 * i) & 0xFF);
+    }
+  }
+  for (int& each : sum) each /= 9;
+  return sum;
+}
+
+bool looksAlike(const Picture& a, const Picture& b, int x, int y) {
+  const auto first = meanAround(a, x, y);
+  const auto second = meanAround(b, x, y);
+  for (size_t i = 0; i < 3; ++i) {
+    if (std::abs(first[i] - second[i]) > ExpectedPicture::kSoftDifference) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string ExpectedPicture::differencesFrom(const Picture& seen) const {
+  const Picture expected = picture();
+  if (seen.size != expected.size) return "another size";
+  std::map<uint16_t, Found> found;
+  for (int y = 0; y < size.height; ++y) {
+    for (int x = 0; x < size.width; ++x) {
+      const Kind kind = kinds[index(x, y)];
+      if (kind == Kind::LeftOut || seen.at(x, y) == expected.at(x, y)) continue;
+      if (kind == Kind::Soft && looksAlike(seen, expected, x, y)) continue;
+      Found& here = found[owners[index(x, y)]];
+      if (here.count++ == 0) here.first = {x, y};
+    }
+  }
+  std::ostringstream text;
+  for (const auto& [owner, here] : found) {
+    const auto [x, y] = here.first;
+    text << regions[owner] << ": " << here.count << " pixels, the first at " << x << ", " << y
+         << std::hex << std::setfill('0') << ": expected #" << std::setw(6) << expected.at(x, y)
+         << ", seen #" << std::setw(6) << seen.at(x, y) << std::dec << "\n";
+  }
+  return text.str();
+}
+
+}  // namespace mrl
