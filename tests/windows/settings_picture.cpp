@@ -49,11 +49,25 @@ UINT formatOf(ControlKind kind) {
 
 }  // namespace
 
-HWND SettingsPicture::focused() const {
+/// Each look-up asks for every window of the desktop, and a picture needs hundreds.
+SettingsPicture::Handles SettingsPicture::handlesNow() const {
+  Handles now;
+  now.window = window();
+  now.pane = pane();
+  now.page = page();
+  EnumChildWindows(
+      now.window,
+      [](HWND child, LPARAM parameter) -> BOOL {
+        auto& found = *reinterpret_cast<Handles*>(parameter);
+        found.controls.emplace(GetDlgCtrlID(child), child);
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&now));
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
-  GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info);
-  return info.hwndFocus;
+  GetGUIThreadInfo(GetWindowThreadProcessId(now.window, nullptr), &info);
+  now.focus = info.hwndFocus;
+  return now;
 }
 
 void SettingsPicture::giveFocus(int id) const {
@@ -67,20 +81,20 @@ void SettingsPicture::giveFocus(int id) const {
 Rect SettingsPicture::outerRect(HWND child) const {
   RECT rect{};
   GetWindowRect(child, &rect);
-  MapWindowPoints(nullptr, window(), reinterpret_cast<POINT*>(&rect), 2);
+  MapWindowPoints(nullptr, handles.window, reinterpret_cast<POINT*>(&rect), 2);
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 Rect SettingsPicture::clientRect(HWND child) const {
   RECT rect{};
   GetClientRect(child, &rect);
-  MapWindowPoints(child, window(), reinterpret_cast<POINT*>(&rect), 2);
+  MapWindowPoints(child, handles.window, reinterpret_cast<POINT*>(&rect), 2);
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
 Rect SettingsPicture::seenOf(const Control& row, const Rect& rect) const {
   if (!isOnPane(row)) return rect;
-  const Rect seen = clientRect(pane());
+  const Rect seen = clientRect(handles.pane);
   return {std::max(rect.left, seen.left), std::max(rect.top, seen.top),
           std::min(rect.right, seen.right), std::min(rect.bottom, seen.bottom)};
 }
@@ -90,67 +104,70 @@ void SettingsPicture::enter(ExpectedPicture& picture, const Control& row, const 
 }
 
 ControlState SettingsPicture::stateOf(int id) const {
-  const HWND target = control(id);
+  const HWND target = handle(id);
   ControlState state{.id = id,
                      .size = sizeOf(clientRect(target)),
-                     .text = u16From(text(id)),
-                     .isEnabled = isEnabled(id),
-                     .isHovered = isMarked(id, L"Marlune.Hover"),
-                     .isFocused = focused() == target,
-                     .isActive = isMarked(id, L"Marlune.Active") || id == kFirstSection + page()};
+                     .text = u16From(textOf(target)),
+                     .isEnabled = IsWindowEnabled(target) != FALSE,
+                     .isHovered = GetPropW(target, L"Marlune.Hover") != nullptr,
+                     .isFocused = handles.focus == target,
+                     .isActive = GetPropW(target, L"Marlune.Active") != nullptr ||
+                                 id == kFirstSection + handles.page};
   const Control* row = findControl(id);
   if (row->kind != ControlKind::Combo) {
-    state.isChecked = isChecked(id);
+    state.isChecked = ask(target, BM_GETCHECK) == BST_CHECKED;
     state.isPressed = (ask(target, BM_GETSTATE) & BST_PUSHED) != 0;
   }
-  if (const int box = colourBoxOf(id)) state.colourText = u16From(text(box));
+  if (const int box = colourBoxOf(id)) state.colourText = u16From(textOf(handle(box)));
   return state;
 }
 
 void SettingsPicture::drawStatic(ExpectedPicture& picture, const Control& row) const {
-  const Rect rect = outerRect(control(row.id));
+  const Rect rect = outerRect(handle(row.id));
   enter(picture, row, rect);
   const Rect whole = wholeOf(sizeOf(rect));
   picture.paint({Area{whole, kWhite}});
   const ChildColours colours = childColours(ColourAsker::Static, {.id = row.id});
   // The system's own static controls write in the system's colour while they are disabled.
-  picture.write(text(row.id), whole, faceOf(row.id), isEnabled(row.id) ? colours.text : greyText(),
+  picture.write(textOf(handle(row.id)), whole, faceOf(row.id),
+                IsWindowEnabled(handle(row.id)) != FALSE ? colours.text : greyText(),
                 formatOf(row.kind));
 }
 
 void SettingsPicture::drawBox(ExpectedPicture& picture, const Control& row) const {
-  const HWND box = control(row.id);
+  const HWND box = handle(row.id);
   const bool isReadOnly = row.kind == ControlKind::AddressBox;
   const Rect outer = outerRect(box);
   enter(picture, row, outer);
   picture.paint(drawBoxFrame({.size = sizeOf(outer),
                               .isReadOnly = isReadOnly,
-                              .isInvalid = isRed(row.id),
-                              .isFocused = focused() == box},
+                              .isInvalid = GetPropW(box, L"Marlune.Invalid") != nullptr,
+                              .isFocused = handles.focus == box},
                              dpi()));
   const Rect client = clientRect(box);
   picture.enter(std::to_string(row.id) + " inside", {client.left, client.top}, seenOf(row, client));
   const Rect whole = wholeOf(sizeOf(client));
   picture.paint({Area{whole, isReadOnly ? kReadOnlyFill : kWhite}});
   writeInBox(picture, row);
-  if (focused() == box) picture.leaveOut(whole);
+  if (handles.focus == box) picture.leaveOut(whole);
 }
 
 void SettingsPicture::writeInBox(ExpectedPicture& picture, const Control& row) const {
-  const Rect whole = wholeOf(sizeOf(clientRect(control(row.id))));
-  const std::wstring held = text(row.id);
+  const Rect whole = wholeOf(sizeOf(clientRect(handle(row.id))));
+  const std::wstring held = textOf(handle(row.id));
   const bool showsCue = held.empty();
   const ChildColours colours =
       childColours(ColourAsker::Box, {.id = row.id,
-                                      .isEnabled = isEnabled(row.id),
+                                      .isEnabled = IsWindowEnabled(handle(row.id)) != FALSE,
                                       .isReadOnly = row.kind == ControlKind::AddressBox});
   const UINT lines = row.kind == ControlKind::AddressBox ? 0 : DT_SINGLELINE;
   picture.write(showsCue ? cueOf(row) : held, whole, faceOf(row.id),
-                showsCue || !isEnabled(row.id) ? greyText() : colours.text, lines | DT_NOPREFIX);
+                showsCue || !IsWindowEnabled(handle(row.id)) != FALSE ? greyText() : colours.text,
+                lines | DT_NOPREFIX);
 }
 
 void SettingsPicture::drawList(ExpectedPicture& picture) const {
-  const HWND list = control(kFileList);
+  const HWND list = handle(kFileList);
   const Rect client = clientRect(list);
   const Control& row = *findControl(kFileList);
   picture.enter("scroll bar of the list", {}, seenOf(row, outerRect(list)));
@@ -170,14 +187,14 @@ void SettingsPicture::drawList(ExpectedPicture& picture) const {
 }
 
 void SettingsPicture::drawHost(ExpectedPicture& picture, const KnownState& known) const {
-  const HWND host = control(kPreviewHost);
+  const HWND host = handle(kPreviewHost);
   const Control& row = *findControl(kPreviewHost);
   picture.enter("scroll bars of the host", {}, seenOf(row, outerRect(host)));
   picture.leaveOut(outerRect(host));
   const Rect client = clientRect(host);
   enter(picture, row, client);
   picture.paint(drawPreviewHost(sizeOf(client), known.isTextAlone));
-  const Rect clock = outerRect(control(kPreview));
+  const Rect clock = outerRect(handle(kPreview));
   picture.leaveOut({clock.left - client.left, clock.top - client.top, clock.right - client.left,
                     clock.bottom - client.top});
 }
@@ -192,7 +209,7 @@ void SettingsPicture::drawOne(ExpectedPicture& picture, const Control& row,
     case ControlKind::Check:
     case ControlKind::Radio:
     case ControlKind::Combo:
-      enter(picture, row, clientRect(control(row.id)));
+      enter(picture, row, clientRect(handle(row.id)));
       return picture.paint(drawControl(stateOf(row.id), dpi()));
     case ControlKind::NumberBox:
     case ControlKind::TextBox:
@@ -200,8 +217,8 @@ void SettingsPicture::drawOne(ExpectedPicture& picture, const Control& row,
     case ControlKind::List: return drawList(picture);
     case ControlKind::PreviewHost: return drawHost(picture, known);
     case ControlKind::QrCode: {
-      const Rect client = clientRect(control(row.id));
-      const std::wstring addresses = text(kAddressBox);
+      const Rect client = clientRect(handle(row.id));
+      const std::wstring addresses = textOf(handle(kAddressBox));
       QrMatrix matrix;
       if (addresses.starts_with(L"http")) {
         (void)encodeQrCode(u16From(addresses.substr(0, addresses.find(L"\r\n"))), matrix);
@@ -210,10 +227,10 @@ void SettingsPicture::drawOne(ExpectedPicture& picture, const Control& row,
       return picture.paint(drawQrCode(sizeOf(client), matrix));
     }
     case ControlKind::StatusLine: {
-      const Rect client = clientRect(control(row.id));
+      const Rect client = clientRect(handle(row.id));
       enter(picture, row, client);
       return picture.paint(
-          drawStatusLine(sizeOf(client), u16From(text(row.id)), known.hasUnsavedInput));
+          drawStatusLine(sizeOf(client), u16From(textOf(handle(row.id))), known.hasUnsavedInput));
     }
     default: return drawStatic(picture, row);
   }
@@ -221,20 +238,22 @@ void SettingsPicture::drawOne(ExpectedPicture& picture, const Control& row,
 
 void SettingsPicture::drawAll(ExpectedPicture& picture, const KnownState& known) const {
   picture.enter("window", {}, wholeOf(clientSize()));
-  picture.paint(drawWindow(clientSize(), page(), dpi()));
-  picture.enter("scroll bar of the pane", {}, outerRect(pane()));
-  picture.leaveOut(outerRect(pane()));
-  const Rect seen = clientRect(pane());
+  picture.paint(drawWindow(clientSize(), handles.page, dpi()));
+  picture.enter("scroll bar of the pane", {}, outerRect(handles.pane));
+  picture.leaveOut(outerRect(handles.pane));
+  const Rect seen = clientRect(handles.pane);
   picture.enter("pane", {seen.left, seen.top}, seen);
-  const PageLayout layout = layOut(clientSize(), dpi(), page(), scrollPosition());
+  const PageLayout layout = layOut(clientSize(), dpi(), handles.page, scrollPosition());
   picture.paint(drawPane(sizeOf(seen), layout.cards, dpi()));
   for (const Control& row : allControls()) {
-    const Rect place = seenOf(row, outerRect(control(row.id)));
-    if (isVisible(row.id) && place.width() > 0 && place.height() > 0) drawOne(picture, row, known);
+    const Rect place = seenOf(row, outerRect(handle(row.id)));
+    if (IsWindowVisible(handle(row.id)) && place.width() > 0 && place.height() > 0)
+      drawOne(picture, row, known);
   }
 }
 
-std::string SettingsPicture::differencesNow(const KnownState& known, bool keepPictures) const {
+std::string SettingsPicture::differencesNow(const KnownState& known, bool keepPictures) {
+  handles = handlesNow();
   ExpectedPicture expected(clientSize(), dpi());
   drawAll(expected, known);
   const Picture seen = pictureOf(clientOnScreen(window()));
@@ -248,7 +267,7 @@ std::string SettingsPicture::differencesNow(const KnownState& known, bool keepPi
 }
 
 void SettingsPicture::expectAsDrawn(const KnownState& known) {
-  if (waitUntil([&] { return differencesNow(known, false).empty(); }, 1500)) return;
+  if (waitUntil([&] { return differencesNow(known, false).empty(); }, 2000)) return;
   ADD_FAILURE() << "page " << page() << "\n" << differencesNow(known, true);
 }
 

@@ -7,6 +7,7 @@
 // of the clock, and the inside of the box that has the keyboard, where the caret blinks.
 #pragma once
 
+#include <map>
 #include <string>
 
 #include "settings_window/control_look.h"
@@ -35,6 +36,16 @@ class SettingsPicture : public SettingsHand {
   void toEnd() const { ask(pane(), WM_VSCROLL, SB_BOTTOM); }
 
  private:
+  struct Handles {
+    HWND window = nullptr;
+    HWND pane = nullptr;
+    HWND focus = nullptr;
+    int page = 0;
+    std::map<int, HWND> controls;
+  };
+  Handles handlesNow() const;
+  HWND handle(int id) const { return handles.controls.at(id); }
+
   void drawAll(ExpectedPicture& picture, const KnownState& known) const;
   void drawOne(ExpectedPicture& picture, const Control& row, const KnownState& known) const;
   void drawStatic(ExpectedPicture& picture, const Control& row) const;
@@ -43,14 +54,15 @@ class SettingsPicture : public SettingsHand {
   void drawList(ExpectedPicture& picture) const;
   void drawHost(ExpectedPicture& picture, const KnownState& known) const;
   ControlState stateOf(int id) const;
-  HWND focused() const;
   /// In the window's client area.
   Rect outerRect(HWND child) const;
   Rect clientRect(HWND child) const;
   /// Of it, what the pane does not cut off.
   Rect seenOf(const Control& row, const Rect& rect) const;
   void enter(ExpectedPicture& picture, const Control& row, const Rect& rect) const;
-  std::string differencesNow(const KnownState& known, bool keepPictures) const;
+  std::string differencesNow(const KnownState& known, bool keepPictures);
+
+  Handles handles;
 };
 
 }  // namespace mrl
