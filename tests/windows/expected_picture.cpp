@@ -18,16 +18,6 @@ namespace {
 
 constexpr float kNearEdge = 1.5F;
 
-uint32_t mixed(uint32_t below, uint32_t above, float part) {
-  uint32_t result = 0;
-  for (const int shift : {0, 8, 16}) {
-    const auto from = static_cast<float>(below >> shift & 0xFF);
-    const auto to = static_cast<float>(above >> shift & 0xFF);
-    result |= static_cast<uint32_t>(std::lround(from + (to - from) * part)) << shift;
-  }
-  return result;
-}
-
 COLORREF reversed(uint32_t rgb) { return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16; }
 
 RECT systemRect(const Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
@@ -195,7 +185,7 @@ void ExpectedPicture::fill(const Rect& around, uint32_t colour, const Coverage& 
       const float away = distance(middleX, middleY);
       if (away > kNearEdge) continue;
       const float part = std::clamp(0.5F - away, 0.0F, 1.0F);
-      at(x, y) = mixed(at(x, y), colour, part);
+      if (part >= 0.5F) at(x, y) = colour;
       const bool inPart = part > 0.01F && part < 0.99F;
       Kind& kind = kinds[index(x, y)];
       if (inPart) {

@@ -1,10 +1,11 @@
 // What a drawing should look like on the screen, told by a painter of the tests' own, and how a
 // picture of the screen differs from it.
 //
-// Shapes are filled here pixel by pixel from their geometry and never by the program's painter or
-// by GDI+, so a fault of either shows. Texts, the dotted focus rectangle and the icon are the
-// system's work here too, but asked for here: fonts, colours and flags are this file's own. That a
-// drawing is the right one is not seen here: the tests of the logic compare drawings with numbers.
+// Shapes are filled here pixel by pixel from their geometry, unsmoothed, and never by the program's
+// painter or by GDI+, so a fault of either shows. Texts, the dotted focus rectangle and the icon
+// are the system's work here too, but asked for here: fonts, colours and flags are this file's own.
+// That a drawing is the right one is not seen here: the tests of the logic compare drawings with
+// numbers.
 //
 // Pixels must be equal, but for the soft ones: those within one pixel and a half of a round or
 // slanted edge, those that an edge covers in part, and the dots of a focus rectangle. How an edge

@@ -19,6 +19,7 @@ class SettingsMouseTest : public SettingsHand {
     GetWindowRect(pane(), &seen);
     return {seen.left + 8, (seen.top + seen.bottom) / 2};
   }
+  Point placeOfPreview() const { return {rect(kPreview).left, rect(kPreview).top}; }
   /// Waits until the control has been scrolled to `top`.
   bool comesTo(int id, int top) const {
     return waitUntil([&] { return topOf(id) == top; });
@@ -142,6 +143,36 @@ TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndT
   const RECT clock = program.rect();
   EXPECT_EQ(clock.right - clock.left, scaled(300));
   EXPECT_EQ(clock.bottom - clock.top, scaled(100));
+}
+
+struct Corner {
+  bool left;
+  bool top;
+};
+
+TEST_F(SettingsMouseTest, EveryCornerOfThePreviewChangesItsSizeAndLeavesItInItsPlace) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  int width = 183;
+  int height = 82;
+  for (const auto& [left, top] : {Corner{true, true}, Corner{false, true}, Corner{true, false}}) {
+    RECT clock{};
+    GetWindowRect(control(kPreview), &clock);
+    const POINT corner{left ? clock.left + 4 : clock.right - 4,
+                       top ? clock.top + 4 : clock.bottom - 4};
+    const Point before = placeOfPreview();
+    moveTo(corner);
+    pressAt(corner);
+    moveTo(
+        {corner.x + (left ? -scaled(30) : scaled(30)), corner.y + (top ? -scaled(6) : scaled(6))});
+    width += 30;
+    height += 6;
+    EXPECT_TRUE(reads(kWidthBox, std::to_wstring(width)));
+    EXPECT_TRUE(reads(kHeightBox, std::to_wstring(height)));
+    EXPECT_EQ(placeOfPreview(), before);
+    release();
+    EXPECT_TRUE(saved(&Settings::windowHeight, static_cast<uint32_t>(height)));
+  }
 }
 
 TEST_F(SettingsMouseTest, ThePreviewHeldInItsMiddleStaysAsItIs) {

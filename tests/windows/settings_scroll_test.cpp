@@ -1,4 +1,4 @@
-// The scroll bars of the real settings window, and the corners of its preview.
+// The scroll bars of the real settings window, and what no hand can reach: its hidden tabs.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -117,36 +117,6 @@ TEST_F(SettingsScrollTest, TheHiddenTabsTurnThePageToo) {
   EXPECT_TRUE(waitUntil([&] { return page() == 3 && showsOnly(3); }));
 }
 
-struct Corner {
-  bool left;
-  bool top;
-};
-
-TEST_F(SettingsScrollTest, EveryCornerOfThePreviewChangesItsSizeAndLeavesItInItsPlace) {
-  ASSERT_NO_FATAL_FAILURE(open(quiet()));
-  turnTo(1);
-  int width = 183;
-  int height = 82;
-  for (const auto& [left, top] : {Corner{true, true}, Corner{false, true}, Corner{true, false}}) {
-    RECT clock{};
-    GetWindowRect(control(kPreview), &clock);
-    const POINT corner{left ? clock.left + 4 : clock.right - 4,
-                       top ? clock.top + 4 : clock.bottom - 4};
-    const Point before = clockAt();
-    moveTo(corner);
-    pressAt(corner);
-    moveTo(
-        {corner.x + (left ? -scaled(30) : scaled(30)), corner.y + (top ? -scaled(6) : scaled(6))});
-    width += 30;
-    height += 6;
-    EXPECT_TRUE(reads(kWidthBox, std::to_wstring(width)));
-    EXPECT_TRUE(reads(kHeightBox, std::to_wstring(height)));
-    EXPECT_EQ(clockAt(), before);
-    release();
-    EXPECT_TRUE(saved(&Settings::windowHeight, static_cast<uint32_t>(height)));
-  }
-}
-
 TEST_F(SettingsScrollTest, AWindowOpenedAgainShowsThePreviewAgain) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   moveTo({0, 0});
@@ -166,16 +136,6 @@ TEST_F(SettingsScrollTest, AWindowOpenedAgainShowsThePreviewAgain) {
   ASSERT_TRUE(openPage(1));
   moveTo({0, 0});
   EXPECT_TRUE(waitUntil([&] { return preview() == first; }));
-}
-
-TEST_F(SettingsScrollTest, TheWindowHasABigIconAndItsBoxesNoMargins) {
-  ASSERT_NO_FATAL_FAILURE(open(quiet()));
-  EXPECT_NE(ask(window(), WM_GETICON, ICON_BIG), 0);
-  EXPECT_NE(ask(window(), WM_GETICON, ICON_BIG), ask(window(), WM_GETICON, ICON_SMALL));
-  for (const Control& row : allControls()) {
-    if (!isEditBox(row.kind)) continue;
-    EXPECT_EQ(ask(control(row.id), EM_GETMARGINS), 0) << row.id;
-  }
 }
 
 }  // namespace
