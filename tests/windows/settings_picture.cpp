@@ -134,7 +134,8 @@ void SettingsPicture::drawStatic(ExpectedPicture& picture, const Control& row) c
                 formatOf(row.kind));
 }
 
-void SettingsPicture::drawBox(ExpectedPicture& picture, const Control& row) const {
+void SettingsPicture::drawBox(ExpectedPicture& picture, const Control& row,
+                              const KnownState& known) const {
   const HWND box = handle(row.id);
   const bool isReadOnly = row.kind == ControlKind::AddressBox;
   const Rect outer = outerRect(box);
@@ -149,7 +150,7 @@ void SettingsPicture::drawBox(ExpectedPicture& picture, const Control& row) cons
   const Rect whole = wholeOf(sizeOf(client));
   picture.paint({Area{whole, isReadOnly ? kReadOnlyFill : kWhite}});
   writeInBox(picture, row);
-  if (handles.focus == box) picture.leaveOut(whole);
+  if (handles.focus == box || row.id == known.boxInPieces) picture.leaveOut(whole);
 }
 
 void SettingsPicture::writeInBox(ExpectedPicture& picture, const Control& row) const {
@@ -213,7 +214,7 @@ void SettingsPicture::drawOne(ExpectedPicture& picture, const Control& row,
       return picture.paint(drawControl(stateOf(row.id), dpi()));
     case ControlKind::NumberBox:
     case ControlKind::TextBox:
-    case ControlKind::AddressBox: return drawBox(picture, row);
+    case ControlKind::AddressBox: return drawBox(picture, row, known);
     case ControlKind::List: return drawList(picture);
     case ControlKind::PreviewHost: return drawHost(picture, known);
     case ControlKind::QrCode: {

@@ -20,6 +20,7 @@ namespace mrl {
 struct KnownState {
   bool isTextAlone = false;  // the preview shows no background of its own
   bool hasUnsavedInput = false;
+  int boxInPieces = 0;  // whose text the system writes in pieces that cover each other's edges
 };
 
 class SettingsPicture : public SettingsHand {
@@ -49,7 +50,7 @@ class SettingsPicture : public SettingsHand {
   void drawAll(ExpectedPicture& picture, const KnownState& known) const;
   void drawOne(ExpectedPicture& picture, const Control& row, const KnownState& known) const;
   void drawStatic(ExpectedPicture& picture, const Control& row) const;
-  void drawBox(ExpectedPicture& picture, const Control& row) const;
+  void drawBox(ExpectedPicture& picture, const Control& row, const KnownState& known) const;
   void writeInBox(ExpectedPicture& picture, const Control& row) const;
   void drawList(ExpectedPicture& picture) const;
   void drawHost(ExpectedPicture& picture, const KnownState& known) const;

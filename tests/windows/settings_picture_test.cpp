@@ -139,10 +139,10 @@ TEST_F(SettingsPictureTest, TheFilesLookAsDrawnWhetherTimedExcludedOrSelected) {
   ASSERT_NO_FATAL_FAILURE(openPictured(settings));
   ASSERT_NO_FATAL_FAILURE(show(4));
   ASSERT_EQ(ask(control(kFileList), LB_GETCOUNT), 3);
-  expectAsDrawn();
+  expectAsDrawn({.boxInPieces = kFolderBox});
   for (const WPARAM row : {1U, 2U}) {
     ask(control(kFileList), LB_SETCURSEL, row);
-    expectAsDrawn();
+    expectAsDrawn({.boxInPieces = kFolderBox});
   }
 }
 
