@@ -16,7 +16,7 @@
 namespace mrl {
 namespace {
 
-constexpr float kNearEdge = 1.5F;
+constexpr float kNearEdge = 2.5F;
 
 COLORREF reversed(uint32_t rgb) { return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16; }
 

@@ -7,7 +7,7 @@
 // That a drawing is the right one is not seen here: the tests of the logic compare drawings with
 // numbers.
 //
-// Pixels must be equal, but for the soft ones: those within one pixel and a half of a round or
+// Pixels must be equal, but for the soft ones: those within two pixels and a half of a round or
 // slanted edge, those that an edge covers in part, and the dots of a focus rectangle. How an edge
 // is smoothed, if at all, is the system's. A soft pixel may be of any colour between those expected
 // up to kReach pixels away; and what is expected there without smoothing must be seen as near.
@@ -26,7 +26,7 @@ namespace mrl {
 
 class ExpectedPicture {
  public:
-  static constexpr int kReach = 2;
+  static constexpr int kReach = 3;
 
   ExpectedPicture(Size size, int dpi);
   ExpectedPicture(const ExpectedPicture&) = delete;

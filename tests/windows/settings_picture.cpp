@@ -260,7 +260,8 @@ std::string SettingsPicture::differencesNow(const KnownState& known, bool keepPi
   const Picture seen = pictureOf(clientOnScreen(window()));
   if (keepPictures) {
     const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
-    const std::wstring name(test.begin(), test.end());
+    const std::wstring name =
+        std::wstring(test.begin(), test.end()) + L"-" + std::to_wstring(page());
     EXPECT_TRUE(savePng(seen, name + L"-seen.png"));
     EXPECT_TRUE(savePng(expected.picture(), name + L"-expected.png"));
   }
