@@ -43,7 +43,7 @@ file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
 if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
-  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll)
+  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll usp10)
 endif()
 
 # The firewall of the tests for a program that is not one of theirs.

@@ -1,5 +1,8 @@
 #include "windows/expected_picture.h"
 
+// After <windows.h>, which it leans on.
+#include <usp10.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -353,6 +356,22 @@ void ExpectedPicture::write(const std::wstring& text, const Rect& rect, Face fac
   RECT place{rect.left + origin.x, rect.top + origin.y, rect.right + origin.x,
              rect.bottom + origin.y};
   DrawTextW(memory, text.c_str(), static_cast<int>(text.size()), &place, format);
+  SelectObject(memory, before);
+  GdiFlush();
+}
+
+void ExpectedPicture::writeAsBox(const std::wstring& text, Face face, uint32_t colour) {
+  if (text.empty()) return;
+  const HGDIOBJ before = SelectObject(memory, font(face));
+  SetBkMode(memory, TRANSPARENT);
+  SetTextColor(memory, reversed(colour));
+  const auto length = static_cast<int>(text.size());
+  SCRIPT_STRING_ANALYSIS line = nullptr;
+  ScriptStringAnalyse(memory, text.c_str(), length, 3 * length / 2 + 16, -1,
+                      SSA_LINK | SSA_FALLBACK | SSA_GLYPHS, -1, nullptr, nullptr, nullptr, nullptr,
+                      nullptr, &line);
+  ScriptStringOut(line, origin.x, origin.y, 0, nullptr, 0, 0, FALSE);
+  ScriptStringFree(&line);
   SelectObject(memory, before);
   GdiFlush();
 }

@@ -38,6 +38,8 @@ class ExpectedPicture {
   void paint(const Drawing& drawing);
   /// Within `rect`, in the font of `face`; `format` as DrawTextW knows it.
   void write(const std::wstring& text, const Rect& rect, Face face, uint32_t colour, UINT format);
+  /// From the top left corner, as the system's edit boxes of one line place their characters.
+  void writeAsBox(const std::wstring& text, Face face, uint32_t colour);
   /// What is not looked at; counts from the origin too.
   void leaveOut(const Rect& rect);
 

@@ -161,10 +161,14 @@ void SettingsPicture::writeInBox(ExpectedPicture& picture, const Control& row) c
       childColours(ColourAsker::Box, {.id = row.id,
                                       .isEnabled = IsWindowEnabled(handle(row.id)) != FALSE,
                                       .isReadOnly = row.kind == ControlKind::AddressBox});
-  const UINT lines = row.kind == ControlKind::AddressBox ? 0 : DT_SINGLELINE;
-  picture.write(showsCue ? cueOf(row) : held, whole, faceOf(row.id),
-                showsCue || !IsWindowEnabled(handle(row.id)) != FALSE ? greyText() : colours.text,
-                lines | DT_NOPREFIX);
+  const uint32_t colour =
+      showsCue || IsWindowEnabled(handle(row.id)) == FALSE ? greyText() : colours.text;
+  const std::wstring shown = showsCue ? cueOf(row) : held;
+  if (row.kind == ControlKind::AddressBox) {
+    picture.write(shown, whole, faceOf(row.id), colour, DT_NOPREFIX);
+  } else {
+    picture.writeAsBox(shown, faceOf(row.id), colour);
+  }
 }
 
 void SettingsPicture::drawList(ExpectedPicture& picture) const {
