@@ -273,7 +273,7 @@ std::string SettingsPicture::differencesNow(const KnownState& known, bool keepPi
 }
 
 void SettingsPicture::expectAsDrawn(const KnownState& known) {
-  if (waitUntil([&] { return differencesNow(known, false).empty(); }, 2000)) return;
+  if (waitUntil([&] { return differencesNow(known, false).empty(); })) return;
   ADD_FAILURE() << "page " << page() << "\n" << differencesNow(known, true);
 }
 
