@@ -4,22 +4,19 @@
 #include <usp10.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iomanip>
-#include <numbers>
 #include <sstream>
 
 #include "core/wide_win.h"
 #include "resources/resource_ids.h"
 #include "settings_window/control_look.h"
 #include "settings_window/section_glyph.h"
+#include "windows/shape_distance.h"
 #include "windows/standin_client.h"
 
 namespace mrl {
 namespace {
-
-constexpr float kNearEdge = 2.5F;
 
 COLORREF reversed(uint32_t rgb) { return (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16; }
 
@@ -29,84 +26,6 @@ Rect common(const Rect& a, const Rect& b) {
   const Rect both{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
                   std::min(a.bottom, b.bottom)};
   return both.width() > 0 && both.height() > 0 ? both : Rect{};
-}
-
-/// The distance to a rectangle with round corners; below zero within.
-struct RoundBox {
-  float left, top, right, bottom, radius;
-
-  float distance(float x, float y) const {
-    const auto [dx, dy] = beyondCorner(x, y);
-    return std::hypot(std::max(dx, 0.0F), std::max(dy, 0.0F)) + std::min(std::max(dx, dy), 0.0F) -
-           radius;
-  }
-  bool isAtCorner(float x, float y) const {
-    const auto [dx, dy] = beyondCorner(x, y);
-    return radius > 0 && dx > -kNearEdge && dy > -kNearEdge;
-  }
-  RoundBox grownBy(float by) const {
-    return {left - by, top - by, right + by, bottom + by, radius > 0 ? radius + by : 0};
-  }
-
- private:
-  std::array<float, 2> beyondCorner(float x, float y) const {
-    return {std::abs(x - (left + right) / 2) - (right - left) / 2 + radius,
-            std::abs(y - (top + bottom) / 2) - (bottom - top) / 2 + radius};
-  }
-};
-
-float distanceToLine(float x, float y, float x1, float y1, float x2, float y2) {
-  const float dx = x2 - x1;
-  const float dy = y2 - y1;
-  const float along = std::clamp(((x - x1) * dx + (y - y1) * dy) / (dx * dx + dy * dy), 0.0F, 1.0F);
-  return std::hypot(x - x1 - along * dx, y - y1 - along * dy);
-}
-
-/// Angles in degrees, clockwise from the right.
-float distanceToArc(float x, float y, const Stroke& arc) {
-  const float middleX = arc.x + arc.a / 2;
-  const float middleY = arc.y + arc.b / 2;
-  constexpr float kDegree = std::numbers::pi_v<float> / 180;
-  constexpr int kSteps = 64;
-  float nearest = 1e9F;
-  for (int i = 0; i < kSteps; ++i) {
-    const auto point = [&](int step) {
-      const float angle = (arc.start + arc.sweep * static_cast<float>(step) / kSteps) * kDegree;
-      return std::array{middleX + arc.a / 2 * std::cos(angle),
-                        middleY + arc.b / 2 * std::sin(angle)};
-    };
-    const auto [x1, y1] = point(i);
-    const auto [x2, y2] = point(i + 1);
-    nearest = std::min(nearest, distanceToLine(x, y, x1, y1, x2, y2));
-  }
-  return nearest;
-}
-
-/// All in pixels.
-float distanceToStroke(float x, float y, const Stroke& stroke, float penWidth) {
-  switch (stroke.kind) {
-    case StrokeKind::Line:
-      return distanceToLine(x, y, stroke.x, stroke.y, stroke.a, stroke.b) - penWidth / 2;
-    case StrokeKind::Box: {
-      const RoundBox box{stroke.x, stroke.y, stroke.x + stroke.a, stroke.y + stroke.b, 0};
-      return std::abs(box.distance(x, y)) - penWidth / 2;
-    }
-    case StrokeKind::Arc: return distanceToArc(x, y, stroke) - penWidth / 2;
-    case StrokeKind::Dot: break;
-  }
-  return std::hypot(x - stroke.x - stroke.a / 2, y - stroke.y - stroke.b / 2) - stroke.a / 2;
-}
-
-/// Lengths become pixels from the top left of the picture.
-Stroke inPixels(const Stroke& stroke, const Rect& square) {
-  const auto side = static_cast<float>(square.width());
-  Stroke scaled = stroke;
-  scaled.x = stroke.x * side + static_cast<float>(square.left);
-  scaled.y = stroke.y * side + static_cast<float>(square.top);
-  const bool isLine = stroke.kind == StrokeKind::Line;
-  scaled.a = stroke.a * side + (isLine ? static_cast<float>(square.left) : 0);
-  scaled.b = stroke.b * side + (isLine ? static_cast<float>(square.top) : 0);
-  return scaled;
 }
 
 bool always(float /*x*/, float /*y*/) { return true; }
