@@ -43,7 +43,7 @@ file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
 if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
-  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc version)
+  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc usp10 version)
   set_target_properties(marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
 endif()
 

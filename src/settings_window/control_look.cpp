@@ -157,7 +157,8 @@ Face faceOf(int id) {
     case ControlKind::TimerLine: return Face::BodyStrong;
     case ControlKind::Title: return Face::SectionTitle;
     case ControlKind::Caption:
-    case ControlKind::Paragraph: return Face::Small;
+    case ControlKind::Paragraph:
+    case ControlKind::StatusLine: return Face::Small;
     default: return Face::Body;
   }
 }

@@ -155,7 +155,7 @@ constexpr Control kControls[] = {
     {kToggleButton, Button, u"开始 / 暂停", kEveryPage},
     {kResetButton, Button, u"重置并停止", kEveryPage},
     {.id = kModeCombo, .kind = Combo, .text = u"", .page = kEveryPage, .rows = kModes},
-    {kStatusText, Paragraph, u"", kEveryPage},
+    {kStatusText, StatusLine, u"", kEveryPage},
     {kCloseButton, Button, u"关闭", kEveryPage},
 };
 

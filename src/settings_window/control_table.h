@@ -14,10 +14,11 @@ enum class ControlKind {
   Button,
   Check,
   Radio,
-  Title,      // static text at the head of a card
-  Caption,    // other static text, on one line
-  Paragraph,  // the same, on several lines if need be
-  TimerLine,  // static text on one line, cut with an ellipsis
+  Title,       // static text at the head of a card
+  Caption,     // other static text, on one line
+  Paragraph,   // the same, on several lines if need be
+  TimerLine,   // static text on one line, cut with an ellipsis
+  StatusLine,  // static text, owner-drawn
   NumberBox,
   TextBox,
   AddressBox,  // read-only, several lines

@@ -99,7 +99,8 @@ Look lookOf(ControlKind kind) {
     case ControlKind::Title:
     case ControlKind::Caption:
     case ControlKind::Paragraph:
-    case ControlKind::TimerLine: return Static;
+    case ControlKind::TimerLine:
+    case ControlKind::StatusLine: return Static;
     case ControlKind::NumberBox: return Number;
     case ControlKind::TextBox: return Box;
     case ControlKind::AddressBox: return Address;

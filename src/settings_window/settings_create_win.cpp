@@ -40,6 +40,7 @@ SystemControl systemControl(const Control& row) {
     // Centred from top to bottom, as it stands beside a box or a switch.
     case ControlKind::Caption: return {L"STATIC", SS_CENTERIMAGE};
     case ControlKind::TimerLine: return {L"STATIC", SS_ENDELLIPSIS | SS_CENTERIMAGE};
+    case ControlKind::StatusLine: return {L"STATIC", SS_OWNERDRAW};
     case ControlKind::NumberBox: return {L"EDIT", kEdit | ES_NUMBER};
     case ControlKind::TextBox: return {L"EDIT", kEdit};
     case ControlKind::AddressBox: return {L"EDIT", kEdit | ES_READONLY | ES_MULTILINE | WS_VSCROLL};

@@ -8,6 +8,7 @@
 
 #include "core/com_ref_win.h"
 #include "core/wide_win.h"
+#include "settings_window/file_filters.h"
 #include "settings_window/settings_shapes_win.h"
 #include "settings_window/settings_view_win.h"
 
@@ -26,11 +27,8 @@ UINT iconOf(DialogIcon icon) {
   return MB_ICONINFORMATION;
 }
 
-constexpr COMDLG_FILTERSPEC kAudioFiles{L"音频文件", L"*.wav;*.mp3;*.wma;*.aif;*.aiff;*.m4a"};
-constexpr COMDLG_FILTERSPEC kPresentationFiles{L"演示文稿", L"*.ppt;*.pptx;*.pps;*.ppsx;*.dps"};
-
-/// `filter` is null for a folder. Empty after a cancel or a failure.
-std::u16string pick(HWND owner, const COMDLG_FILTERSPEC* filter) {
+/// `offered` is null for a folder. Empty after a cancel or a failure.
+std::u16string pick(HWND owner, const OfferedFiles* offered) {
   ComRef<IFileOpenDialog> dialog;
   if (FAILED(CoCreateInstance(__uuidof(FileOpenDialog), nullptr, CLSCTX_INPROC_SERVER,
                               __uuidof(IFileOpenDialog), reinterpret_cast<void**>(dialog.put())))) {
@@ -39,8 +37,13 @@ std::u16string pick(HWND owner, const COMDLG_FILTERSPEC* filter) {
   FILEOPENDIALOGOPTIONS options{};
   dialog->GetOptions(&options);
   dialog->SetOptions(options | FOS_FORCEFILESYSTEM | FOS_PATHMUSTEXIST |
-                     (filter ? FOS_FILEMUSTEXIST : FOS_PICKFOLDERS));
-  if (filter) dialog->SetFileTypes(1, filter);
+                     (offered ? FOS_FILEMUSTEXIST : FOS_PICKFOLDERS));
+  if (offered) {
+    const std::wstring name = wideFrom(offered->name);
+    const std::wstring patterns = wideFrom(offered->patterns);
+    const COMDLG_FILTERSPEC type{name.c_str(), patterns.c_str()};
+    dialog->SetFileTypes(1, &type);
+  }
   ComRef<IShellItem> item;
   wchar_t* path = nullptr;
   if (FAILED(dialog->Show(owner)) || FAILED(dialog->GetResult(item.put())) ||
@@ -69,7 +72,7 @@ void SettingsViewWin::inform(const std::u16string& text, const std::u16string& t
 std::u16string SettingsViewWin::pickFolder() { return pick(window, nullptr); }
 
 std::u16string SettingsViewWin::pickFile(FileFilter filter) {
-  return pick(window, filter == FileFilter::Audio ? &kAudioFiles : &kPresentationFiles);
+  return pick(window, &offeredFiles(filter));
 }
 
 bool SettingsViewWin::pickColour(uint32_t& colour, CustomColours& custom) {

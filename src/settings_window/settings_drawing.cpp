@@ -4,11 +4,14 @@
 
 namespace mrl {
 
-OutlinePath outlinePath(const Rect& rect, int radius) {
-  const auto width = static_cast<float>(rect.width() - 1);
-  const auto height = static_cast<float>(rect.height() - 1);
-  return {static_cast<float>(rect.left) + 0.5F, static_cast<float>(rect.top) + 0.5F, width, height,
-          std::max(std::min({2 * static_cast<float>(radius), width, height}), 0.0F)};
+OutlinePath outlinePath(const RoundedRect& shape) {
+  const Rect& rect = shape.rect;
+  const int lineWidth = shape.outline ? shape.outlineWidth : 1;
+  const auto inset = static_cast<float>(lineWidth) / 2;
+  const auto width = static_cast<float>(rect.width() - lineWidth);
+  const auto height = static_cast<float>(rect.height() - lineWidth);
+  return {static_cast<float>(rect.left) + inset, static_cast<float>(rect.top) + inset, width,
+          height, std::max(std::min({2 * static_cast<float>(shape.radius), width, height}), 0.0F)};
 }
 
 }  // namespace mrl

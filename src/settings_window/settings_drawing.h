@@ -59,6 +59,7 @@ struct Label {
   Face face = Face::Body;
   uint32_t colour = 0;
   bool isCentred = false;  // from left to right too
+  bool isWrapped = false;  // on as many lines as it takes instead; the first ones if not all fit
   bool operator==(const Label&) const = default;
 };
 /// The system's dotted rectangle.
@@ -91,8 +92,9 @@ constexpr Rect squareAt(Point topLeft, int side) {
   return {topLeft.x, topLeft.y, topLeft.x + side, topLeft.y + side};
 }
 
-/// Where the outline of a rounded rectangle runs: half a pixel within it, so that a line of one
-/// pixel covers the outermost pixels. Corners of 0 are sharp.
+/// Where the outline of a rounded rectangle runs: half its width within the rectangle, so that it
+/// covers the outermost pixels and nothing of it is cut off where those end the window. Corners of
+/// 0 are sharp.
 struct OutlinePath {
   float x = 0;
   float y = 0;
@@ -101,6 +103,6 @@ struct OutlinePath {
   float corner = 0;  // diameter
   bool operator==(const OutlinePath&) const = default;
 };
-OutlinePath outlinePath(const Rect& rect, int radius);
+OutlinePath outlinePath(const RoundedRect& shape);
 
 }  // namespace mrl

@@ -123,6 +123,12 @@ void SettingsLook::paintEmptyList(HWND window) const {
 }
 
 bool SettingsLook::drawItem(const DRAWITEMSTRUCT& item) const {
+  if (item.CtlType == ODT_STATIC && item.CtlID == kStatusText) {
+    paint(item.hDC,
+          drawStatusLine(clientSizeOf(item.hwndItem), textOf(item.hwndItem), form.settingsDirty),
+          fonts);
+    return true;
+  }
   const bool inCombo = item.CtlType == ODT_COMBOBOX;
   if (!inCombo && (item.CtlType != ODT_LISTBOX || item.CtlID != kFileList)) return false;
   const Rect row = rectFrom(item.rcItem);

@@ -49,7 +49,7 @@ class SettingsLook {
   void narrowToFrame(RECT& client) const;
   /// Over a list without rows.
   void paintEmptyList(HWND window) const;
-  /// WM_DRAWITEM of a combo's rows and of the list of files; false for anything else.
+  /// WM_DRAWITEM of a combo's rows, the list of files and the status line; false for anything else.
   bool drawItem(const DRAWITEMSTRUCT& item) const;
   /// WM_MEASUREITEM; false for anything else.
   bool measureItem(MEASUREITEMSTRUCT& item) const;

@@ -4,6 +4,8 @@
 // After <objbase.h>, which it leans on.
 #include <gdiplus.h>
 
+#include <algorithm>
+
 #include "core/wide_win.h"
 #include "resources/resource_ids.h"
 #include "settings_window/section_glyph.h"
@@ -68,7 +70,7 @@ Pen penOf(uint32_t colour, float width) {
 Path pathOf(const RoundedRect& shape) {
   Path path;
   GdipCreatePath(Gdiplus::FillModeAlternate, path.put());
-  const auto [x, y, width, height, corner] = outlinePath(shape.rect, shape.radius);
+  const auto [x, y, width, height, corner] = outlinePath(shape);
   if (corner == 0) {
     GdipAddPathRectangle(path.get(), x, y, width, height);
     return path;
@@ -156,10 +158,19 @@ class Painter {
     SetBkMode(dc, TRANSPARENT);
     SetTextColor(dc, systemColour(label.colour));
     const std::wstring text = wideFrom(label.text);
+    const auto length = static_cast<int>(text.size());
     RECT rect = systemRect(label.rect);
-    DrawTextW(dc, text.c_str(), static_cast<int>(text.size()), &rect,
-              DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX |
-                  (label.isCentred ? DT_CENTER : DT_LEFT));
+    if (label.isWrapped) {
+      constexpr UINT kWrapped = DT_WORDBREAK | DT_NOPREFIX;
+      RECT needed = rect;  // the system centres one line only
+      const int height = DrawTextW(dc, text.c_str(), length, &needed, kWrapped | DT_CALCRECT);
+      rect.top += std::max<LONG>((rect.bottom - rect.top - height) / 2, 0);
+      DrawTextW(dc, text.c_str(), length, &rect, kWrapped);
+    } else {
+      DrawTextW(dc, text.c_str(), length, &rect,
+                DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX |
+                    (label.isCentred ? DT_CENTER : DT_LEFT));
+    }
     SelectObject(dc, before);
   }
   void operator()(const FocusMark& mark) const {

@@ -1,5 +1,7 @@
 #include "settings_window/window_look.h"
 
+#include <algorithm>
+
 #include "settings_window/control_ids.h"
 #include "settings_window/control_look.h"
 #include "settings_window/control_table.h"
@@ -78,7 +80,8 @@ Drawing drawWindow(Size client, int page, int dpi) {
 
 Drawing drawPane(Size client, std::span<const Rect> cards, int dpi) {
   Drawing drawing{Area{wholeOf(client), kPageFill}};
-  for (const Rect& card : cards) {
+  for (Rect card : cards) {
+    card.right = std::min(card.right, client.width);  // what a scroll bar leaves to be seen
     drawing.push_back(RoundedRect{card, toPixels(12, dpi), kWhite, kCardLine});
   }
   return drawing;
@@ -135,6 +138,13 @@ Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected
             Face::Body,
             kInk});
   return drawing;
+}
+
+Drawing drawStatusLine(Size client, const std::u16string& text, bool hasUnsavedInput) {
+  const ChildColours colours =
+      childColours(ColourAsker::Static, {.id = kStatusText, .hasUnsavedInput = hasUnsavedInput});
+  return {Area{wholeOf(client), colours.fill},
+          Label{text, wholeOf(client), faceOf(kStatusText), colours.text, false, true}};
 }
 
 Drawing drawEmptyList(Size client, int dpi) {

@@ -22,6 +22,8 @@ Drawing drawQrCode(Size client, const QrMatrix& matrix);
 Drawing drawComboRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi);
 /// `text` is the list's own: see kSkippedRow.
 Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi);
+/// As the control shows it; beside the button of the footer, on two lines if need be.
+Drawing drawStatusLine(Size client, const std::u16string& text, bool hasUnsavedInput);
 /// A list without rows.
 Drawing drawEmptyList(Size client, int dpi);
 

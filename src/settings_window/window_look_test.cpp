@@ -93,6 +93,12 @@ TEST(PaneLookTest, AtTwiceTheResolutionOnlyTheCornersGrow) {
             Shape(RoundedRect{cards[0], 24, kWhite, kCardLine, 1}));
 }
 
+TEST(PaneLookTest, ACardEndsWhereAScrollBarBegins) {
+  const Rect cards[] = {{16, 0, 808, 264}};
+  EXPECT_EQ(drawPane({807, 492}, cards, kDpi).back(),
+            Shape(RoundedRect{{16, 0, 807, 264}, 12, kWhite, kCardLine, 1}));
+}
+
 TEST(PreviewHostLookTest, IsDarkBehindTextAloneAndLightOtherwise) {
   EXPECT_EQ(drawPreviewHost({736, 112}, true), (Drawing{Area{{0, 0, 736, 112}, kHostDark}}));
   EXPECT_EQ(drawPreviewHost({736, 112}, false), (Drawing{Area{{0, 0, 736, 112}, kHostLight}}));
@@ -167,6 +173,14 @@ TEST(FileRowLookTest, AtTwiceTheResolutionTheTickGrows) {
   EXPECT_TRUE(holds(drawing, RoundedRect{{1144, 36, 1180, 72}, 8, kAccent, kAccent, 1}));
   EXPECT_TRUE(holds(drawing, Line{{1152, 54}, {1158, 60}, kWhite, 4}));
   EXPECT_TRUE(holds(drawing, Line{{1158, 60}, {1172, 46}, kWhite, 4}));
+}
+
+TEST(StatusLineLookTest, IsSmallAndMutedAndWarnsWhileInputWaits) {
+  EXPECT_EQ(drawStatusLine({688, 34}, u"Done.", false),
+            (Drawing{Area{{0, 0, 688, 34}, kWhite},
+                     Label{u"Done.", {0, 0, 688, 34}, Face::Small, kMuted, false, true}}));
+  EXPECT_EQ(drawStatusLine({688, 34}, u"Done.", true)[1],
+            Shape(Label{u"Done.", {0, 0, 688, 34}, Face::Small, kWarnText, false, true}));
 }
 
 TEST(EmptyListLookTest, SaysThatNothingIsThereAndWhatToDo) {

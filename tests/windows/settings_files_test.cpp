@@ -46,6 +46,14 @@ class SettingsFilesTest : public SettingsHand {
     const LONG x = onSwitch ? list.right - scaled(70) : list.left + scaled(60);
     return {x, list.top + height * row + height / 2};
   }
+  /// In the middle of the first row, so many units of 1/96 inch before its end.
+  POINT beforeTheEnd(int units) const {
+    POINT point = rowPoint(0, false);
+    RECT list{};
+    GetWindowRect(control(kFileList), &list);
+    point.x = list.right - scaled(units);
+    return point;
+  }
   bool excludes(size_t count) {
     return waitUntil([&] { return program.settings().skipList.size() == count; });
   }
@@ -79,6 +87,14 @@ TEST_F(SettingsFilesTest, AClickBesideTheSwitchOnlySelects) {
   EXPECT_TRUE(waitUntil([&] { return listRow() == 2 && isEnabled(kPlayFileButton); }));
   EXPECT_TRUE(program.settings().skipList.empty());
   EXPECT_EQ(status(), L"设置自动生效");
+}
+
+TEST_F(SettingsFilesTest, TheSwitchBeginsAHundredAndFortyUnitsBeforeTheEndOfTheRow) {
+  clickMouse(beforeTheEnd(145));
+  ASSERT_TRUE(waitUntil([&] { return listRow() == 0; }));
+  clickMouse(beforeTheEnd(135));
+  EXPECT_TRUE(excludes(1));
+  EXPECT_TRUE(hasRows({L"[跳过计时] a.pptx", L"[正常计时] b.dps", L"[正常计时] d.ppt"}));
 }
 
 TEST_F(SettingsFilesTest, AClickBelowTheRowsExcludesNothing) {

@@ -19,6 +19,14 @@ class SettingsMouseTest : public SettingsHand {
     GetWindowRect(pane(), &seen);
     return {seen.left + 8, (seen.top + seen.bottom) / 2};
   }
+  /// The preview, by a corner.
+  bool isHeld() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
+           info.hwndCapture == control(kPreview);
+  }
+  Point placeOfPreview() const { return {rect(kPreview).left, rect(kPreview).top}; }
   /// Waits until the control has been scrolled to `top`.
   bool comesTo(int id, int top) const {
     return waitUntil([&] { return topOf(id) == top; });
@@ -124,24 +132,55 @@ TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndT
   const POINT corner{preview.right - 4, preview.bottom - 4};
   moveTo(corner);
   pressAt(corner);
-  const auto holds = [&] {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
-           info.hwndCapture == control(kPreview);
-  };
-  ASSERT_TRUE(waitUntil(holds));
+  ASSERT_TRUE(waitUntil([&] { return isHeld(); }));
   moveTo({corner.x + scaled(117), corner.y + scaled(18)});
   EXPECT_TRUE(reads(kWidthBox, L"300"));
   EXPECT_TRUE(reads(kHeightBox, L"100"));
   release();
-  EXPECT_TRUE(waitUntil([&] { return !holds(); }));
+  EXPECT_TRUE(waitUntil([&] { return !isHeld(); }));
   EXPECT_TRUE(saved(&Settings::windowWidth, 300));
   EXPECT_TRUE(saved(&Settings::windowHeight, 100));
   EXPECT_TRUE(says(kApplied));
   const RECT clock = program.rect();
   EXPECT_EQ(clock.right - clock.left, scaled(300));
   EXPECT_EQ(clock.bottom - clock.top, scaled(100));
+}
+
+struct Corner {
+  bool left;
+  bool top;
+};
+
+TEST_F(SettingsMouseTest, EveryCornerOfThePreviewChangesItsSizeAndLeavesItInItsPlace) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  int width = 183;
+  int height = 82;
+  for (const auto& [left, top] : {Corner{true, true}, Corner{false, true}, Corner{true, false}}) {
+    RECT clock{};
+    GetWindowRect(control(kPreview), &clock);
+    const POINT corner{left ? clock.left + 4 : clock.right - 4,
+                       top ? clock.top + 4 : clock.bottom - 4};
+    const Point before = placeOfPreview();
+    moveTo(corner);
+    pressAt(corner);
+    // The X server lets a press fall through at times.
+    if (!waitUntil([&] { return isHeld(); }, 3000)) {
+      release();
+      pressAt(corner);
+    }
+    ASSERT_TRUE(waitUntil([&] { return isHeld(); }));
+    moveTo(
+        {corner.x + (left ? -scaled(30) : scaled(30)), corner.y + (top ? -scaled(6) : scaled(6))});
+    width += 30;
+    height += 6;
+    EXPECT_TRUE(reads(kWidthBox, std::to_wstring(width)));
+    EXPECT_TRUE(reads(kHeightBox, std::to_wstring(height)));
+    EXPECT_EQ(placeOfPreview(), before);
+    release();
+    EXPECT_TRUE(waitUntil([&] { return !isHeld(); }));
+    EXPECT_TRUE(saved(&Settings::windowHeight, static_cast<uint32_t>(height)));
+  }
 }
 
 TEST_F(SettingsMouseTest, ThePreviewHeldInItsMiddleStaysAsItIs) {

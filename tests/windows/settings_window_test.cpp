@@ -45,6 +45,7 @@ Made madeAs(ControlKind kind) {
     case ControlKind::Paragraph: return {L"Static"};
     case ControlKind::Caption: return {L"Static", SS_CENTERIMAGE};
     case ControlKind::TimerLine: return {L"Static", SS_ENDELLIPSIS | SS_CENTERIMAGE};
+    case ControlKind::StatusLine: return {L"Static", SS_OWNERDRAW};
     case ControlKind::NumberBox: return {L"Edit", ES_NUMBER | ES_AUTOHSCROLL | WS_TABSTOP};
     case ControlKind::TextBox: return {L"Edit", ES_AUTOHSCROLL | WS_TABSTOP};
     case ControlKind::AddressBox:

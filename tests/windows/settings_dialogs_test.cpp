@@ -1,0 +1,115 @@
+// The system's dialogs that the real settings window opens: what they offer, and what comes of it.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "core/wide_win.h"
+#include "windows/settings_hand.h"
+#include "windows/top_windows.h"
+
+namespace mrl {
+namespace {
+
+using standin::waitUntil;
+
+// The boxes of the system's colour dialog.
+constexpr int kRed = 706;
+constexpr int kGreen = 707;
+constexpr int kBlue = 708;
+
+class SettingsDialogsTest : public SettingsHand {
+ protected:
+  HWND dialog() const {
+    return visibleTopWindow(L"#32770", GetWindowThreadProcessId(window(), nullptr));
+  }
+  void openBy(int button) const {
+    press(button);
+    ASSERT_TRUE(waitUntil([&] { return dialog() != nullptr && GetForegroundWindow() == dialog(); },
+                          30'000));
+  }
+  bool isGone() const {
+    return waitUntil([&] { return dialog() == nullptr; });
+  }
+  /// Any control of the dialog shows it.
+  bool offers(const std::wstring& text) const {
+    struct Search {
+      const std::wstring& text;
+      bool found = false;
+    } search{text};
+    EnumChildWindows(
+        dialog(),
+        [](HWND child, LPARAM parameter) -> BOOL {
+          auto& wanted = *reinterpret_cast<Search*>(parameter);
+          wanted.found = textOf(child).find(wanted.text) != std::wstring::npos;
+          return !wanted.found;
+        },
+        reinterpret_cast<LPARAM>(&search));
+    return search.found;
+  }
+  void answerWith(const std::wstring& path) const {
+    typeText(path);
+    pressKeys(VK_RETURN);
+  }
+  std::wstring number(int id) const { return textOf(GetDlgItem(dialog(), id)); }
+  void setNumber(int id, const wchar_t* text) const {
+    ask(GetDlgItem(dialog(), id), WM_SETTEXT, 0, reinterpret_cast<LPARAM>(text));
+  }
+
+  const TemporaryFolder files{L"picked by marlune"};
+};
+
+TEST_F(SettingsDialogsTest, TheFolderPickerTakesAFolder) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(4);
+  ASSERT_NO_FATAL_FAILURE(openBy(kPickFolderButton));
+  answerWith(files.path());
+  EXPECT_TRUE(isGone());
+  EXPECT_TRUE(reads(kFolderBox, files.path()));
+}
+
+struct FilePicker {
+  int check;
+  int button;
+  int box;
+  const wchar_t* name;
+  const wchar_t* filter;
+};
+
+TEST_F(SettingsDialogsTest, TheFilePickersTakeAFileThatExistsOfTheirKind) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  for (const FilePicker& picker :
+       {FilePicker{kSoundCheck, kPickSoundButton, kSoundFileBox, L"\\a.wav", L"音频文件"},
+        FilePicker{kSwitchCheck, kPickDeckButton, kSwitchDeckBox, L"\\b.pptx", L"演示文稿"}}) {
+    SCOPED_TRACE(picker.button);
+    press(picker.check);
+    ASSERT_TRUE(waitUntil([&] { return isEnabled(picker.button); }));
+    const std::wstring path = files.path() + picker.name;
+    std::ofstream(std::filesystem::path(path)) << "x";
+    ASSERT_NO_FATAL_FAILURE(openBy(picker.button));
+    EXPECT_TRUE(offers(picker.filter));
+    answerWith(path);
+    EXPECT_TRUE(isGone());
+    EXPECT_TRUE(reads(picker.box, path));
+  }
+}
+
+TEST_F(SettingsDialogsTest, TheColourDialogBeginsAtTheColourAndGivesBackTheChosenOne) {
+  Settings settings = quiet();
+  settings.foreground = 0x112233;
+  ASSERT_NO_FATAL_FAILURE(open(settings));
+  turnTo(1);
+  ASSERT_NO_FATAL_FAILURE(openBy(kPickForegroundButton));
+  EXPECT_EQ(number(kRed), L"17");
+  EXPECT_EQ(number(kGreen), L"34");
+  EXPECT_EQ(number(kBlue), L"51");
+  setNumber(kRed, L"200");
+  setNumber(kBlue, L"100");
+  pressKeys(VK_RETURN);
+  EXPECT_TRUE(isGone());
+  EXPECT_TRUE(reads(kForegroundBox, L"#C82264"));
+  EXPECT_TRUE(saved(&Settings::foreground, 0xC82264u));
+}
+
+}  // namespace
+}  // namespace mrl

@@ -1,0 +1,44 @@
+// How far a point is from the shapes that the settings window is drawn with: below zero within
+// them. Pixels; a pixel's own point is its middle.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+#include "core/geometry.h"
+#include "settings_window/section_glyph.h"
+
+namespace mrl {
+
+/// So near to a round or slanted edge a pixel is nobody's for sure.
+inline constexpr float kNearEdge = 2.5F;
+
+/// The distance to a rectangle with round corners; below zero within.
+struct RoundBox {
+  float left, top, right, bottom, radius;
+
+  float distance(float x, float y) const {
+    const auto [dx, dy] = beyondCorner(x, y);
+    return std::hypot(std::max(dx, 0.0F), std::max(dy, 0.0F)) + std::min(std::max(dx, dy), 0.0F) -
+           radius;
+  }
+  bool isAtCorner(float x, float y) const {
+    const auto [dx, dy] = beyondCorner(x, y);
+    return radius > 0 && dx > -kNearEdge && dy > -kNearEdge;
+  }
+
+ private:
+  std::array<float, 2> beyondCorner(float x, float y) const {
+    return {std::abs(x - (left + right) / 2) - (right - left) / 2 + radius,
+            std::abs(y - (top + bottom) / 2) - (bottom - top) / 2 + radius};
+  }
+};
+
+float distanceToLine(float x, float y, float x1, float y1, float x2, float y2);
+/// The stroke's lengths are pixels here.
+float distanceToStroke(float x, float y, const Stroke& stroke, float penWidth);
+/// The lengths, which are fractions of the square's side, in pixels from where the square counts.
+Stroke inPixels(const Stroke& stroke, const Rect& square);
+
+}  // namespace mrl
