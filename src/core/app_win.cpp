@@ -42,10 +42,6 @@ void moveToSuggestedRect(HWND window, LPARAM lParam) {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-bool isCorner(WPARAM hit) {
-  return hit == HTTOPLEFT || hit == HTTOPRIGHT || hit == HTBOTTOMLEFT || hit == HTBOTTOMRIGHT;
-}
-
 }  // namespace
 
 AppWin::AppWin(HINSTANCE programInstance)
@@ -74,7 +70,10 @@ int AppWin::run(const std::vector<std::u16string>& arguments) {
 
 LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_DPICHANGED: moveToSuggestedRect(window, lParam); break;
+    case WM_DPICHANGED:
+      // The settings window fits its controls first.
+      if (!isClass(window, kSettingsClass)) moveToSuggestedRect(window, lParam);
+      break;
     case WM_MEASUREITEM:
       if (measureMenuItem(window, *reinterpret_cast<MEASUREITEMSTRUCT*>(lParam))) return TRUE;
       break;
@@ -118,10 +117,12 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       if (hit != CornerHit::None) return static_cast<LRESULT>(hit);
       break;
     }
-    case WM_NCLBUTTONDOWN:
-      if (!app.resizeMode || !isCorner(wParam)) break;
-      onCornerPress(app, static_cast<CornerHit>(wParam));
+    case WM_NCLBUTTONDOWN: {
+      const CornerHit hit = cornerFrom(static_cast<int>(wParam));
+      if (!app.resizeMode || hit == CornerHit::None) break;
+      onCornerPress(app, hit);
       return 0;
+    }
     case WM_MOUSEMOVE:
       if (GetCapture() == window) onCornerDrag(app);
       return 0;

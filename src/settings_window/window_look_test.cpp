@@ -169,6 +169,17 @@ TEST(FileRowLookTest, AtTwiceTheResolutionTheTickGrows) {
   EXPECT_TRUE(holds(drawing, Line{{1158, 60}, {1172, 46}, kWhite, 4}));
 }
 
+TEST(FileRowLookTest, OnlyARowThatIsNotSelectedNeedsTheMarkOfTheKeyboard) {
+  EXPECT_EQ(drawFileRow(kRow, u"[正常计时] a.ppt", false, kDpi, true).back(),
+            Shape(FocusMark{insetBy(kRow, 2)}));
+  EXPECT_EQ(drawFileRow(kRow, u"[正常计时] a.ppt", true, kDpi, true),
+            drawFileRow(kRow, u"[正常计时] a.ppt", true, kDpi));
+}
+
+TEST(EmptyListLookTest, AListWithTheKeyboardShowsItThoughItIsEmpty) {
+  EXPECT_EQ(drawEmptyList({700, 204}, 192, true).back(), Shape(FocusMark{{4, 4, 696, 200}}));
+}
+
 TEST(EmptyListLookTest, SaysThatNothingIsThereAndWhatToDo) {
   EXPECT_EQ(drawEmptyList({700, 204}, kDpi),
             (Drawing{Area{{0, 0, 700, 204}, kWhite},

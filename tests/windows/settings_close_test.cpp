@@ -89,6 +89,17 @@ TEST_F(SettingsCloseTest, EscapeDoesNotAnswerTheQuestion) {
   expectAllAsItWas();
 }
 
+TEST_F(SettingsCloseTest, TheWindowIsLaidOutForANewSizeWhileItAsks) {
+  ASSERT_NO_FATAL_FAILURE(openWithWrongInput());
+  press(kCloseButton);
+  ASSERT_TRUE(asks());
+  resize({scaled(900), scaled(620)});
+  EXPECT_TRUE(
+      waitUntil([&] { return rect(kCloseButton).left == clientSize().width - scaled(114); }));
+  answer(IDNO);
+  expectAllAsItWas();
+}
+
 TEST_F(SettingsCloseTest, TheClockGoesOnWhileItAsks) {
   ASSERT_NO_FATAL_FAILURE(openWithWrongInput());
   press(kToggleButton);

@@ -85,8 +85,11 @@ void clickMouse(POINT point, int times) {
   send(inputs);
 }
 
-void turnWheelAt(POINT point, int delta) {
-  std::vector<INPUT> inputs{mouseInput(point, 0), mouseInput(point, MOUSEEVENTF_WHEEL, delta)};
+void turnWheelAt(POINT point, int delta, std::initializer_list<WORD> held) {
+  std::vector<INPUT> inputs{mouseInput(point, 0)};
+  for (const WORD holder : held) inputs.push_back(keyInput(holder, 0));
+  inputs.push_back(mouseInput(point, MOUSEEVENTF_WHEEL, delta));
+  for (const WORD holder : held) inputs.push_back(keyInput(holder, KEYEVENTF_KEYUP));
   send(inputs);
 }
 

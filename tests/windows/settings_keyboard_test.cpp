@@ -206,6 +206,16 @@ TEST_F(SettingsKeyboardTest, ControlAndADigitLeaveWrongInputAsItIs) {
   EXPECT_EQ(program.settings().duration, 900u);
 }
 
+TEST_F(SettingsKeyboardTest, AltGrTypesCharactersAndTurnsNoPage) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  press(kMinutesBox);
+  ASSERT_TRUE(isFocused(kMinutesBox));
+  pressKeys('3', {VK_CONTROL, VK_MENU});
+  pressKeys('2', {VK_CONTROL});  // the end of what the first may have done
+  EXPECT_TRUE(waitUntil([&] { return page() == 1; }));
+  EXPECT_EQ(focusedId(), kFirstSection + 1);
+}
+
 TEST_F(SettingsKeyboardTest, ControlAndSApplyAndTheBoxKeepsTheFocus) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   overtype(kSecondsBox, L"70");

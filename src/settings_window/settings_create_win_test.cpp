@@ -1,0 +1,104 @@
+// The window with all its controls, really made, and fitted to one monitor after the other.
+#include <gtest/gtest.h>
+
+#include "core/geometry_win.h"
+#include "core/window_classes_win.h"
+#include "overlay/test_window_class_win.h"
+#include "settings_window/control_ids.h"
+#include "settings_window/layout.h"
+#include "settings_window/settings_view_win.h"
+
+namespace mrl {
+namespace {
+
+class SettingsCreateTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    for (const TestWindowClass* each : {&frame, &pane, &host, &preview, &code}) {
+      ASSERT_TRUE(each->registered);
+    }
+    ASSERT_TRUE(view.create({50, 50, 1090, 790}));
+  }
+  void TearDown() override {
+    view.onDestroying();
+    view.destroy();
+    view.onDestroyed();
+  }
+
+  Rect outer(HWND window) const {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rectFrom(rect);
+  }
+  void placeEverything(int dpi) {
+    for (int page = 0; page < kPageCount; ++page) {
+      const PageLayout layout = layOut(view.clientSize(), dpi, page, 0);
+      view.place(layout.frame);
+      view.place(layout.page);
+    }
+  }
+  void expectFont(const Control& row, int dpi) const {
+    const LRESULT font = SendMessageW(view.control(row.id), WM_GETFONT, 0, 0);
+    LOGFONTW told{};
+    ASSERT_NE(GetObjectW(reinterpret_cast<HGDIOBJ>(font), sizeof told, &told), 0) << row.id;
+    const Typeface& face = kTypefaces[static_cast<size_t>(faceOf(row.id))];
+    EXPECT_EQ(told.lfHeight, -toPixels(face.units, dpi)) << row.id;
+    EXPECT_EQ(told.lfWeight, face.weight) << row.id;
+  }
+  void expectBox(HWND box, int dpi) const {
+    const Rect whole = outer(box);
+    const Rect inner = withinBoxFrame({0, 0, whole.width(), whole.height()}, dpi);
+    EXPECT_EQ(clientSizeOf(box).height, inner.height()) << GetDlgCtrlID(box);
+    EXPECT_EQ(SendMessageW(box, EM_GETMARGINS, 0, 0), 0) << GetDlgCtrlID(box);
+  }
+  void expectRows(const Control& row, int dpi) const {
+    const HWND control = view.control(row.id);
+    if (row.kind == ControlKind::List) {
+      EXPECT_EQ(SendMessageW(control, LB_GETITEMHEIGHT, 0, 0), toPixels(54, dpi));
+    }
+    if (row.kind != ControlKind::Combo) return;
+    for (const int part : {-1, 0}) {
+      EXPECT_EQ(SendMessageW(control, CB_GETITEMHEIGHT, static_cast<WPARAM>(part), 0),
+                toPixels(32, dpi));
+    }
+  }
+  void expectFitted(int dpi) const {
+    for (const Control& row : allControls()) {
+      const bool hasText = row.kind != ControlKind::PreviewHost &&
+                           row.kind != ControlKind::Preview && row.kind != ControlKind::QrCode;
+      if (hasText) expectFont(row, dpi);
+      if (isEditBox(row.kind)) expectBox(view.control(row.id), dpi);
+      expectRows(row, dpi);
+    }
+  }
+
+  TestWindowClass frame{kSettingsClass}, pane{kContentClass}, host{kPreviewHostClass},
+      preview{kPreviewClass}, code{kQrClass};
+  SettingsForm form;
+  SettingsViewWin view{GetModuleHandleW(nullptr), &frame, form};
+};
+
+TEST_F(SettingsCreateTest, NewControlsFitTheMonitor) {
+  placeEverything(view.dpi());
+  expectFitted(view.dpi());
+}
+
+TEST_F(SettingsCreateTest, ControlsFitAnotherMonitorBeforeAndAfterTheyAreMoved) {
+  placeEverything(view.dpi());
+  for (const int dpi : {144, 192, 96, 192, 144, 96}) {
+    const Rect suggested{20, 30, 20 + toPixels(600, dpi), 30 + toPixels(350, dpi)};
+    view.adoptDpi(dpi, suggested);
+    EXPECT_EQ(view.dpi(), dpi);
+    EXPECT_EQ(outer(view.topWindow()), suggested);
+    expectFitted(dpi);
+    placeEverything(dpi);
+    expectFitted(dpi);
+  }
+}
+
+TEST_F(SettingsCreateTest, ThePreviewIsMadeInTheClocksFirstSize) {
+  EXPECT_EQ(clientSizeOf(view.control(kPreview)), (Size{183, 82}));
+}
+
+}  // namespace
+}  // namespace mrl
