@@ -1,5 +1,10 @@
 // The window with all its controls, really made, and fitted to one monitor after the other.
 #include <gtest/gtest.h>
+#include <windows.h>
+// After <windows.h>, which it leans on.
+#include <commctrl.h>
+
+#include <vector>
 
 #include "core/geometry_win.h"
 #include "core/window_classes_win.h"
@@ -94,6 +99,24 @@ TEST_F(SettingsCreateTest, ControlsFitAnotherMonitorBeforeAndAfterTheyAreMoved) 
     placeEverything(dpi);
     expectFitted(dpi);
   }
+}
+
+/// Notes, each time that the window takes a size, how high the rows of its combo are by then.
+LRESULT CALLBACK noteRows(HWND window, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR,
+                          DWORD_PTR notes) {
+  if (message == WM_SIZE) {
+    const HWND combo = GetDlgItem(window, kModeCombo);
+    reinterpret_cast<std::vector<LRESULT>*>(notes)->push_back(
+        SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0));
+  }
+  return DefSubclassProc(window, message, wide, narrow);
+}
+
+TEST_F(SettingsCreateTest, TheControlsFitBeforeTheWindowTakesItsNewSize) {
+  std::vector<LRESULT> notes;
+  SetWindowSubclass(view.topWindow(), noteRows, 1, reinterpret_cast<DWORD_PTR>(&notes));
+  view.adoptDpi(192, {20, 30, 820, 530});
+  EXPECT_EQ(notes, std::vector<LRESULT>{64}) << "else it is painted once with what was there";
 }
 
 TEST_F(SettingsCreateTest, ThePreviewIsMadeInTheClocksFirstSize) {

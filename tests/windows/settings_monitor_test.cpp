@@ -43,7 +43,9 @@ class SettingsMonitorTest : public SettingsScreen {
     RECT client{};
     GetClientRect(control(id), &client);
     // The system keeps a place for the scroll bar of the box of several lines.
-    if (id != kAddressBox) EXPECT_EQ(client.right, inner.width()) << id << " at " << dpi;
+    if (id != kAddressBox) {
+      EXPECT_EQ(client.right, inner.width()) << id << " at " << dpi;
+    }
     EXPECT_EQ(client.bottom, inner.height()) << id << " at " << dpi;
     EXPECT_EQ(ask(control(id), EM_GETMARGINS), 0) << id << " at " << dpi;
   }
