@@ -143,7 +143,8 @@ std::optional<LRESULT> SettingsMessagesWin::onPreview(HWND window, UINT message,
       return static_cast<LRESULT>(hit);
     }
     case WM_GETMINMAXINFO: limitSize(lParam, clockSizeLimits(view.dpi())); return 0;
-    case WM_NCLBUTTONDOWN: {
+    case WM_NCLBUTTONDOWN:
+    case WM_NCLBUTTONDBLCLK: {  // a second press soon after the first
       const CornerHit hit = cornerFrom(static_cast<int>(wParam));
       if (hit == CornerHit::None) return {};
       SetCapture(window);

@@ -30,6 +30,18 @@ class SettingsMouseTest : public SettingsHand {
              now.top == std::max((static_cast<int>(host.bottom) - now.height()) / 2, 0);
     });
   }
+  POINT cornerOfPreview() const {
+    RECT preview{};
+    GetWindowRect(control(kPreview), &preview);
+    return {preview.right - 4, preview.bottom - 4};
+  }
+  /// The mouse drags one of its corners.
+  bool holdsPreview() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
+           info.hwndCapture == control(kPreview);
+  }
   bool hasBar(LONG style) const {
     return (GetWindowLongW(control(kPreviewHost), GWL_STYLE) & style) != 0;
   }
@@ -163,23 +175,15 @@ TEST_F(SettingsListWheelTest, AfterATurnWithAKeyHeldTheListScrollsAgain) {
 TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndTheClock) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   turnTo(1);
-  RECT preview{};
-  GetWindowRect(control(kPreview), &preview);
-  const POINT corner{preview.right - 4, preview.bottom - 4};
+  const POINT corner = cornerOfPreview();
   moveTo(corner);
   pressAt(corner);
-  const auto holds = [&] {
-    GUITHREADINFO info{};
-    info.cbSize = sizeof info;
-    return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
-           info.hwndCapture == control(kPreview);
-  };
-  ASSERT_TRUE(waitUntil(holds));
+  ASSERT_TRUE(waitUntil([&] { return holdsPreview(); }));
   moveTo({corner.x + scaled(117), corner.y + scaled(18)});
   EXPECT_TRUE(reads(kWidthBox, L"300"));
   EXPECT_TRUE(reads(kHeightBox, L"100"));
   release();
-  EXPECT_TRUE(waitUntil([&] { return !holds(); }));
+  EXPECT_TRUE(waitUntil([&] { return !holdsPreview(); }));
   EXPECT_TRUE(standsInTheMiddleOfItsHost());
   EXPECT_TRUE(saved(&Settings::windowWidth, 300));
   EXPECT_TRUE(saved(&Settings::windowHeight, 100));
@@ -187,6 +191,15 @@ TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndT
   const RECT clock = program.rect();
   EXPECT_EQ(clock.right - clock.left, scaled(300));
   EXPECT_EQ(clock.bottom - clock.top, scaled(100));
+}
+
+TEST_F(SettingsMouseTest, ASecondPressSoonAfterTheFirstDragsTheCornerToo) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  clickMouse(cornerOfPreview());
+  pressAt(cornerOfPreview());
+  EXPECT_TRUE(waitUntil([&] { return holdsPreview(); }));
+  release();
 }
 
 TEST_F(SettingsMouseTest, APreviewStandsInTheMiddleOfWhatItsScrollBarsLeave) {
