@@ -165,8 +165,9 @@ TEST_F(SettingsListWheelTest, AWheelWithAKeyHeldScrollsThePageByOneNotch) {
 }
 
 TEST_F(SettingsListWheelTest, AfterATurnWithAKeyHeldTheListScrollsAgain) {
+  const int top = topOf(kFileList);
   turnWheelAt(onList(), -WHEEL_DELTA, {VK_CONTROL});
-  ASSERT_NO_FATAL_FAILURE(comeToFront());
+  ASSERT_TRUE(comesTo(kFileList, top - scaled(56)));
   ask(pane(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)),
       MAKELPARAM(onList().x, onList().y));
   EXPECT_GT(firstRow(), 0);
@@ -214,8 +215,8 @@ TEST_F(SettingsMouseTest, APreviewStandsInTheMiddleOfWhatItsScrollBarsLeave) {
   ASSERT_TRUE(becomes(1000, 82));
   EXPECT_TRUE(hasBar(WS_HSCROLL));
   EXPECT_TRUE(standsInTheMiddleOfItsHost());
-  retype(kHeightBox, L"100");
-  ASSERT_TRUE(becomes(1000, 100));
+  retype(kHeightBox, L"110");
+  ASSERT_TRUE(becomes(1000, 110));
   EXPECT_TRUE(hasBar(WS_VSCROLL));
   EXPECT_TRUE(standsInTheMiddleOfItsHost());
   press(kDefaultSizeButton);
