@@ -154,12 +154,12 @@ TEST_F(SettingsBadInputTest, WhateverIsPastedIntoANumberBoxIsMarkedAndToldAndNot
 }
 
 TEST_F(SettingsBadInputTest, DigitsOfFullWidthAreANumber) {
-  ASSERT_NO_FATAL_FAILURE(paste(kMinutesBox, L"１５"));
-  ASSERT_TRUE(reads(kMinutesBox, L"１５"));
+  ASSERT_NO_FATAL_FAILURE(paste(kMinutesBox, L"１６"));
+  ASSERT_TRUE(reads(kMinutesBox, L"１６"));
   pressKeys(VK_RETURN);
   EXPECT_TRUE(says(kApplied));
   EXPECT_FALSE(isRed(kMinutesBox));
-  EXPECT_TRUE(saved(&Settings::duration, 900));
+  EXPECT_TRUE(saved(&Settings::duration, 16 * 60));
 }
 
 TEST_F(SettingsBadInputTest, AnEmptyNumberWaitsForTheHandToLeaveAndIsZeroThen) {

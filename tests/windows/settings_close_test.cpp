@@ -94,8 +94,8 @@ TEST_F(SettingsCloseTest, TheWindowIsLaidOutForANewSizeWhileItAsks) {
   press(kCloseButton);
   ASSERT_TRUE(asks());
   resize({scaled(900), scaled(620)});
-  EXPECT_TRUE(
-      waitUntil([&] { return rect(kCloseButton).left == clientSize().width - scaled(114); }));
+  const int right = toUnits(clientSize().width, dpi());
+  EXPECT_TRUE(waitUntil([&] { return rect(kCloseButton).left == scaled(right - 114); }));
   answer(IDNO);
   expectAllAsItWas();
 }
