@@ -66,13 +66,6 @@ struct Platform {
 /// What the process ends with.
 enum ExitCode : int { kExitNormal = 0, kExitNoCom = 1, kExitNoDrawing = 2, kExitNoClock = 3 };
 
-/// A drag of one of the clock's corners: what stood at its start.
-struct CornerDrag {
-  CornerHit hit = CornerHit::None;
-  Point cursor;
-  Rect rect;
-};
-
 /// Every time field is a reading of the clock; 0 means "not set".
 struct App {
   explicit App(const Platform& doors) : platform(doors) {}

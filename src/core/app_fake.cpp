@@ -2,12 +2,15 @@
 // are made.
 #include "core/app_fake.h"
 
+#include "settings_window/preview.h"
 #include "settings_window/settings_commands.h"
 
 namespace mrl {
 
 AppFake::AppFake() {
   settingsView.notify = [this](int id, int code) { onSettingsCommand(app, id, code); };
+  settingsView.hostSized = [this] { refreshPreview(app); };
+  settingsView.previewSized = [this](Size size) { onPreviewSized(app, size); };
 }
 
 AppFake::~AppFake() = default;

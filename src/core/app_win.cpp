@@ -43,10 +43,6 @@ void moveToSuggestedRect(HWND window, LPARAM lParam) {
                SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-bool isCorner(WPARAM hit) {
-  return hit == HTTOPLEFT || hit == HTTOPRIGHT || hit == HTBOTTOMLEFT || hit == HTBOTTOMRIGHT;
-}
-
 }  // namespace
 
 AppWin::AppWin(HINSTANCE programInstance)
@@ -88,9 +84,8 @@ LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
   if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);
   if (isClass(window, kResizeClass)) return handleToolbarMessage(window, message, wParam, lParam);
   if (isClass(window, kBlackClass)) return handleBlackMessage(window, message, wParam, lParam);
-  if (message == WM_DPICHANGED) moveToSuggestedRect(window, lParam);
   if (const auto result = settingsMessages.handle(window, message, wParam, lParam)) return *result;
-  return message == WM_DPICHANGED ? 0 : DefWindowProcW(window, message, wParam, lParam);
+  return DefWindowProcW(window, message, wParam, lParam);
 }
 
 LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -124,10 +119,12 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       break;
     }
     case WM_NCLBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK:  // a second press soon after the first
-      if (!app.resizeMode || !isCorner(wParam)) break;
-      onCornerPress(app, static_cast<CornerHit>(wParam));
+    case WM_NCLBUTTONDBLCLK: {  // a second press soon after the first
+      const CornerHit hit = cornerFrom(static_cast<int>(wParam));
+      if (!app.resizeMode || hit == CornerHit::None) break;
+      onCornerPress(app, hit);
       return 0;
+    }
     case WM_MOUSEMOVE:
       if (GetCapture() == window) onCornerDrag(app);
       return 0;

@@ -107,9 +107,7 @@ void onCornerPress(App& app, CornerHit hit) {
 void onCornerDrag(App& app) {
   if (!app.drag) return;
   ClockWindow& clock = app.platform.clockWindow;
-  const Point cursor = clock.cursor();
-  const Point way{cursor.x - app.drag->cursor.x, cursor.y - app.drag->cursor.y};
-  clock.setRect(dragCorner(app.drag->rect, app.drag->hit, way, clock.dpi(), false));
+  clock.setRect(draggedTo(clock.cursor(), *app.drag, clock.dpi(), false));
 }
 
 void onCornerRelease(App& app) {

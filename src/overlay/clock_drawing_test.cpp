@@ -55,6 +55,14 @@ TEST_F(ClockDrawingTest, ThePreviewClearsToAnOpaqueLightGround) {
   EXPECT_EQ(draw().clear, colourFrom(0xEEF3F9, 1));
 }
 
+TEST_F(ClockDrawingTest, ATextOnlyPreviewFillsItsShapeAsTheClockDoes) {
+  settings.transparent = true;
+  const ColourF onTheClock = draw().fill;
+  picture.isPreview = true;
+  EXPECT_EQ(draw().fill, onTheClock);
+  EXPECT_LT(onTheClock.alpha, 0.01F);
+}
+
 TEST_F(ClockDrawingTest, ATextOnlyPreviewClearsToAnOpaqueDarkGround) {
   picture.isPreview = true;
   settings.transparent = true;

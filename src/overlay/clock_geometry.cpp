@@ -38,6 +38,16 @@ CornerHit hitTest(Point cursor, const Rect& window, int dpi) {
   return CornerHit::None;
 }
 
+CornerHit cornerFrom(int hitAnswer) {
+  switch (const auto hit = static_cast<CornerHit>(hitAnswer)) {
+    case CornerHit::TopLeft:
+    case CornerHit::TopRight:
+    case CornerHit::BottomLeft:
+    case CornerHit::BottomRight: return hit;
+    default: return CornerHit::None;
+  }
+}
+
 Rect dragCorner(const Rect& start, CornerHit hit, Point way, int dpi, bool isPreview) {
   const bool fromLeft = hit == CornerHit::TopLeft || hit == CornerHit::BottomLeft;
   const bool fromTop = hit == CornerHit::TopLeft || hit == CornerHit::TopRight;
@@ -49,6 +59,11 @@ Rect dragCorner(const Rect& start, CornerHit hit, Point way, int dpi, bool isPre
   const int left = fromLeft && !isPreview ? start.right - width : start.left;
   const int top = fromTop && !isPreview ? start.bottom - height : start.top;
   return {left, top, left + width, top + height};
+}
+
+Rect draggedTo(Point cursor, const CornerDrag& drag, int dpi, bool isPreview) {
+  const Point way{cursor.x - drag.cursor.x, cursor.y - drag.cursor.y};
+  return dragCorner(drag.rect, drag.hit, way, dpi, isPreview);
 }
 
 std::optional<Point> offScreenCorrection(const Rect& window, const Rect& workArea) {

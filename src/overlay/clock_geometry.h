@@ -26,11 +26,22 @@ Size clockUnits(Size pixels, int dpi);
 /// The numbers are those of the system's hit-test answers.
 enum class CornerHit { None = 0, TopLeft = 13, TopRight = 14, BottomLeft = 16, BottomRight = 17 };
 CornerHit hitTest(Point cursor, const Rect& window, int dpi);
+/// The corner that the system's answer names; None for any other part of a window.
+CornerHit cornerFrom(int hitAnswer);
 
 /// The window's rectangle after the cursor went `way` since the drag began at `start`. The corner
 /// opposite `hit` stays; a preview, which lies in a page, keeps its top left corner instead.
 /// REQUIRES: `hit` is a corner.
 Rect dragCorner(const Rect& start, CornerHit hit, Point way, int dpi, bool isPreview);
+
+/// A drag of a corner: what stood at its start.
+struct CornerDrag {
+  CornerHit hit = CornerHit::None;
+  Point cursor;
+  Rect rect;
+};
+/// The window's rectangle with the cursor at `cursor`.
+Rect draggedTo(Point cursor, const CornerDrag& drag, int dpi, bool isPreview);
 
 /// Where a clock goes of which no part lies in the work area; empty when it may stay.
 std::optional<Point> offScreenCorrection(const Rect& window, const Rect& workArea);

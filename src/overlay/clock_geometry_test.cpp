@@ -98,7 +98,26 @@ TEST(HitTestTest, TheAnswersAreTheSystemsNumbers) {
   EXPECT_EQ(static_cast<int>(CornerHit::BottomRight), 17);
 }
 
+TEST(HitTestTest, OnlyTheAnswersOfCornersNameOne) {
+  for (const CornerHit hit :
+       {CornerHit::TopLeft, CornerHit::TopRight, CornerHit::BottomLeft, CornerHit::BottomRight}) {
+    EXPECT_EQ(cornerFrom(static_cast<int>(hit)), hit);
+  }
+  for (const int other : {-2, 0, 1, 2, 10, 11, 12, 15, 18, 20}) {
+    EXPECT_EQ(cornerFrom(other), CornerHit::None) << other;
+  }
+}
+
 // The corner drag.
+
+TEST(CornerDragTest, TheWayCountsFromWhereTheDragBegan) {
+  const CornerDrag drag{CornerHit::BottomRight, {1000, 500}, kWindow};
+  EXPECT_EQ(draggedTo({1010, 520}, drag, 96, false),
+            dragCorner(kWindow, CornerHit::BottomRight, {10, 20}, 96, false));
+  const CornerDrag ofPreview{CornerHit::TopLeft, {0, 0}, kWindow};
+  EXPECT_EQ(draggedTo({-10, -20}, ofPreview, 96, true),
+            dragCorner(kWindow, CornerHit::TopLeft, {-10, -20}, 96, true));
+}
 
 TEST(CornerDragTest, TheTopLeftCornerMovesAndTheBottomRightStays) {
   EXPECT_EQ(dragCorner(kWindow, CornerHit::TopLeft, {-10, -20}, 96, false),

@@ -137,7 +137,10 @@ bool applyField(App& app, const Field& field) {
   return true;
 }
 
+/// Whatever the button was pressed over before, nothing but the button applies what stands there
+/// now.
 void notePortInput(App& app) {
+  app.form.pendingEdits.erase(kPortBox);
   app.form.portDirty = app.platform.settingsView.text(kPortBox) != decimal(app.settings.remotePort);
   recomputeDirty(app);
   setStatus(app, app.form.portDirty ? kPortWaits : kPortUnchanged);
@@ -153,7 +156,6 @@ void clearInvalid(App& app, int id) {
 }
 
 void bookEdit(App& app, int id, uint64_t delayMs) {
-  if (!app.form.isOpen || app.form.controlsSuppressed) return;
   app.form.pendingEdits[bookedId(id)] = app.platform.clock.nowMs() + delayMs;
   app.form.settingsDirty = true;
 }

@@ -14,7 +14,7 @@ inline constexpr uint64_t kNotDue = ~uint64_t{0};
 /// Books the input of a control; applies it at once when `immediate`.
 void markEdited(App& app, int id, bool immediate);
 
-/// Books without a word and without applying.
+/// Books without a word and without applying. REQUIRES: the window is open.
 void bookEdit(App& app, int id, uint64_t delayMs);
 
 /// Applies what is due, or everything when `force`.

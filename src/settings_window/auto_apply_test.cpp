@@ -319,6 +319,45 @@ TEST_F(AutoApplyTest, AnInvalidPortIsBookedUntilItIsCorrected) {
   EXPECT_TRUE(isRed(kPortBox));
 }
 
+TEST_F(AutoApplyTest, APortTypedOverARefusedOneWaitsForTheButtonAgain) {
+  app.remote.running = true;
+  view().type(kPortBox, u"80");
+  view().click(kApplyPortButton);
+  view().type(kPortBox, u"30000");
+  view().leave(kPortBox);
+  applyPending(app, true);
+  EXPECT_TRUE(app.remote.running);
+  EXPECT_EQ(saved().remotePort, 22222u);
+  EXPECT_EQ(status(), u"端口尚未应用；点击“应用端口”后生效。");
+  EXPECT_TRUE(app.form.settingsDirty);
+  EXPECT_FALSE(isRed(kPortBox));
+  view().type(kPortBox, u"22222");
+  EXPECT_FALSE(app.form.settingsDirty);
+}
+
+TEST_F(AutoApplyTest, ThatThePortStoppedTheServiceIsToldEvenWhileOtherInputWaits) {
+  enter(kSecondsBox, u"70");
+  app.remote.running = true;
+  view().type(kPortBox, u"30000");
+  view().click(kApplyPortButton);
+  EXPECT_EQ(status(), u"端口已更新，遥控服务已停止；请重新启动并授权。");
+}
+
+TEST_F(AutoApplyTest, AnEmptiedBoxOfAPairWaitsEvenBesideAWrongOne) {
+  view().texts[kSecondsBox] = u"70";
+  view().type(kMinutesBox, u"");
+  applyPending(app, true);
+  EXPECT_EQ(status(), kTyping);
+  EXPECT_FALSE(isRed(kSecondsBox));
+}
+
+TEST_F(AutoApplyTest, AnIdOfNoFieldLeavesATypedPortWaiting) {
+  view().type(kPortBox, u"30000");
+  app.form.pendingEdits[kCloseButton] = 1;
+  EXPECT_TRUE(applyEdit(app, kCloseButton));
+  EXPECT_TRUE(app.form.settingsDirty);
+}
+
 TEST_F(AutoApplyTest, AnIdOfNoFieldIsDroppedWithoutASave) {
   const int before = saves();
   for (const int id : {int{kCloseButton}, int{kFirstStageTitle}, kFirstStage + kStageSeconds}) {
@@ -394,7 +433,7 @@ TEST_F(AutoApplyTest, WithNothingPendingTheKeysStillBringTheControlsUpToDate) {
   EXPECT_TRUE(onSettingsCommand(app, kApplyAll, kClicked));
   EXPECT_TRUE(isEnabled(kCopyAddressButton));
   app.remote.running = false;
-  EXPECT_TRUE(onSettingsKey(app, 'S'));
+  EXPECT_TRUE(onSettingsKey(app, 'S', {.control = true}));
   EXPECT_FALSE(isEnabled(kCopyAddressButton));
 }
 

@@ -60,7 +60,7 @@ Drawing drawButton(const ControlState& button, Scale scale) {
     shape.outlineWidth = scale(2);
   }
   Drawing drawing{Area{client, kWhite}, shape};
-  if (colourBoxOf(button.id) != 0) {
+  if (colourBoxOf(button.id)) {
     drawing.push_back(
         RoundedRect{insetBy(client, scale(9)), scale(4), swatchColour(button.colourText), {}});
   } else {
@@ -208,8 +208,9 @@ ChildColours childColours(ColourAsker asker, const ChildState& child) {
     case ColourAsker::Static: break;
   }
   if (child.id == kStatusText && child.hasUnsavedInput) return {kWarnText, kWhite, true};
-  const Face face = faceOf(child.id);
-  const bool strong = face == Face::BodyStrong || face == Face::SectionTitle;
+  const Control* control = findControl(child.id);
+  const bool strong =
+      control && (control->kind == ControlKind::Title || control->kind == ControlKind::TimerLine);
   return {strong ? kInk : kMuted, kWhite, true};
 }
 

@@ -195,6 +195,8 @@ TEST(ButtonLookTest, DisabledIsPaleWhateverItsKindAndTheMouse) {
     ControlState state = button(id);
     state.isEnabled = false;
     state.isHovered = true;
+    EXPECT_EQ(buttonShape(state).fill, 0xF5F7FAU);
+    state.isPressed = true;
     const RoundedRect shape = buttonShape(state);
     EXPECT_EQ(shape.fill, 0xF5F7FAU);
     EXPECT_EQ(shape.outline, 0xE8ECF2U);
@@ -246,8 +248,8 @@ TEST(ColourPickerTest, ReadsTheBoxBesideIt) {
   EXPECT_EQ(colourBoxOf(267), 256);
   EXPECT_EQ(colourBoxOf(268), 257);
   EXPECT_EQ(colourBoxOf(269), 258);
-  EXPECT_EQ(colourBoxOf(266), 0);
-  EXPECT_EQ(colourBoxOf(kPickSoundButton), 0);
+  EXPECT_EQ(colourBoxOf(266), std::nullopt);
+  EXPECT_EQ(colourBoxOf(kPickSoundButton), std::nullopt);
 }
 
 TEST(ColourPickerTest, ShowsItsColourWithoutAnOutlineInPlaceOfItsText) {
@@ -311,6 +313,12 @@ TEST(RadioLookTest, DisabledHasAFaintRingAMutedDotAndMutedText) {
   EXPECT_EQ(nth<Ring>(drawing).colour, kHairline);
   EXPECT_EQ(nth<Disc>(drawing).colour, 0x707E94U);
   EXPECT_EQ(nth<Label>(drawing).colour, kMuted);
+}
+
+TEST(RadioLookTest, DisabledHasAFaintRingUncheckedToo) {
+  ControlState state = radio(false);
+  state.isEnabled = false;
+  EXPECT_EQ(nth<Ring>(drawControl(state, kDpi)).colour, kHairline);
 }
 
 TEST(RadioLookTest, AtTwiceTheResolutionTheRingGrowsAndTheOutlineStaysAtOne) {

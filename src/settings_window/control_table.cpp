@@ -194,9 +194,10 @@ constexpr SpokenName kSpokenNames[] = {
 
 std::span<const SpokenName> spokenNames() { return kSpokenNames; }
 
-int colourBoxOf(int id) {
+std::optional<int> colourBoxOf(int id) {
   const auto* found = std::ranges::find(kColourPickers, id, &ColourPicker::id);
-  return found == std::end(kColourPickers) ? 0 : found->box;
+  if (found == std::end(kColourPickers)) return std::nullopt;
+  return found->box;
 }
 
 std::span<const Control> allControls() { return kControls; }

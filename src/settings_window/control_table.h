@@ -2,6 +2,7 @@
 // key. Constant data, any thread.
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "settings_window/control_ids.h"
@@ -60,14 +61,15 @@ constexpr bool isInteractive(ControlKind kind) {
 struct ColourPicker {
   int id;
   int box;
+  int label;
 };
 inline constexpr ColourPicker kColourPickers[] = {
-    {kPickForegroundButton, kForegroundBox},
-    {kPickBackgroundButton, kBackgroundBox},
-    {kPickAlertButton, kAlertBox},
+    {kPickForegroundButton, kForegroundBox, kForegroundLabel},
+    {kPickBackgroundButton, kBackgroundBox, kBackgroundLabel},
+    {kPickAlertButton, kAlertBox, kAlertLabel},
 };
-/// The box of a picker; 0 for any other control.
-int colourBoxOf(int id);
+/// The box of a picker; empty for any other control.
+std::optional<int> colourBoxOf(int id);
 
 /// What a screen reader calls a control whose own text, or the label right before it, is not enough
 /// to know it by.

@@ -22,12 +22,19 @@ std::optional<uint32_t> valueOf(std::u16string_view digits, uint32_t base) {
   return static_cast<uint32_t>(value);
 }
 
+/// Chinese input methods type digits of full width too, and a box for numbers takes them.
+char16_t plainDigit(char16_t unit) {
+  return unit >= u'０' && unit <= u'９' ? static_cast<char16_t>(unit - u'０' + u'0') : unit;
+}
+
 }  // namespace
 
 std::optional<uint32_t> numberFrom(std::u16string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(u" \t"), text.size()));
   if (text.empty()) return std::nullopt;
-  return valueOf(text, 10);
+  std::u16string digits(text);
+  std::ranges::transform(digits, digits.begin(), plainDigit);
+  return valueOf(digits, 10);
 }
 
 std::optional<uint32_t> colourFromText(std::u16string_view text) {

@@ -12,6 +12,12 @@ TEST(FieldValuesTest, ANumberIsDecimalDigits) {
   EXPECT_EQ(numberFrom(u"  12"), 12u);
 }
 
+TEST(FieldValuesTest, DigitsOfFullWidthCountAsDigits) {
+  EXPECT_EQ(numberFrom(u"１５"), 15u);
+  EXPECT_EQ(numberFrom(u" ０９8"), 98u);
+  EXPECT_EQ(numberFrom(u"４２９４９６７２９６"), std::nullopt);
+}
+
 TEST(FieldValuesTest, ANumberEndsAt32Bits) {
   EXPECT_EQ(numberFrom(u"4294967295"), 4294967295u);
   EXPECT_EQ(numberFrom(u"4294967296"), std::nullopt);
@@ -21,7 +27,7 @@ TEST(FieldValuesTest, ANumberEndsAt32Bits) {
 
 TEST(FieldValuesTest, AnythingElseIsNoNumber) {
   for (const char16_t* text : {u"", u" ", u"-1", u"+1", u"1.5", u"1,5", u"12abc", u"abc", u"0x10",
-                               u"１２", u"1 2", u"\"1\"", u"A", u"1\r\n2"}) {
+                               u"一", u"1 2", u"\"1\"", u"A", u"1\r\n2", u"／", u"：", u"−1"}) {
     EXPECT_EQ(numberFrom(text), std::nullopt);
   }
 }

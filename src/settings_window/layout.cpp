@@ -83,16 +83,11 @@ Page timingPage(const Columns& c) {
 }
 
 void addColours(std::vector<Place>& places, const Columns& c) {
-  constexpr struct {
-    int label, box, picker;
-  } kColours[] = {{kForegroundLabel, kForegroundBox, kPickForegroundButton},
-                  {kBackgroundLabel, kBackgroundBox, kPickBackgroundButton},
-                  {kAlertLabel, kAlertBox, kPickAlertButton}};
   int x = 40;
-  for (const auto& colour : kColours) {
-    places.push_back({colour.label, x, 352, c.third, 22});
-    places.push_back({colour.box, x, 382, c.third - 50, 40});
-    places.push_back({colour.picker, x + c.third - 42, 382, 42, 40});
+  for (const ColourPicker& picker : kColourPickers) {
+    places.push_back({picker.label, x, 352, c.third, 22});
+    places.push_back({picker.box, x, 382, c.third - 50, 40});
+    places.push_back({picker.id, x + c.third - 42, 382, 42, 40});
     x += c.third + 12;
   }
 }
@@ -291,19 +286,27 @@ void scrollTo(App& app, int position) {
   view.redrawPane();
 }
 
-void scrollPage(App& app, PageScroll step) {
-  SettingsView& view = app.platform.settingsView;
-  const ScrollInfo info = view.scrollInfo(Bar::Page);
-  const int now = app.form.scrollPosition;
-  const int line = toPixels(kLineUnits, view.dpi());
+int positionAfter(ScrollStep step, const ScrollInfo& bar, int line, int page) {
   switch (step) {
-    case PageScroll::LineUp: return scrollTo(app, now - line);
-    case PageScroll::LineDown: return scrollTo(app, now + line);
-    case PageScroll::PageUp: return scrollTo(app, now - info.page * 3 / 4);
-    case PageScroll::PageDown: return scrollTo(app, now + info.page * 3 / 4);
-    case PageScroll::Track: return scrollTo(app, info.track);
-    case PageScroll::Top: return scrollTo(app, 0);
-    case PageScroll::Bottom: return scrollTo(app, info.last);
+    case ScrollStep::LineBack: return bar.position - line;
+    case ScrollStep::LineForward: return bar.position + line;
+    case ScrollStep::PageBack: return bar.position - page;
+    case ScrollStep::PageForward: return bar.position + page;
+    case ScrollStep::Track: return bar.track;
+    default: return bar.position;
+  }
+}
+
+void scrollPage(App& app, ScrollStep step, int dropped) {
+  SettingsView& view = app.platform.settingsView;
+  const ScrollInfo bar = view.scrollInfo(Bar::Page);
+  switch (step) {
+    case ScrollStep::Drop: return scrollTo(app, dropped);
+    case ScrollStep::Start: return scrollTo(app, 0);
+    case ScrollStep::End: return scrollTo(app, bar.last);
+    default:
+      return scrollTo(app,
+                      positionAfter(step, bar, toPixels(kLineUnits, view.dpi()), bar.page * 3 / 4));
   }
 }
 
@@ -329,8 +332,9 @@ void bringIntoSight(App& app, int id) {
   }
 }
 
-void onSettingsDpiChanged(App& app) {
+void onSettingsDpiChanged(App& app, int dpi, const Rect& rect) {
   app.form.scrollPosition = 0;
+  app.platform.settingsView.adoptDpi(dpi, rect);
   layoutPage(app);
 }
 

@@ -24,16 +24,17 @@ void layoutPage(App& app);
 /// Scrolls the page; a position outside the range counts as its nearer end. Pixels.
 void scrollTo(App& app, int position);
 
-enum class PageScroll { LineUp, LineDown, PageUp, PageDown, Track, Top, Bottom };
-/// The page's scroll bar.
-void scrollPage(App& app, PageScroll step);
+/// Where a step leads along `bar`, unless it names a place; lines and pages in pixels.
+int positionAfter(ScrollStep step, const ScrollInfo& bar, int line, int page);
+/// The page's scroll bar; `dropped` is where a Drop happened.
+void scrollPage(App& app, ScrollStep step, int dropped = 0);
 /// The mouse wheel; 120 is a notch, positive is away from the user. Parts of a pixel add up.
 void turnWheel(App& app, int delta);
 
 /// The keyboard came to the control: the page scrolls as far as it takes to see all of it.
 void bringIntoSight(App& app, int id);
 
-/// The window came to a monitor of another DPI.
-void onSettingsDpiChanged(App& app);
+/// The window came to a monitor of another DPI, where the system suggests `rect` for it.
+void onSettingsDpiChanged(App& app, int dpi, const Rect& rect);
 
 }  // namespace mrl

@@ -89,13 +89,13 @@ TEST_F(LayoutScrollTest, PartsOfAPixelOfTheWheelAddUp) {
 }
 
 TEST_F(LayoutScrollTest, ThePageStopsAtItsEnds) {
-  scrollPage(app, PageScroll::Bottom);
+  scrollPage(app, ScrollStep::End);
   EXPECT_EQ(app.form.scrollPosition, 916 - (740 - 248));
-  scrollPage(app, PageScroll::LineUp);
+  scrollPage(app, ScrollStep::LineBack);
   EXPECT_EQ(app.form.scrollPosition, 916 - (740 - 248) - 56);
-  scrollPage(app, PageScroll::Top);
+  scrollPage(app, ScrollStep::Start);
   EXPECT_EQ(app.form.scrollPosition, 0);
-  scrollPage(app, PageScroll::PageDown);
+  scrollPage(app, ScrollStep::PageForward);
   EXPECT_EQ(app.form.scrollPosition, (740 - 248) * 3 / 4);
 }
 
@@ -126,12 +126,12 @@ bool endsWithItsBar(App& app, SettingsViewFake& view) {
   app.form.scrollPosition = 1'000'000;
   layoutPage(app);
   const int laidOut = app.form.scrollPosition;
-  scrollPage(app, PageScroll::Top);
-  scrollPage(app, PageScroll::Bottom);
+  scrollPage(app, ScrollStep::Start);
+  scrollPage(app, ScrollStep::End);
   const ScrollInfo bar = view.scrollInfo(Bar::Page);
   const int end = std::max(bar.last - bar.page + 1, 0);
   view.calls.clear();
-  scrollPage(app, PageScroll::LineDown);  // beyond the end, where nothing moves
+  scrollPage(app, ScrollStep::LineForward);  // beyond the end, where nothing moves
   return laidOut == end && app.form.scrollPosition == end && bar.position == end &&
          view.calls.empty();
 }
@@ -164,20 +164,32 @@ TEST_F(LayoutScrollTest, EachStepOfTheScrollBarGoesItsWay) {
   view().client = {toPixels(1040, 144), toPixels(500, 144)};
   layoutPage(app);
   const int page = toPixels(500 - 248, 144);
-  scrollPage(app, PageScroll::LineDown);
+  scrollPage(app, ScrollStep::LineForward);
   EXPECT_EQ(app.form.scrollPosition, 84);
-  scrollPage(app, PageScroll::PageDown);
+  scrollPage(app, ScrollStep::PageForward);
   EXPECT_EQ(app.form.scrollPosition, 84 + page * 3 / 4);
-  scrollPage(app, PageScroll::LineUp);
+  scrollPage(app, ScrollStep::LineBack);
   EXPECT_EQ(app.form.scrollPosition, page * 3 / 4);
-  scrollPage(app, PageScroll::PageUp);
+  scrollPage(app, ScrollStep::PageBack);
   EXPECT_EQ(app.form.scrollPosition, 0);
   view().bars[Bar::Page].track = 33;
-  scrollPage(app, PageScroll::Track);
+  scrollPage(app, ScrollStep::Track);
   EXPECT_EQ(app.form.scrollPosition, 33);
   EXPECT_EQ(view().rectOf(kTimingTitle).top, 30 - 33);
   EXPECT_EQ(view().bars[Bar::Page].position, 33);
   EXPECT_EQ(view().calls.back(), "redrawPane");
+  scrollPage(app, ScrollStep::Drop, 44);
+  EXPECT_EQ(app.form.scrollPosition, 44);
+  scrollPage(app, ScrollStep{8});  // the end of a scroll, which goes nowhere
+  EXPECT_EQ(app.form.scrollPosition, 44);
+}
+
+TEST(ScrollStepTest, TheNumbersAreThoseOfTheSystemsScrollBars) {
+  constexpr ScrollStep kSteps[] = {
+      ScrollStep::LineBack, ScrollStep::LineForward, ScrollStep::PageBack, ScrollStep::PageForward,
+      ScrollStep::Drop,     ScrollStep::Track,       ScrollStep::Start,    ScrollStep::End};
+  int number = 0;
+  for (const ScrollStep step : kSteps) EXPECT_EQ(static_cast<int>(step), number++);
 }
 
 TEST_F(LayoutScrollTest, TheWheelGoesBothWaysAndByTheResolution) {
@@ -219,9 +231,10 @@ TEST_F(LayoutScrollTest, AWiderWindowHoldsThePositionWithinTheShorterPage) {
 
 TEST_F(LayoutScrollTest, AnotherResolutionBringsThePageToItsTop) {
   scrollTo(app, 50);
-  view().windowDpi = 192;
-  view().client = {2080, 1480};
-  onSettingsDpiChanged(app);
+  view().calls.clear();
+  onSettingsDpiChanged(app, 192, {10, 20, 2090, 1500});
+  EXPECT_EQ(view().windowRect, (Rect{10, 20, 2090, 1500}));
+  EXPECT_EQ(view().calls.front(), "adoptDpi");
   EXPECT_EQ(app.form.scrollPosition, 0);
   EXPECT_EQ(view().rectOf(kMinutesBox), (Rect{80, 176, 280, 288}));
   EXPECT_EQ(view().previewPlace.width(), 2 * 183);

@@ -126,4 +126,11 @@ bool onPresentationButton(App& app, int id) {
   return true;
 }
 
+bool handsWheelOn(const ListWheel& wheel) {
+  if (!wheel.isInside) return true;
+  const int visible = std::max(wheel.height / std::max(wheel.rowHeight, 1), 1);
+  const int last = std::max(wheel.rows - visible, 0);
+  return wheel.delta > 0 ? wheel.topRow == 0 : wheel.topRow >= last;
+}
+
 }  // namespace mrl

@@ -16,4 +16,16 @@ void toggleSelectedExclusion(App& app);
 /// Carries out one of the page's buttons by its id. False when it is none of them.
 bool onPresentationButton(App& app, int id);
 
+/// A turn of the wheel that reaches the list of files.
+struct ListWheel {
+  bool isInside = true;  // the cursor, in the list's client area
+  int delta = 0;         // positive is away from the user
+  int topRow = 0;
+  int rows = 0;
+  int height = 0;  // of the client area
+  int rowHeight = 0;
+};
+/// Whether the list has nothing to scroll for it, so that the page takes it.
+bool handsWheelOn(const ListWheel& wheel);
+
 }  // namespace mrl

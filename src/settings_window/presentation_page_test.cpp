@@ -236,6 +236,33 @@ TEST_F(PresentationPageTest, ASwitchedFileThatHasGoneLeavesItsRowToTheNext) {
   EXPECT_TRUE(isEnabled(kOpenFileButton));
 }
 
+TEST(ListWheelTest, AListKeepsTheWheelUntilItIsAtItsEnd) {
+  // Twelve rows of which three and a part can be seen.
+  const ListWheel middle{.delta = -120, .topRow = 4, .rows = 12, .height = 204, .rowHeight = 54};
+  ListWheel wheel = middle;
+  EXPECT_FALSE(handsWheelOn(wheel));
+  wheel.topRow = 8;
+  EXPECT_FALSE(handsWheelOn(wheel));
+  wheel.topRow = 9;
+  EXPECT_TRUE(handsWheelOn(wheel)) << "at the bottom, downwards";
+  wheel.delta = 120;
+  EXPECT_FALSE(handsWheelOn(wheel)) << "upwards it can";
+  wheel.topRow = 0;
+  EXPECT_TRUE(handsWheelOn(wheel)) << "at the top";
+  wheel.delta = -120;
+  EXPECT_FALSE(handsWheelOn(wheel));
+}
+
+TEST(ListWheelTest, WithNothingToScrollThePageTakesIt) {
+  EXPECT_TRUE(handsWheelOn({.delta = -120, .rows = 0, .height = 204, .rowHeight = 54}));
+  EXPECT_TRUE(handsWheelOn({.delta = -120, .rows = 3, .height = 204, .rowHeight = 54}));
+  EXPECT_FALSE(handsWheelOn({.delta = -120, .rows = 2, .height = 20, .rowHeight = 54}))
+      << "one row at least counts as seen";
+  EXPECT_TRUE(
+      handsWheelOn({.isInside = false, .delta = -120, .rows = 90, .height = 204, .rowHeight = 54}))
+      << "the cursor is elsewhere";
+}
+
 TEST_F(PresentationPageTest, AFileRenamedInItsCaseStaysSelected) {
   view().setRow(kFileList, 2);
   files().remove(u"C:\\decks\\c.dps");

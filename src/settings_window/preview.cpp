@@ -8,6 +8,7 @@
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
 #include "settings_window/form_sync.h"
+#include "settings_window/layout.h"
 #include "settings_window/settings_window.h"
 
 namespace mrl {
@@ -28,12 +29,14 @@ Size previewPixels(const App& app) {
   return clockPixels(units, app.platform.settingsView.dpi());
 }
 
-/// One axis: scrolls what is larger than its host and centres what is not. Gives the near edge.
-int placeAlong(SettingsView& view, Bar bar, int host, int length, int& scroll) {
+/// One axis: its bar, with the position within what the bar reaches.
+void setBar(SettingsView& view, Bar bar, int host, int length, int& scroll) {
   scroll = std::clamp(scroll, 0, std::max(length - host, 0));
   view.setScrollInfo(bar, {.last = length - 1, .page = host, .position = scroll});
-  return std::max((host - length) / 2, 0) - scroll;
 }
+
+/// Where it begins: in the middle of its host unless it has to scroll.
+int nearEdge(int host, int length, int scroll) { return std::max((host - length) / 2, 0) - scroll; }
 
 }  // namespace
 
@@ -56,11 +59,14 @@ void refreshPreview(App& app) {
   if (!app.form.isOpen) return;
   refreshEnableStates(app);
   SettingsView& view = app.platform.settingsView;
-  const Size host = view.previewHostSize();
   const Size size = previewPixels(app);
   Point& scroll = app.form.previewScroll;
-  const int left = placeAlong(view, Bar::PreviewHorizontal, host.width, size.width, scroll.x);
-  const int top = placeAlong(view, Bar::PreviewVertical, host.height, size.height, scroll.y);
+  // A bar that comes or goes changes the size of the host, which is therefore read each time.
+  setBar(view, Bar::PreviewHorizontal, view.previewHostSize().width, size.width, scroll.x);
+  setBar(view, Bar::PreviewVertical, view.previewHostSize().height, size.height, scroll.y);
+  const Size host = view.previewHostSize();
+  const int left = nearEdge(host.width, size.width, scroll.x);
+  const int top = nearEdge(host.height, size.height, scroll.y);
   view.placePreview({left, top, left + size.width, top + size.height});
   view.invalidate(kPreview);
   for (const ColourPicker& picker : kColourPickers) view.invalidate(picker.id);
@@ -79,30 +85,36 @@ ClockPicture previewPicture(const App& app) {
 void scrollPreview(App& app, Bar bar, ScrollStep step) {
   SettingsView& view = app.platform.settingsView;
   const ScrollInfo info = view.scrollInfo(bar);
-  const int line = toPixels(kLineUnits, view.dpi());
-  int position = info.position;
-  switch (step) {
-    case ScrollStep::LineBack: position -= line; break;
-    case ScrollStep::LineForward: position += line; break;
-    case ScrollStep::PageBack: position -= info.page; break;
-    case ScrollStep::PageForward: position += info.page; break;
-    case ScrollStep::Track: position = info.track; break;
-    case ScrollStep::None: break;
-  }
-  position = std::clamp(position, 0, std::max(info.last - info.page + 1, 0));
   Point& scroll = app.form.previewScroll;
-  (bar == Bar::PreviewHorizontal ? scroll.x : scroll.y) = position;
+  (bar == Bar::PreviewHorizontal ? scroll.x : scroll.y) =
+      positionAfter(step, info, toPixels(kLineUnits, view.dpi()), info.page);
   refreshPreview(app);
 }
 
-void onPreviewDragged(App& app, Size pixels) {
-  if (!app.form.isOpen || app.form.controlsSuppressed) return;
+void onPreviewCornerPress(App& app, CornerHit hit, Point cursor) {
+  app.form.previewDrag = CornerDrag{hit, cursor, app.platform.settingsView.rectOf(kPreview)};
+}
+
+void onPreviewCornerDrag(App& app, Point cursor) {
+  if (!app.form.previewDrag) return;
+  SettingsView& view = app.platform.settingsView;
+  view.placePreview(draggedTo(cursor, *app.form.previewDrag, view.dpi(), true));
+}
+
+void onPreviewSized(App& app, Size pixels) {
+  if (!app.form.isOpen || app.form.controlsSuppressed || !app.form.previewDrag) return;
   const Size units = clockUnits(pixels, app.platform.settingsView.dpi());
   app.form.settings.windowWidth = static_cast<uint32_t>(units.width);
   app.form.settings.windowHeight = static_cast<uint32_t>(units.height);
   fillSizeBoxes(app);
   bookEdit(app, kWidthBox, kEditDelayMs);
   bookEdit(app, kHeightBox, kEditDelayMs);
+}
+
+void onPreviewDragEnded(App& app) {
+  if (!app.form.previewDrag) return;
+  app.form.previewDrag.reset();
+  refreshPreview(app);  // a drag moves it off the middle, and maybe out of its host
 }
 
 }  // namespace mrl

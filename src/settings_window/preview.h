@@ -16,11 +16,14 @@ ClockPicture previewPicture(const App& app);
 
 std::u16string expirySummary(const Settings& settings);
 
-enum class ScrollStep { LineBack, LineForward, PageBack, PageForward, Track, None };
 /// Of the host: `bar` is one of the preview's.
 void scrollPreview(App& app, Bar bar, ScrollStep step);
 
-/// The user dragged a corner of the preview to a new size, in pixels.
-void onPreviewDragged(App& app, Size pixels);
+/// A drag of one of its corners, from press to release or to the loss of the mouse; the cursor on
+/// the screen. Meanwhile each size that the preview takes is typed into the boxes.
+void onPreviewCornerPress(App& app, CornerHit hit, Point cursor);
+void onPreviewCornerDrag(App& app, Point cursor);
+void onPreviewSized(App& app, Size pixels);
+void onPreviewDragEnded(App& app);
 
 }  // namespace mrl

@@ -1,5 +1,6 @@
 #include "settings_window/preview.h"
 
+#include "settings_window/layout.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {
@@ -25,15 +26,26 @@ TEST_F(PreviewPaneTest, ALargerOneScrollsAndAShrunkenOneGoesBackToTheMiddle) {
   view().type(kHeightBox, u"300");
   app.form.previewScroll = {250, 5000};
   refreshPreview(app);
-  EXPECT_EQ(view().previewPlace, (Rect{-250, -188, 750, 112}));
+  EXPECT_EQ(view().previewPlace, (Rect{-250, -205, 750, 95})) << "the bars take their room";
   EXPECT_EQ(view().bars[Bar::PreviewHorizontal],
-            (ScrollInfo{.last = 999, .page = 700, .position = 250}));
+            (ScrollInfo{.last = 999, .page = 683, .position = 250}));
   EXPECT_EQ(view().bars[Bar::PreviewVertical],
-            (ScrollInfo{.last = 299, .page = 112, .position = 188}));
+            (ScrollInfo{.last = 299, .page = 95, .position = 205}));
   view().type(kWidthBox, u"200");
   view().type(kHeightBox, u"100");
   EXPECT_EQ(app.form.previewScroll, Point{});
   EXPECT_EQ(view().previewPlace, (Rect{250, 6, 450, 106}));
+}
+
+TEST_F(PreviewPaneTest, ItStandsInTheMiddleOfWhatItsScrollBarsLeave) {
+  view().type(kWidthBox, u"1000");
+  EXPECT_EQ(view().previewPlace, (Rect{0, 6, 1000, 88}));
+  view().type(kHeightBox, u"100");
+  EXPECT_EQ(view().previewPlace, (Rect{0, 0, 1000, 100}));
+  EXPECT_EQ(view().previewHostSize(), (Size{683, 95}));
+  view().click(kDefaultSizeButton);
+  EXPECT_EQ(view().previewHostSize(), (Size{700, 112}));
+  EXPECT_EQ(view().previewPlace, (Rect{258, 15, 441, 97}));
 }
 
 TEST_F(PreviewPaneTest, AnAbsurdSizeIsHeldWithinTheLimits) {
@@ -59,13 +71,14 @@ TEST_F(PreviewPaneTest, AHostThatChangesItsSizeMovesThePreview) {
 
 TEST_F(PreviewPaneTest, EachScrollStepGoesItsWay) {
   view().windowDpi = 144;
-  view().type(kWidthBox, u"1200");  // 1800 pixels in a host of 700
+  view().type(kWidthBox, u"1200");  // 1800 pixels in a host of 683
   const struct {
     ScrollStep step;
     int position;
-  } cases[] = {{ScrollStep::LineForward, 36}, {ScrollStep::PageForward, 736},
-               {ScrollStep::LineBack, 700},   {ScrollStep::PageBack, 0},
-               {ScrollStep::PageBack, 0},     {ScrollStep::None, 0}};
+  } cases[] = {{ScrollStep::LineForward, 36}, {ScrollStep::PageForward, 719},
+               {ScrollStep::LineBack, 683},   {ScrollStep::Drop, 683},
+               {ScrollStep::Start, 683},      {ScrollStep::End, 683},
+               {ScrollStep::PageBack, 0},     {ScrollStep::PageBack, 0}};
   for (const auto& row : cases) {
     scrollPreview(app, Bar::PreviewHorizontal, row.step);
     EXPECT_EQ(app.form.previewScroll, (Point{row.position, 0}));
@@ -111,10 +124,18 @@ TEST_F(PreviewPaneTest, ThePhaseIsChosenAndBooksNothing) {
   EXPECT_TRUE(app.form.pendingEdits.empty());
 }
 
-TEST_F(PreviewPaneTest, ADraggedPreviewTypesItsSizeIn) {
-  view().windowDpi = 192;
+class PreviewDragTest : public SettingsFixture {
+ protected:
+  void drag(CornerHit hit, Point way) {
+    onPreviewCornerPress(app, hit, {500, 400});
+    onPreviewCornerDrag(app, {500 + way.x, 400 + way.y});
+  }
+};
+
+TEST_F(PreviewDragTest, ADraggedCornerTypesTheSizeIn) {
+  onSettingsDpiChanged(app, 192, {0, 0, 2080, 1480});
   const Rect before = clockWindow.place;
-  onPreviewDragged(app, {600, 301});
+  drag(CornerHit::BottomRight, {600 - 366, 301 - 164});
   EXPECT_EQ(view().text(kWidthBox), u"300");
   EXPECT_EQ(view().text(kHeightBox), u"151");
   EXPECT_EQ(app.form.settings.windowWidth, 300u);
@@ -128,9 +149,69 @@ TEST_F(PreviewPaneTest, ADraggedPreviewTypesItsSizeIn) {
   EXPECT_EQ(clockWindow.place.width(), 300);
 }
 
-TEST_F(PreviewPaneTest, ASizeOfThePreviewMeansNothingWhileControlsAreFilled) {
+TEST_F(PreviewDragTest, EveryCornerChangesTheSizeAndNotThePlace) {
+  const Rect start = view().previewPlace;
+  const struct {
+    CornerHit hit;
+    Point way;
+  } cases[] = {{CornerHit::TopLeft, {-20, -10}},
+               {CornerHit::TopRight, {20, -10}},
+               {CornerHit::BottomLeft, {-20, 10}},
+               {CornerHit::BottomRight, {20, 10}}};
+  for (const auto& row : cases) {
+    drag(row.hit, row.way);
+    EXPECT_EQ(view().previewPlace, (Rect{start.left, start.top, start.left + 203, start.top + 92}));
+    onPreviewCornerDrag(app, {500, 400});
+    EXPECT_EQ(view().previewPlace, start) << "the way counts from the press";
+    onPreviewDragEnded(app);
+  }
+}
+
+TEST_F(PreviewDragTest, ItStaysWithinTheLimitsOfTheClock) {
+  drag(CornerHit::BottomRight, {9000, 9000});
+  EXPECT_EQ(view().text(kWidthBox), u"1200");
+  EXPECT_EQ(view().text(kHeightBox), u"600");
+  onPreviewCornerDrag(app, {-9000, -9000});
+  EXPECT_EQ(view().text(kWidthBox), u"120");
+  EXPECT_EQ(view().text(kHeightBox), u"50");
+}
+
+TEST_F(PreviewDragTest, AfterTheDragThePreviewIsInTheMiddleAgainOrScrolls) {
+  drag(CornerHit::BottomRight, {17, 10});
+  onPreviewDragEnded(app);
+  EXPECT_EQ(view().previewPlace, (Rect{250, 10, 450, 102}));
+  drag(CornerHit::BottomRight, {800, 0});
+  onPreviewDragEnded(app);
+  EXPECT_EQ(view().previewPlace, (Rect{0, 1, 1000, 93}));
+  EXPECT_EQ(view().bars[Bar::PreviewHorizontal], (ScrollInfo{.last = 999, .page = 700}));
+}
+
+TEST_F(PreviewDragTest, AfterItsEndTheMouseDragsNothing) {
+  drag(CornerHit::BottomRight, {17, 10});
+  onPreviewDragEnded(app);
+  const Rect reached = view().previewPlace;
+  onPreviewCornerDrag(app, {900, 900});
+  EXPECT_EQ(view().previewPlace, reached);
+}
+
+TEST_F(PreviewDragTest, AWindowClosedDuringADragTakesTheDragAlong) {
+  drag(CornerHit::BottomRight, {17, 10});
+  closeSettingsWindow(app);
+  openSettingsWindow(app);
+  view().type(kWidthBox, u"3");
+  EXPECT_EQ(view().text(kWidthBox), u"3") << "and not what the preview shows for it";
+}
+
+TEST_F(PreviewDragTest, WithoutADragASizeOfThePreviewTypesNothing) {
+  view().type(kWidthBox, u"1");
+  EXPECT_EQ(view().previewPlace.width(), 120);
+  EXPECT_EQ(view().text(kWidthBox), u"1");
+}
+
+TEST_F(PreviewDragTest, ASizeOfThePreviewMeansNothingWhileControlsAreFilled) {
+  onPreviewCornerPress(app, CornerHit::BottomRight, {500, 400});
   const SuppressControls quiet(app);
-  onPreviewDragged(app, {600, 300});
+  onPreviewCornerDrag(app, {600, 500});
   EXPECT_TRUE(app.form.pendingEdits.empty());
   EXPECT_EQ(view().text(kWidthBox), u"183");
 }

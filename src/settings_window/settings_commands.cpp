@@ -47,21 +47,14 @@ void pickPath(App& app, const PickButton& button) {
   SettingsView& view = app.platform.settingsView;
   const std::u16string path = pick(view, button.kind);
   if (path.empty() || !app.form.isOpen) return;
-  view.setText(button.box, path);  // the box books the edit, as if it had been typed
-  syncForm(app);
-  app.form.settingsDirty = true;
-  if (button.kind == Picker::Folder) reloadFileList(app);
+  view.setText(button.box, path);  // all else follows, as if it had been typed
 }
 
 void pickColour(App& app, int box) {
-  const NumberField& field = findField(box)->number();
   SettingsView& view = app.platform.settingsView;
-  uint32_t colour = field.in(app.form.settings);
+  uint32_t colour = findField(box)->number().in(app.form.settings);
   if (!view.pickColour(colour, app.form.customColours) || !app.form.isOpen) return;
-  field.in(app.form.settings) = colour;
   view.setText(box, colourText(colour));  // books the edit
-  app.form.settingsDirty = true;
-  refreshPreview(app);
   applyPending(app, true);
 }
 
@@ -78,9 +71,9 @@ bool onPickButton(App& app, int id) {
     pickPath(app, *path);
     return true;
   }
-  const int colourBox = colourBoxOf(id);
-  if (colourBox != 0) pickColour(app, colourBox);
-  return colourBox != 0;
+  const auto colourBox = colourBoxOf(id);
+  if (colourBox) pickColour(app, *colourBox);
+  return colourBox.has_value();
 }
 
 /// What has a function of its own when it is clicked, or comes from the keys. False for the rest.

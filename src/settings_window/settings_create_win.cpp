@@ -8,6 +8,7 @@
 #include "core/geometry_win.h"
 #include "core/wide_win.h"
 #include "core/window_classes_win.h"
+#include "overlay/clock_geometry.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/settings_shapes_win.h"
 #include "settings_window/settings_subclass_win.h"
@@ -72,8 +73,13 @@ void fillRows(HWND made, const Control& row) {
   }
 }
 
-void setIcon(HWND window, WPARAM which, int size) {
-  SendMessageW(window, WM_SETICON, which, reinterpret_cast<LPARAM>(programIcon(size)));
+void setIcons(HWND window, const SettingsLook& look) {
+  const auto setIcon = [&](WPARAM which, int units) {
+    SendMessageW(window, WM_SETICON, which,
+                 reinterpret_cast<LPARAM>(programIcon(look.scale(units))));
+  };
+  setIcon(ICON_BIG, 32);
+  setIcon(ICON_SMALL, 16);
 }
 
 /// An edit box keeps nothing of its own frame; the one that is painted takes its place.
@@ -82,6 +88,10 @@ void stripEdit(HWND edit) {
   SetWindowLongPtrW(edit, GWL_STYLE, GetWindowLongPtrW(edit, GWL_STYLE) & ~LONG_PTR{WS_BORDER});
   SetWindowLongPtrW(edit, GWL_EXSTYLE,
                     GetWindowLongPtrW(edit, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
+}
+
+/// REQUIRES: it has its font, which brings margins along.
+void fitFrame(HWND edit) {
   SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   SetWindowPos(edit, nullptr, 0, 0, 0, 0,
                SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);
@@ -99,10 +109,10 @@ bool SettingsViewWin::create(const Rect& rect) {
                       WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN | WS_VSCROLL, 0, 0, kUnplaced,
                       kUnplaced, window, nullptr, instance, creationParameter);
   controls[kContentPane] = pane;
-  look.prepare(dpi());
+  windowDpi = static_cast<int>(GetDpiForWindow(window));
+  look.prepare(windowDpi);
   DwmSetWindowAttribute(window, kCornerAttribute, &kRoundCorners, sizeof kRoundCorners);
-  setIcon(window, ICON_BIG, look.scale(32));
-  setIcon(window, ICON_SMALL, look.scale(16));
+  setIcons(window, look);
   bool complete = pane != nullptr;
   for (const Control& row : allControls()) complete = complete && createControl(row);
   if (complete) {
@@ -122,7 +132,7 @@ bool SettingsViewWin::createControl(const Control& row) {
   Size size{kUnplaced, kUnplaced};
   if (row.kind == ControlKind::Preview) {
     parent = control(kPreviewHost);
-    size = {183, 82};
+    size = kDefaultClockUnits;
   }
   const HWND made = CreateWindowExW(
       0, kind.className, wideFrom(row.text).c_str(), style, 0, 0, size.width, size.height, parent,
@@ -135,30 +145,38 @@ bool SettingsViewWin::createControl(const Control& row) {
 }
 
 void SettingsViewWin::adorn(HWND made, const Control& row) const {
-  applyFont(made, row.id);
-  if (!isInteractive(row.kind) || row.kind == ControlKind::Tabs) return;
-  SetWindowTheme(made, L"Explorer", nullptr);
-  adoptControl(made, look);
+  if (isInteractive(row.kind) && row.kind != ControlKind::Tabs) {
+    SetWindowTheme(made, L"Explorer", nullptr);
+    adoptControl(made, look);
+  }
   if (isEditBox(row.kind)) stripEdit(made);
   if (row.kind == ControlKind::List) adoptFileList(made, look);
   if (row.cue) {
     SendMessageW(made, EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(wideFrom(row.cue).c_str()));
   }
+  fitToDpi(made, row);
 }
 
-void SettingsViewWin::applyFont(HWND made, int id) const {
-  SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(look.fontOf(id)), TRUE);
-  if (isWindowClass(made, L"ComboBox")) {
+void SettingsViewWin::fitToDpi(HWND made, const Control& row) const {
+  SendMessageW(made, WM_SETFONT, reinterpret_cast<WPARAM>(look.fontOf(row.id)), TRUE);
+  if (row.kind == ControlKind::Combo) {
     for (const int part : {-1, 0}) {
       SendMessageW(made, CB_SETITEMHEIGHT, static_cast<WPARAM>(part), look.scale(kComboRowUnits));
     }
   }
-  if (id == kFileList) SendMessageW(made, LB_SETITEMHEIGHT, 0, look.scale(kFileRowUnits));
+  if (row.kind == ControlKind::List) {
+    SendMessageW(made, LB_SETITEMHEIGHT, 0, look.scale(kFileRowUnits));
+  }
+  if (isEditBox(row.kind)) fitFrame(made);
 }
 
-void SettingsViewWin::adoptDpi() {
-  look.prepare(dpi());
-  for (const auto& [id, made] : controls) applyFont(made, id);
+void SettingsViewWin::adoptDpi(int dpi, const Rect& rect) {
+  windowDpi = dpi;
+  look.prepare(dpi);
+  setIcons(window, look);
+  for (const Control& row : allControls()) fitToDpi(control(row.id), row);
+  SetWindowPos(window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void SettingsViewWin::destroy() {

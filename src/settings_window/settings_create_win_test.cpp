@@ -1,10 +1,16 @@
-// The settings window of the system without the program: what it is made with that no other process
-// can ask for, nor any look at the screen tell.
+// The window with all its controls, really made, and fitted to one monitor after the other.
 #include <gtest/gtest.h>
+#include <windows.h>
+// After <windows.h>, which it leans on.
+#include <commctrl.h>
 
+#include <vector>
+
+#include "core/geometry_win.h"
 #include "core/window_classes_win.h"
 #include "overlay/test_window_class_win.h"
 #include "settings_window/control_ids.h"
+#include "settings_window/layout.h"
 #include "settings_window/settings_view_win.h"
 
 namespace mrl {
@@ -12,7 +18,12 @@ namespace {
 
 class SettingsCreateTest : public testing::Test {
  protected:
-  void SetUp() override { ASSERT_TRUE(view.create({0, 0, 1040, 740})); }
+  void SetUp() override {
+    for (const TestWindowClass* each : {&frame, &pane, &host, &preview, &code}) {
+      ASSERT_TRUE(each->registered);
+    }
+    ASSERT_TRUE(view.create({50, 50, 1090, 790}));
+  }
   void TearDown() override {
     view.onDestroying();
     view.destroy();
@@ -29,11 +40,55 @@ class SettingsCreateTest : public testing::Test {
     return mask.bmWidth;
   }
 
-  TestWindowClass frame{kSettingsClass};
-  TestWindowClass pane{kContentClass};
-  TestWindowClass host{kPreviewHostClass};
-  TestWindowClass preview{kPreviewClass};
-  TestWindowClass code{kQrClass};
+  Rect outer(HWND window) const {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return rectFrom(rect);
+  }
+  void placeEverything(int dpi) {
+    for (int page = 0; page < kPageCount; ++page) {
+      const PageLayout layout = layOut(view.clientSize(), dpi, page, 0);
+      view.place(layout.frame);
+      view.place(layout.page);
+    }
+  }
+  void expectFont(const Control& row, int dpi) const {
+    const LRESULT font = SendMessageW(view.control(row.id), WM_GETFONT, 0, 0);
+    LOGFONTW told{};
+    ASSERT_NE(GetObjectW(reinterpret_cast<HGDIOBJ>(font), sizeof told, &told), 0) << row.id;
+    const Typeface& face = kTypefaces[static_cast<size_t>(faceOf(row.id))];
+    EXPECT_EQ(told.lfHeight, -toPixels(face.units, dpi)) << row.id;
+    EXPECT_EQ(told.lfWeight, face.weight) << row.id;
+  }
+  void expectBox(HWND box, int dpi) const {
+    const Rect whole = outer(box);
+    const Rect inner = withinBoxFrame({0, 0, whole.width(), whole.height()}, dpi);
+    EXPECT_EQ(clientSizeOf(box).height, inner.height()) << GetDlgCtrlID(box);
+    EXPECT_EQ(SendMessageW(box, EM_GETMARGINS, 0, 0), 0) << GetDlgCtrlID(box);
+  }
+  void expectRows(const Control& row, int dpi) const {
+    const HWND control = view.control(row.id);
+    if (row.kind == ControlKind::List) {
+      EXPECT_EQ(SendMessageW(control, LB_GETITEMHEIGHT, 0, 0), toPixels(54, dpi));
+    }
+    if (row.kind != ControlKind::Combo) return;
+    for (const int part : {-1, 0}) {
+      EXPECT_EQ(SendMessageW(control, CB_GETITEMHEIGHT, static_cast<WPARAM>(part), 0),
+                toPixels(32, dpi));
+    }
+  }
+  void expectFitted(int dpi) const {
+    for (const Control& row : allControls()) {
+      const bool hasText = row.kind != ControlKind::PreviewHost &&
+                           row.kind != ControlKind::Preview && row.kind != ControlKind::QrCode;
+      if (hasText) expectFont(row, dpi);
+      if (isEditBox(row.kind)) expectBox(view.control(row.id), dpi);
+      expectRows(row, dpi);
+    }
+  }
+
+  TestWindowClass frame{kSettingsClass}, pane{kContentClass}, host{kPreviewHostClass},
+      preview{kPreviewClass}, code{kQrClass};
   SettingsForm form;
   SettingsViewWin view{GetModuleHandleW(nullptr), &frame, form};
 };
@@ -43,10 +98,9 @@ TEST_F(SettingsCreateTest, ItHasTheProgramsIconForTheTitleBarAndForTheTaskbar) {
   EXPECT_EQ(iconSide(ICON_BIG), toPixels(32, view.dpi()));
 }
 
-TEST_F(SettingsCreateTest, ABoxHasNoMarginsBesideThoseOfItsFrame) {
+TEST_F(SettingsCreateTest, ABoxHasNoFrameOfTheSystem) {
   for (const Control& row : allControls()) {
     if (!isEditBox(row.kind)) continue;
-    EXPECT_EQ(SendMessageW(view.control(row.id), EM_GETMARGINS, 0, 0), 0) << row.id;
     const auto style = GetWindowLongPtrW(view.control(row.id), GWL_STYLE);
     const auto extended = GetWindowLongPtrW(view.control(row.id), GWL_EXSTYLE);
     EXPECT_EQ(style & WS_BORDER, 0) << row.id;
@@ -54,13 +108,44 @@ TEST_F(SettingsCreateTest, ABoxHasNoMarginsBesideThoseOfItsFrame) {
   }
 }
 
-TEST_F(SettingsCreateTest, RowsAreAsHighAsTheirKindAtOnce) {
-  const int dpi = view.dpi();
-  for (const WPARAM part : {static_cast<WPARAM>(-1), WPARAM{0}}) {
-    EXPECT_EQ(SendMessageW(view.control(kShapeCombo), CB_GETITEMHEIGHT, part, 0),
-              toPixels(32, dpi));
+TEST_F(SettingsCreateTest, NewControlsFitTheMonitor) {
+  placeEverything(view.dpi());
+  expectFitted(view.dpi());
+}
+
+TEST_F(SettingsCreateTest, ControlsFitAnotherMonitorBeforeAndAfterTheyAreMoved) {
+  placeEverything(view.dpi());
+  for (const int dpi : {144, 192, 96, 192, 144, 96}) {
+    const Rect suggested{20, 30, 20 + toPixels(600, dpi), 30 + toPixels(350, dpi)};
+    view.adoptDpi(dpi, suggested);
+    EXPECT_EQ(view.dpi(), dpi);
+    EXPECT_EQ(outer(view.topWindow()), suggested);
+    expectFitted(dpi);
+    placeEverything(dpi);
+    expectFitted(dpi);
   }
-  EXPECT_EQ(SendMessageW(view.control(kFileList), LB_GETITEMHEIGHT, 0, 0), toPixels(54, dpi));
+}
+
+/// Notes, each time that the window takes a size, how high the rows of its combo are by then.
+LRESULT CALLBACK noteRows(HWND window, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR,
+                          DWORD_PTR notes) {
+  if (message == WM_SIZE) {
+    const HWND combo = GetDlgItem(window, kModeCombo);
+    reinterpret_cast<std::vector<LRESULT>*>(notes)->push_back(
+        SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0));
+  }
+  return DefSubclassProc(window, message, wide, narrow);
+}
+
+TEST_F(SettingsCreateTest, TheControlsFitBeforeTheWindowTakesItsNewSize) {
+  std::vector<LRESULT> notes;
+  SetWindowSubclass(view.topWindow(), noteRows, 1, reinterpret_cast<DWORD_PTR>(&notes));
+  view.adoptDpi(192, {20, 30, 820, 530});
+  EXPECT_EQ(notes, std::vector<LRESULT>{64}) << "else it is painted once with what was there";
+}
+
+TEST_F(SettingsCreateTest, ThePreviewIsMadeInTheClocksFirstSize) {
+  EXPECT_EQ(clientSizeOf(view.control(kPreview)), (Size{183, 82}));
 }
 
 }  // namespace

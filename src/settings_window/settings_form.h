@@ -3,10 +3,12 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/geometry.h"
+#include "overlay/clock_geometry.h"
 #include "remote/qr_code.h"
 #include "settings/settings.h"
 #include "settings_window/settings_view.h"
@@ -31,6 +33,7 @@ struct SettingsForm {
   Cards cards;
   int previewPhase = 0;                   // 0 to 2
   Point previewScroll;                    // pixels
+  std::optional<CornerDrag> previewDrag;  // in progress
   std::vector<std::u16string> filePaths;  // of the list's rows
   QrMatrix qrMatrix;
   CustomColours customColours{};  // these outlive the window

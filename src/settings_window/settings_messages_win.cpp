@@ -15,15 +15,12 @@
 namespace mrl {
 namespace {
 
-ScrollStep stepOf(WPARAM code) {
-  switch (code) {
-    case SB_LINEUP: return ScrollStep::LineBack;
-    case SB_LINEDOWN: return ScrollStep::LineForward;
-    case SB_PAGEUP: return ScrollStep::PageBack;
-    case SB_PAGEDOWN: return ScrollStep::PageForward;
-    case SB_THUMBTRACK: return ScrollStep::Track;
-    default: return ScrollStep::None;
-  }
+ScrollStep stepFrom(WPARAM wParam) { return static_cast<ScrollStep>(LOWORD(wParam)); }
+
+void limitSize(LPARAM lParam, const SizeLimits& limits) {
+  auto* info = reinterpret_cast<MINMAXINFO*>(lParam);
+  info->ptMinTrackSize = {limits.smallest.width, limits.smallest.height};
+  info->ptMaxTrackSize = {limits.largest.width, limits.largest.height};
 }
 
 Point cursor() {
@@ -76,7 +73,7 @@ std::optional<LRESULT> SettingsMessagesWin::onShared(HWND window, UINT message, 
       return reinterpret_cast<LRESULT>(view.painter().controlColours(
           message, reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam)));
     case WM_ERASEBKGND: return 1;
-    case WM_VSCROLL: onScroll(wParam); return 0;
+    case WM_VSCROLL: scrollPage(app, stepFrom(wParam), HIWORD(wParam)); return 0;
     case WM_MOUSEWHEEL: onWheel(wParam, lParam); return 0;
     case kPageWheel:
       if (window == view.control(kContentPane)) turnWheel(app, GET_WHEEL_DELTA_WPARAM(wParam));
@@ -95,15 +92,12 @@ std::optional<LRESULT> SettingsMessagesWin::onFrame(HWND window, UINT message, W
     case WM_SETFOCUS:
       if (giveFocusBack(window)) return 0;
       return {};
-    case WM_SIZE:
-      if (!app.form.controlsSuppressed) layoutPage(app);
-      return 0;
+    case WM_SIZE: layoutPage(app); return 0;
     case WM_DPICHANGED:
-      view.adoptDpi();
-      onSettingsDpiChanged(app);
+      onSettingsDpiChanged(app, LOWORD(wParam), rectFrom(*reinterpret_cast<const RECT*>(lParam)));
       return 0;
     case WM_GETMINMAXINFO: {
-      const int dpi = static_cast<int>(GetDpiForWindow(window));
+      const int dpi = view.dpi();
       reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {
           toPixels(kSmallestSettingsUnits.width, dpi),
           toPixels(kSmallestSettingsUnits.height, dpi)};
@@ -130,11 +124,9 @@ std::optional<LRESULT> SettingsMessagesWin::onPane(HWND window, UINT message) {
 
 std::optional<LRESULT> SettingsMessagesWin::onHost(HWND window, UINT message, WPARAM wParam) {
   switch (message) {
-    case WM_SIZE:
-      if (!app.form.controlsSuppressed) refreshPreview(app);
-      return 0;
-    case WM_HSCROLL: scrollPreview(app, Bar::PreviewHorizontal, stepOf(LOWORD(wParam))); return 0;
-    case WM_VSCROLL: scrollPreview(app, Bar::PreviewVertical, stepOf(LOWORD(wParam))); return 0;
+    case WM_SIZE: refreshPreview(app); return 0;
+    case WM_HSCROLL: scrollPreview(app, Bar::PreviewHorizontal, stepFrom(wParam)); return 0;
+    case WM_VSCROLL: scrollPreview(app, Bar::PreviewVertical, stepFrom(wParam)); return 0;
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: view.painter().paintPreviewHost(window); return 0;
     default: return {};
@@ -150,24 +142,22 @@ std::optional<LRESULT> SettingsMessagesWin::onPreview(HWND window, UINT message,
       if (hit == CornerHit::None) return {};
       return static_cast<LRESULT>(hit);
     }
+    case WM_GETMINMAXINFO: limitSize(lParam, clockSizeLimits(view.dpi())); return 0;
     case WM_NCLBUTTONDOWN:
-      if (wParam < HTTOPLEFT || wParam > HTBOTTOMRIGHT || wParam == HTBOTTOM) return {};
-      drag = Drag{static_cast<CornerHit>(wParam), cursor(), view.rectOf(kPreview)};
+    case WM_NCLBUTTONDBLCLK: {  // a second press soon after the first
+      const CornerHit hit = cornerFrom(static_cast<int>(wParam));
+      if (hit == CornerHit::None) return {};
       SetCapture(window);
-      return 0;
-    case WM_MOUSEMOVE: {
-      if (!drag || GetCapture() != window) return 0;
-      const Point now = cursor();
-      const Point way{now.x - drag->cursor.x, now.y - drag->cursor.y};
-      view.placePreview(dragCorner(drag->rect, drag->hit, way, view.dpi(), true));
+      onPreviewCornerPress(app, hit, cursor());
       return 0;
     }
+    case WM_MOUSEMOVE: onPreviewCornerDrag(app, cursor()); return 0;
     case WM_LBUTTONUP:
-      if (drag) ReleaseCapture();
+      if (GetCapture() == window) ReleaseCapture();
       return 0;
-    case WM_CAPTURECHANGED: drag.reset(); return 0;
+    case WM_CAPTURECHANGED: onPreviewDragEnded(app); return 0;
     case WM_SIZE:
-      if (drag) onPreviewDragged(app, {LOWORD(lParam), HIWORD(lParam)});
+      onPreviewSized(app, {LOWORD(lParam), HIWORD(lParam)});
       InvalidateRect(window, nullptr, FALSE);
       return 0;
     case WM_ERASEBKGND: return 1;
@@ -177,26 +167,15 @@ std::optional<LRESULT> SettingsMessagesWin::onPreview(HWND window, UINT message,
   }
 }
 
-void SettingsMessagesWin::onScroll(WPARAM wParam) {
-  switch (LOWORD(wParam)) {
-    case SB_LINEUP: return scrollPage(app, PageScroll::LineUp);
-    case SB_LINEDOWN: return scrollPage(app, PageScroll::LineDown);
-    case SB_PAGEUP: return scrollPage(app, PageScroll::PageUp);
-    case SB_PAGEDOWN: return scrollPage(app, PageScroll::PageDown);
-    case SB_THUMBPOSITION: return scrollTo(app, HIWORD(wParam));
-    case SB_THUMBTRACK: return scrollPage(app, PageScroll::Track);
-    case SB_TOP: return scrollPage(app, PageScroll::Top);
-    case SB_BOTTOM: return scrollPage(app, PageScroll::Bottom);
-    default: return;
-  }
-}
-
 void SettingsMessagesWin::onWheel(WPARAM wParam, LPARAM lParam) {
   const HWND list = view.control(kFileList);
   const HWND under = WindowFromPoint({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
   const bool overList = IsWindowVisible(list) && (under == list || IsChild(list, under));
-  if (overList) {
+  // A list sends what it does not want, as a turn with Ctrl, to its parent: not a second time.
+  if (overList && !listHasWheel) {
+    listHasWheel = true;
     SendMessageW(list, WM_MOUSEWHEEL, wParam, lParam);
+    listHasWheel = false;
   } else {
     SendMessageW(view.control(kContentPane), kPageWheel, wParam, lParam);
   }
@@ -218,8 +197,9 @@ bool SettingsMessagesWin::takesFromLoop(MSG& message) {
   const HWND window = view.topWindow();
   if (window == nullptr) return false;
   const bool isOurs = message.hwnd == window || IsChild(window, message.hwnd);
-  if (isOurs && message.message == WM_KEYDOWN && GetKeyState(VK_CONTROL) < 0 &&
-      onSettingsKey(app, static_cast<int>(message.wParam))) {
+  const HeldKeys held{GetKeyState(VK_CONTROL) < 0, GetKeyState(VK_MENU) < 0};
+  if (isOurs && message.message == WM_KEYDOWN &&
+      onSettingsKey(app, static_cast<int>(message.wParam), held)) {
     return true;
   }
   const HWND before = GetFocus();

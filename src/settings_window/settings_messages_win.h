@@ -29,21 +29,14 @@ class SettingsMessagesWin {
   std::optional<LRESULT> onPane(HWND window, UINT message);
   std::optional<LRESULT> onHost(HWND window, UINT message, WPARAM wParam);
   std::optional<LRESULT> onPreview(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void onScroll(WPARAM wParam);
   void onWheel(WPARAM wParam, LPARAM lParam);
   void keepFocus(HWND window);
   [[nodiscard]] bool giveFocusBack(HWND window) const;
 
-  struct Drag {
-    CornerHit hit;
-    Point cursor;
-    Rect rect;
-  };
-
   App& app;
   SettingsViewWin& view;
   ClockPainterWin& painter;
-  std::optional<Drag> drag;
+  bool listHasWheel = false;   // a turn of the wheel is with the list of files
   HWND focusBefore = nullptr;  // the control that had the keyboard when another window took it
 };
 

@@ -15,13 +15,6 @@ namespace {
 
 bool isReadOnly(HWND edit) { return (GetWindowLongPtrW(edit, GWL_STYLE) & ES_READONLY) != 0; }
 
-std::u16string textOf(HWND window) {
-  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
-  text.resize(
-      static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
-  return u16From(text);
-}
-
 std::u16string rowText(const DRAWITEMSTRUCT& item, UINT lengthMessage, UINT textMessage) {
   const LRESULT length = SendMessageW(item.hwndItem, lengthMessage, item.itemID, 0);
   if (length <= 0) return {};
@@ -44,6 +37,13 @@ ColourAsker askerOf(UINT message, HWND control) {
 bool isWindowClass(HWND window, const wchar_t* name) {
   wchar_t buffer[80];
   return GetClassNameW(window, buffer, 80) != 0 && lstrcmpiW(buffer, name) == 0;
+}
+
+std::u16string windowText(HWND window) {
+  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return u16From(text);
 }
 
 void SettingsLook::prepare(int windowDpi) {
@@ -118,7 +118,7 @@ void SettingsLook::narrowToFrame(RECT& client) const {
 
 void SettingsLook::paintEmptyList(HWND window) const {
   const HDC dc = GetDC(window);
-  paint(dc, drawEmptyList(clientSizeOf(window), dpi), fonts);
+  paint(dc, drawEmptyList(clientSizeOf(window), dpi, GetFocus() == window), fonts);
   ReleaseDC(window, dc);
 }
 
@@ -133,12 +133,15 @@ bool SettingsLook::drawItem(const DRAWITEMSTRUCT& item) const {
   if (!inCombo && (item.CtlType != ODT_LISTBOX || item.CtlID != kFileList)) return false;
   const Rect row = rectFrom(item.rcItem);
   const bool isSelected = (item.itemState & ODS_SELECTED) != 0;
-  if (inCombo) {
+  const bool hasCursor = (item.itemState & ODS_FOCUS) != 0;
+  if (item.itemState & ODS_COMBOBOXEDIT) {
+    InvalidateRect(item.hwndItem, nullptr, FALSE);  // the whole combo is painted at once
+  } else if (inCombo) {
     const std::u16string text = rowText(item, CB_GETLBTEXTLEN, CB_GETLBTEXT);
     paint(item.hDC, drawComboRow(row, text, isSelected, dpi), fonts);
   } else if (item.itemID != static_cast<UINT>(-1)) {
     const std::u16string text = rowText(item, LB_GETTEXTLEN, LB_GETTEXT);
-    paint(item.hDC, drawFileRow(row, text, isSelected, dpi), fonts);
+    paint(item.hDC, drawFileRow(row, text, isSelected, dpi, hasCursor), fonts);
   }
   return true;
 }
@@ -168,15 +171,16 @@ void SettingsLook::paintControl(HWND window) const {
   ControlState state{
       .id = id,
       .size = clientSizeOf(window),
-      .text = textOf(window),
+      .text = windowText(window),
       .isEnabled = IsWindowEnabled(window) != FALSE,
       .isChecked = SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED,
       .isPressed = (SendMessageW(window, BM_GETSTATE, 0, 0) & BST_PUSHED) != 0,
       .isHovered = GetPropW(window, kHoverProperty) != nullptr,
       .isFocused = GetFocus() == window,
       .isActive = GetPropW(window, kActiveProperty) != nullptr || id == kFirstSection + form.page};
-  if (const int box = colourBoxOf(id))
-    state.colourText = textOf(GetDlgItem(GetParent(window), box));
+  if (const auto box = colourBoxOf(id)) {
+    state.colourText = windowText(GetDlgItem(GetParent(window), *box));
+  }
   paintClient(window, drawControl(state, dpi));
 }
 

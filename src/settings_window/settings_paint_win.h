@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <string>
+
 #include "core/unique_handle.h"
 #include "settings_window/settings_form.h"
 #include "settings_window/settings_shapes_win.h"
@@ -20,6 +22,8 @@ inline constexpr wchar_t kActiveProperty[] = L"Marlune.Active";
 inline constexpr wchar_t kInvalidProperty[] = L"Marlune.Invalid";
 
 bool isWindowClass(HWND window, const wchar_t* name);
+/// Empty without a window.
+std::u16string windowText(HWND window);
 
 /// What painting needs for as long as the window lives. Everything else comes from the form.
 class SettingsLook {

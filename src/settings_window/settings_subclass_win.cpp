@@ -3,9 +3,8 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
-#include <algorithm>
-
 #include "settings_window/control_ids.h"
+#include "settings_window/presentation_page.h"
 
 namespace mrl {
 namespace {
@@ -46,6 +45,7 @@ bool changesTheLook(UINT message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
     case WM_SETTEXT:
+    case WM_UPDATEUISTATE:
     case CB_SETCURSEL:
     case LB_SETCURSEL: return true;
     default: return false;
@@ -81,6 +81,11 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
       }
       look.paintEditFrame(window);
       return 0;
+    case WM_NCHITTEST: {
+      const LRESULT hit = DefSubclassProc(window, message, wParam, lParam);
+      // A box's padding takes clicks as its text does.
+      return kind == Kind::Edit && (hit == HTNOWHERE || hit == HTBORDER) ? HTCLIENT : hit;
+    }
     case WM_MOUSEWHEEL:
       if (kind != Kind::Combo || SendMessageW(window, CB_GETDROPPEDSTATE, 0, 0)) break;
       SendMessageW(GetParent(window), message, wParam, lParam);
@@ -113,18 +118,20 @@ int switchAt(HWND list, LPARAM point, const SettingsLook& look) {
 
 void toggleExclusion(HWND list) { SendMessageW(GetParent(list), WM_COMMAND, kToggleExclusion, 0); }
 
-/// Whether the list has nothing to scroll for this turn of the wheel.
-bool handsWheelOn(HWND list, WPARAM wParam, LPARAM lParam) {
+ListWheel wheelOver(HWND list, WPARAM wParam, LPARAM lParam) {
+  const auto ask = [list](UINT message) {
+    return static_cast<int>(SendMessageW(list, message, 0, 0));
+  };
   RECT client{};
   GetClientRect(list, &client);
   POINT at{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
   ScreenToClient(list, &at);
-  if (!PtInRect(&client, at)) return true;
-  const auto height = std::max<LRESULT>(SendMessageW(list, LB_GETITEMHEIGHT, 0, 0), 1);
-  const auto visible = std::max<LRESULT>(client.bottom / height, 1);
-  const auto last = std::max<LRESULT>(SendMessageW(list, LB_GETCOUNT, 0, 0) - visible, 0);
-  const LRESULT top = SendMessageW(list, LB_GETTOPINDEX, 0, 0);
-  return GET_WHEEL_DELTA_WPARAM(wParam) > 0 ? top == 0 : top >= last;
+  return {.isInside = PtInRect(&client, at) != FALSE,
+          .delta = GET_WHEEL_DELTA_WPARAM(wParam),
+          .topRow = ask(LB_GETTOPINDEX),
+          .rows = ask(LB_GETCOUNT),
+          .height = static_cast<int>(client.bottom),
+          .rowHeight = ask(LB_GETITEMHEIGHT)};
 }
 
 LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
@@ -148,7 +155,7 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
       toggleExclusion(list);
       return 0;
     case WM_MOUSEWHEEL:
-      if (!handsWheelOn(list, wParam, lParam)) break;
+      if (!handsWheelOn(wheelOver(list, wParam, lParam))) break;
       SendMessageW(GetParent(list), kPageWheel, wParam, lParam);
       return 0;
     case WM_PAINT: {

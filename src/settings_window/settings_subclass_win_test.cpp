@@ -13,6 +13,7 @@ namespace mrl {
 namespace {
 
 constexpr wchar_t kParentClass[] = L"Marlune.Test.Look";
+constexpr uint32_t kAlien = 0xFF00FF;  // nothing of ours has it
 
 class SettingsSubclassTest : public testing::Test {
  protected:
@@ -99,7 +100,8 @@ TEST_F(SettingsSubclassTest, AMoveWithinTheControlChangesNothing) {
 
 TEST_F(SettingsSubclassTest, WhateverChangesTheLookIsPainted) {
   const HWND button = addButton();
-  constexpr UINT kPlain[] = {WM_SETFOCUS, WM_KILLFOCUS, WM_LBUTTONDOWN, WM_LBUTTONUP, BM_SETSTATE};
+  constexpr UINT kPlain[] = {WM_SETFOCUS,  WM_KILLFOCUS, WM_LBUTTONDOWN,
+                             WM_LBUTTONUP, BM_SETSTATE,  WM_UPDATEUISTATE};
   for (const UINT message : kPlain) {
     EXPECT_TRUE(invalidates(button, message)) << message;
   }
@@ -132,6 +134,49 @@ TEST_F(SettingsSubclassTest, AnOpenCombosWheelIsItsOwn) {
 TEST_F(SettingsSubclassTest, ABoxesTextStandsWithinItsFrame) {
   EXPECT_EQ(clientSizeOf(addEdit({100, 38})), (Size{80, 25}));
   EXPECT_EQ(clientSizeOf(addEdit({40, 26})), (Size{40, 26}));
+}
+
+TEST_F(SettingsSubclassTest, ABoxesPaddingBelongsToItsTextForTheMouse) {
+  const HWND edit = addEdit({100, 38});
+  RECT outer{};
+  GetWindowRect(edit, &outer);
+  const auto hit = [&](int x, int y) {
+    return SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(outer.left + x, outer.top + y));
+  };
+  EXPECT_EQ(hit(50, 19), HTCLIENT);
+  for (const POINT at : {POINT{1, 1}, POINT{4, 19}, POINT{96, 19}, POINT{50, 3}, POINT{50, 36}}) {
+    EXPECT_EQ(hit(at.x, at.y), HTCLIENT) << at.x << "," << at.y;
+  }
+}
+
+TEST_F(SettingsSubclassTest, ABoxesScrollBarStaysOneForTheMouse) {
+  const HWND edit = addEdit({200, 60}, ES_MULTILINE | ES_READONLY | WS_VSCROLL);
+  SetWindowTextW(edit, L"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
+  SCROLLBARINFO bar{};
+  bar.cbSize = sizeof bar;
+  ASSERT_TRUE(GetScrollBarInfo(edit, OBJID_VSCROLL, &bar));
+  const LONG x = (bar.rcScrollBar.left + bar.rcScrollBar.right) / 2;
+  const LONG y = (bar.rcScrollBar.top + bar.rcScrollBar.bottom) / 2;
+  EXPECT_EQ(SendMessageW(edit, WM_NCHITTEST, 0, MAKELPARAM(x, y)), HTVSCROLL);
+}
+
+TEST_F(SettingsSubclassTest, WhatTheSystemPaintsIntoAClosedComboIsPaintedOverAtOnce) {
+  const HWND combo = addCombo();
+  UpdateWindow(combo);
+  const HDC dc = GetDC(combo);
+  DRAWITEMSTRUCT item{};
+  item.CtlType = ODT_COMBOBOX;
+  item.CtlID = kShapeCombo;
+  item.hwndItem = combo;
+  item.hDC = dc;
+  item.rcItem = {3, 3, 100, 30};
+  item.itemState = ODS_SELECTED | ODS_COMBOBOXEDIT;
+  SetPixel(dc, 50, 10, systemColour(kAlien));
+  EXPECT_TRUE(look.drawItem(item));
+  EXPECT_EQ(GetPixel(dc, 50, 10), systemColour(kAlien)) << "no row of a list goes there";
+  EXPECT_TRUE(GetUpdateRect(combo, nullptr, FALSE));
+  EXPECT_NE(pixel(combo, 50, 10), kAlien);
+  ReleaseDC(combo, dc);
 }
 
 TEST_F(SettingsSubclassTest, ABoxesFrameFollowsItsMarkAndItsFocus) {
@@ -243,6 +288,45 @@ TEST_F(SettingsSubclassTest, ColoursAreAnsweredWithTheMatchingBrush) {
   EXPECT_EQ(GetTextColor(dc), systemColour(kWarnText));
   EXPECT_EQ(GetBkMode(dc), TRANSPARENT);
   ReleaseDC(parent, dc);
+}
+
+TEST_F(SettingsSubclassTest, AListWithTheKeyboardShowsIt) {
+  const HWND list = add(L"LISTBOX", kFileList, {300, 100},
+                        LBS_OWNERDRAWFIXED | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT);
+  adoptFileList(list, look);
+  const auto markedPixels = [&] {
+    int count = 0;
+    for (int x = 10; x < 290; ++x) count += pixel(list, x, 2) != kWhite;
+    return count;
+  };
+  EXPECT_EQ(markedPixels(), 0);
+  SetFocus(list);
+  EXPECT_GT(markedPixels(), 50);
+  SetFocus(parent);
+  EXPECT_EQ(markedPixels(), 0);
+}
+
+TEST_F(SettingsSubclassTest, ARowWithTheKeyboardShowsItUnlessItIsSelected) {
+  const HWND list = add(L"LISTBOX", kFileList, {300, 100}, LBS_OWNERDRAWFIXED | LBS_HASSTRINGS);
+  SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(L"[正常计时] a"));
+  const HDC dc = GetDC(list);
+  DRAWITEMSTRUCT item{};
+  item.CtlType = ODT_LISTBOX;
+  item.CtlID = kFileList;
+  item.hwndItem = list;
+  item.hDC = dc;
+  item.rcItem = {0, 0, 300, 54};
+  const auto markedPixels = [&](UINT state) {
+    item.itemState = state;
+    EXPECT_TRUE(look.drawItem(item));
+    int count = 0;
+    for (int x = 10; x < 290; ++x) count += GetPixel(dc, x, 2) != GetPixel(dc, x, 0);
+    return count;
+  };
+  EXPECT_EQ(markedPixels(0), 0);
+  EXPECT_GT(markedPixels(ODS_FOCUS), 50);
+  EXPECT_EQ(markedPixels(ODS_FOCUS | ODS_SELECTED), 0);
+  ReleaseDC(list, dc);
 }
 
 TEST_F(SettingsSubclassTest, AListWithoutRowsSaysSoAndOneWithRowsDoesNot) {

@@ -40,6 +40,18 @@ struct ScrollInfo {
   bool operator==(const ScrollInfo&) const = default;
 };
 
+/// What a scroll bar asks for. The numbers are those of the system.
+enum class ScrollStep {
+  LineBack,
+  LineForward,
+  PageBack,
+  PageForward,
+  Drop,  // of the thumb, where it was dragged to
+  Track,
+  Start,
+  End,
+};
+
 /// A control's place in its parent, pixels.
 struct Placement {
   int id = 0;
@@ -96,6 +108,8 @@ class SettingsView {
 
   /// 96 while there is no window.
   [[nodiscard]] virtual int dpi() const = 0;
+  /// Fits fonts, rows and frames to a monitor of another DPI, then takes the place there.
+  virtual void adoptDpi(int dpi, const Rect& rect) = 0;
   [[nodiscard]] virtual Size clientSize() const = 0;
   [[nodiscard]] virtual Rect rectOf(int id) = 0;
   /// Moves the window's own children and the pane's, each in one step.

@@ -79,6 +79,7 @@ class SettingsViewFake : public SettingsView {
 
   std::u16string text(int id) override { return open ? texts[id] : u""; }
   void setText(int id, const std::u16string& text) override {
+    written.push_back(id);
     if (open) change(id, text);
   }
   bool isChecked(int id) override { return checked.contains(id); }
@@ -107,7 +108,17 @@ class SettingsViewFake : public SettingsView {
 
   int dpi() const override { return open ? windowDpi : kUnitsPerInch; }
   Size clientSize() const override { return open ? client : Size{}; }
-  Rect rectOf(int id) override { return rects.contains(id) ? rects[id] : Rect{}; }
+  void adoptDpi(int dpi, const Rect& rect) override {
+    if (!open) return;
+    windowDpi = dpi;
+    windowRect = rect;
+    client = {rect.width(), rect.height()};
+    calls.emplace_back("adoptDpi");
+  }
+  Rect rectOf(int id) override {
+    if (id == kPreview) return previewPlace;
+    return rects.contains(id) ? rects[id] : Rect{};
+  }
   void place(std::span<const Placement> placements) override {
     if (!open) return;
     for (const Placement& placement : placements) rects[placement.id] = placement.rect;
@@ -115,13 +126,23 @@ class SettingsViewFake : public SettingsView {
   void setVisible(int id, bool visible) override { put(hidden, id, !visible); }
   ScrollInfo scrollInfo(Bar bar) override { return bars.contains(bar) ? bars[bar] : ScrollInfo{}; }
   void setScrollInfo(Bar bar, const ScrollInfo& info) override {
-    if (open) bars[bar] = info;
+    if (!open) return;
+    const Size before = previewHostSize();
+    bars[bar] = info;
+    if (previewHostSize() != before) hostSized();
   }
   void redrawAll() override { calls.emplace_back("redrawAll"); }
   void redrawPane() override { calls.emplace_back("redrawPane"); }
-  Size previewHostSize() override { return open ? previewHost : Size{}; }
+  Size previewHostSize() override {
+    if (!open) return {};
+    return {previewHost.width - (isShown(Bar::PreviewVertical) ? kBarPixels : 0),
+            previewHost.height - (isShown(Bar::PreviewHorizontal) ? kBarPixels : 0)};
+  }
   void placePreview(const Rect& rect) override {
-    if (open) previewPlace = rect;
+    if (!open) return;
+    const Rect before = std::exchange(previewPlace, rect);
+    const Size size{rect.width(), rect.height()};
+    if (size != Size{before.width(), before.height()}) previewSized(size);
   }
 
   bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
@@ -160,9 +181,12 @@ class SettingsViewFake : public SettingsView {
   };
   static constexpr int64_t kHandle = 900;
   static constexpr int kNobody = -1;
+  static constexpr int kBarPixels = 17;  // what a scroll bar takes from its window
 
   // What steers it.
   std::function<void(int id, int notification)> notify = [](int, int) {};
+  std::function<void()> hostSized = [] {};
+  std::function<void(Size)> previewSized = [](Size) {};
   bool createFails = false;
   bool aboveAll = false;
   bool answersYes = false;
@@ -171,7 +195,7 @@ class SettingsViewFake : public SettingsView {
   std::optional<uint32_t> pickedColour;  // none: the person cancels
   int windowDpi = kUnitsPerInch;
   Size client{1040, 740};
-  Size previewHost{700, 112};
+  Size previewHost{700, 112};  // with its scroll bars
 
   // What it was told.
   int creations = 0;
@@ -181,6 +205,7 @@ class SettingsViewFake : public SettingsView {
   std::vector<uint32_t> offeredColours;
   std::u16string clipboard;
   std::vector<std::string> calls;
+  std::vector<int> written;  // texts, by whose id
 
   // What stands in the window; gone with it.
   bool open = false;
@@ -201,6 +226,8 @@ class SettingsViewFake : public SettingsView {
   std::vector<int> invalidated;
 
  private:
+  /// As the system shows it: where there is something to scroll.
+  bool isShown(Bar bar) { return bars.contains(bar) && bars[bar].page <= bars[bar].last; }
   static const Control& rowOf(int id) {
     assert(findControl(id));
     return *findControl(id);

@@ -63,14 +63,7 @@ void SettingsViewWin::standAboveAll(bool on) {
   if (!on) SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, kLayerOnly);
 }
 
-std::u16string SettingsViewWin::text(int id) {
-  const HWND target = control(id);
-  if (target == nullptr) return {};
-  std::wstring text(static_cast<size_t>(GetWindowTextLengthW(target)) + 1, L'\0');
-  text.resize(
-      static_cast<size_t>(GetWindowTextW(target, text.data(), static_cast<int>(text.size()))));
-  return u16From(text);
-}
+std::u16string SettingsViewWin::text(int id) { return windowText(control(id)); }
 
 void SettingsViewWin::setText(int id, const std::u16string& text) {
   SetWindowTextW(control(id), wideFrom(text).c_str());
@@ -147,10 +140,6 @@ void SettingsViewWin::redrawFrame(int id) {
 
 void SettingsViewWin::invalidate(int id) {
   if (control(id) != nullptr) InvalidateRect(control(id), nullptr, FALSE);
-}
-
-int SettingsViewWin::dpi() const {
-  return isOpen() ? static_cast<int>(GetDpiForWindow(window)) : kUnitsPerInch;
 }
 
 Size SettingsViewWin::clientSize() const { return clientSizeOf(window); }

@@ -41,7 +41,8 @@ class SettingsViewWin : public SettingsView {
   void setMark(int id, Mark mark, bool on) override;
   void redrawFrame(int id) override;
   void invalidate(int id) override;
-  int dpi() const override;
+  int dpi() const override { return isOpen() ? windowDpi : kUnitsPerInch; }
+  void adoptDpi(int dpi, const Rect& rect) override;
   Size clientSize() const override;
   Rect rectOf(int id) override;
   void place(std::span<const Placement> placements) override;
@@ -63,8 +64,6 @@ class SettingsViewWin : public SettingsView {
   [[nodiscard]] HWND control(int id) const;
   [[nodiscard]] HWND topWindow() const { return window; }
   [[nodiscard]] const SettingsLook& painter() const { return look; }
-  /// The window came to a monitor of another DPI.
-  void adoptDpi();
   /// The window goes, its controls still exist.
   void onDestroying() const;
   /// The system took the window away.
@@ -74,7 +73,7 @@ class SettingsViewWin : public SettingsView {
   void comeUp(int how);
   bool createControl(const Control& row);
   void adorn(HWND made, const Control& row) const;
-  void applyFont(HWND made, int id) const;
+  void fitToDpi(HWND made, const Control& row) const;
   void placeOne(const Placement& placement) const;
   LRESULT send(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
 
@@ -83,7 +82,8 @@ class SettingsViewWin : public SettingsView {
   void* creationParameter;
   HWND window = nullptr;
   bool aboveAll = false;
-  std::map<int, HWND> controls;  // the pane among them
+  int windowDpi = kUnitsPerInch;  // what the system said last
+  std::map<int, HWND> controls;   // the pane among them
 };
 
 }  // namespace mrl

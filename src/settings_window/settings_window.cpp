@@ -92,7 +92,9 @@ void selectPage(App& app, int index) {
   layoutPage(app);
 }
 
-bool onSettingsKey(App& app, int virtualKey) {
+bool onSettingsKey(App& app, int virtualKey, HeldKeys held) {
+  // Ctrl with Alt is AltGr, which types characters.
+  if (!held.control || held.alt) return false;
   if (virtualKey == kKeyS) {
     applyPending(app, true);
     refreshEnableStates(app);

@@ -28,9 +28,13 @@ void destroySettingsWindow(App& app);
 /// 0 to 4; any other number counts as the nearest of them.
 void selectPage(App& app, int index);
 
-/// A key pressed with Ctrl held, in the window or on one of its controls. True when it meant
-/// something, and then it goes no further.
-bool onSettingsKey(App& app, int virtualKey);
+struct HeldKeys {
+  bool control = false;
+  bool alt = false;
+};
+/// A key pressed in the window or on one of its controls. True when it meant something, and then it
+/// goes no further.
+bool onSettingsKey(App& app, int virtualKey, HeldKeys held);
 
 /// Writes only what differs, so that nothing flickers and no box reports a change.
 void setTextIfChanged(App& app, int id, const std::u16string& text);

@@ -1,6 +1,7 @@
 #include "settings_window/settings_window.h"
 
 #include "settings_window/layout.h"
+#include "settings_window/preview.h"
 #include "settings_window/settings_commands.h"
 #include "settings_window/settings_fixture.h"
 
@@ -12,6 +13,8 @@ constexpr char16_t kAskExit[] = u"部分输入无效或保存失败，尚未生�
 
 class SettingsWindowTest : public SettingsFixture {
  protected:
+  static constexpr HeldKeys kControl{.control = true};
+
   void expectAsked(const char16_t* text) {
     ASSERT_EQ(view().questions.size(), 1u);
     EXPECT_EQ(view().questions[0],
@@ -242,7 +245,7 @@ TEST_F(SettingsWindowTest, TheSidebarSelectsThePages) {
 TEST_F(SettingsWindowTest, CtrlAndADigitSelectAPageAndItsButton) {
   for (const int page : {4, 3, 2, 1, 0}) {
     app.form.scrollPosition = 40;
-    EXPECT_TRUE(onSettingsKey(app, '1' + page));
+    EXPECT_TRUE(onSettingsKey(app, '1' + page, kControl));
     EXPECT_EQ(app.form.page, page);
     EXPECT_EQ(app.form.scrollPosition, 0);
     EXPECT_TRUE(view().hasFocus(kFirstSection + page));
@@ -251,13 +254,14 @@ TEST_F(SettingsWindowTest, CtrlAndADigitSelectAPageAndItsButton) {
 
 TEST_F(SettingsWindowTest, CtrlSForcesWhatIsPending) {
   view().type(kMinutesBox, u"20");
-  EXPECT_TRUE(onSettingsKey(app, 'S'));
+  EXPECT_TRUE(onSettingsKey(app, 'S', kControl));
   EXPECT_EQ(saved().duration, 1200u);
   EXPECT_EQ(view().invalidated.back(), kPreviewHost);
 }
 
 TEST_F(SettingsWindowTest, OtherKeysWithCtrlAreLeftAlone) {
-  for (const int key : {0x30, 0x36, 0x41, 0x52, 0x70}) EXPECT_FALSE(onSettingsKey(app, key)) << key;
+  for (const int key : {0x30, 0x36, 0x41, 0x52, 0x70})
+    EXPECT_FALSE(onSettingsKey(app, key, kControl)) << key;
 }
 
 TEST_F(SettingsWindowTest, TheStatusIsKeptAndShown) {
@@ -310,11 +314,32 @@ TEST_F(SettingsWindowTest, AModeThatCouldNotBeSavedIsTakenBack) {
   EXPECT_EQ(view().row(kModeCombo), 0);
 }
 
+TEST_F(SettingsWindowTest, KeysThatTypeCharactersTurnNoPage) {
+  view().type(kMinutesBox, u"20");
+  for (const HeldKeys held : {HeldKeys{}, HeldKeys{.alt = true}, HeldKeys{true, true}}) {
+    EXPECT_FALSE(onSettingsKey(app, '3', held));
+    EXPECT_FALSE(onSettingsKey(app, 'S', held));
+  }
+  EXPECT_EQ(app.form.page, 0);
+  EXPECT_TRUE(isPending(kMinutesBox));
+}
+
+TEST_F(SettingsWindowTest, WhatIsShownAlreadyIsNotWrittenAgain) {
+  runFor(1000);
+  view().written.clear();
+  runFor(1000);
+  refreshPreview(app);
+  EXPECT_EQ(view().written, std::vector<int>{});
+  setTextIfChanged(app, kTimerLine, u"1");
+  setTextIfChanged(app, kTimerLine, u"1");
+  EXPECT_EQ(view().written, std::vector<int>{kTimerLine});
+}
+
 TEST_F(SettingsWindowTest, CtrlAndADigitForceNothingByThemselves) {
   view().click(kPerSlideCheck);  // the focus is in no box
   bookEdit(app, kMinutesBox, kEditDelayMs);
   view().texts[kMinutesBox] = u"20";
-  EXPECT_TRUE(onSettingsKey(app, '3'));
+  EXPECT_TRUE(onSettingsKey(app, '3', kControl));
   EXPECT_EQ(app.form.page, 2);
   EXPECT_TRUE(isPending(kMinutesBox));
   EXPECT_EQ(saved().duration, 900u);
@@ -325,7 +350,7 @@ TEST_F(SettingsWindowTest, CtrlAndADigitForceNothingByThemselves) {
 TEST_F(SettingsWindowTest, CtrlAndADigitLeaveABoxAsTheTabKeyDoes) {
   view().type(kMinutesBox, u"20");
   app.form.scrollPosition = 40;
-  EXPECT_TRUE(onSettingsKey(app, '3'));
+  EXPECT_TRUE(onSettingsKey(app, '3', kControl));
   EXPECT_EQ(app.form.page, 2);
   EXPECT_EQ(app.form.scrollPosition, 0);
   EXPECT_EQ(saved().duration, 1200u);
@@ -334,7 +359,7 @@ TEST_F(SettingsWindowTest, CtrlAndADigitLeaveABoxAsTheTabKeyDoes) {
 
 TEST_F(SettingsWindowTest, CtrlAndADigitLeaveWrongInputRed) {
   view().type(kSecondsBox, u"70");
-  EXPECT_TRUE(onSettingsKey(app, '3'));
+  EXPECT_TRUE(onSettingsKey(app, '3', kControl));
   EXPECT_TRUE(isRed(kSecondsBox));
   EXPECT_EQ(view().text(kSecondsBox), u"70");
   EXPECT_EQ(app.form.pendingEdits.at(kMinutesBox), kNotDue);
@@ -354,7 +379,7 @@ TEST_F(SettingsWindowTest, OnASmallScreenThePageScrolls) {
   view().client = {884, 500};
   layoutPage(app);
   EXPECT_EQ(view().bars[Bar::Page], (ScrollInfo{.last = 915, .page = 252}));
-  scrollPage(app, PageScroll::Bottom);
+  scrollPage(app, ScrollStep::End);
   EXPECT_EQ(app.form.scrollPosition, 916 - 252);
 }
 

@@ -112,7 +112,8 @@ Drawing drawComboRow(const Rect& row, const std::u16string& text, bool isSelecte
                 isSelected ? kAccent : kInk}};
 }
 
-Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi) {
+Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi,
+                    bool hasCursor) {
   const Scale scale{dpi};
   const bool excluded = text.starts_with(kSkippedRow);
   const size_t prefix = text.find(u"] ");
@@ -137,6 +138,7 @@ Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected
             {square.x + scale(18) + scale(8), row.top, row.right - scale(8), row.bottom},
             Face::Body,
             kInk});
+  if (hasCursor && !isSelected) drawing.push_back(FocusMark{insetBy(row, scale(2))});
   return drawing;
 }
 
@@ -147,16 +149,18 @@ Drawing drawStatusLine(Size client, const std::u16string& text, bool hasUnsavedI
           Label{text, wholeOf(client), faceOf(kStatusText), colours.text, false, true}};
 }
 
-Drawing drawEmptyList(Size client, int dpi) {
+Drawing drawEmptyList(Size client, int dpi, bool isFocused) {
   const Scale scale{dpi};
   const int middle = client.height / 2;
   const auto band = [&](int top, int bottom) {
     return Rect{scale(8), middle + scale(top), client.width - scale(8), middle + scale(bottom)};
   };
-  return {
+  Drawing drawing{
       Area{wholeOf(client), kWhite},
       Label{u"尚未添加演示文稿", band(-28, 2), Face::BodyStrong, kInk, true},
       Label{u"选择文件夹后，PPT / WPS 文件将显示在这里", band(4, 36), Face::Small, kMuted, true}};
+  if (isFocused) drawing.push_back(FocusMark{insetBy(wholeOf(client), scale(2))});
+  return drawing;
 }
 
 }  // namespace mrl

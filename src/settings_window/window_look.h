@@ -21,10 +21,12 @@ Drawing drawQrCode(Size client, const QrMatrix& matrix);
 
 Drawing drawComboRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi);
 /// `text` is the list's own: see kSkippedRow.
-Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi);
+/// `hasCursor`: the keyboard stands on it, which only a row that is not selected needs to show.
+Drawing drawFileRow(const Rect& row, const std::u16string& text, bool isSelected, int dpi,
+                    bool hasCursor = false);
 /// As the control shows it; beside the button of the footer, on two lines if need be.
 Drawing drawStatusLine(Size client, const std::u16string& text, bool hasUnsavedInput);
 /// A list without rows.
-Drawing drawEmptyList(Size client, int dpi);
+Drawing drawEmptyList(Size client, int dpi, bool isFocused = false);
 
 }  // namespace mrl

@@ -183,6 +183,17 @@ TEST(StatusLineLookTest, IsSmallAndMutedAndWarnsWhileInputWaits) {
             Shape(Label{u"Done.", {0, 0, 688, 34}, Face::Small, kWarnText, false, true}));
 }
 
+TEST(FileRowLookTest, OnlyARowThatIsNotSelectedNeedsTheMarkOfTheKeyboard) {
+  EXPECT_EQ(drawFileRow(kRow, u"[正常计时] a.ppt", false, kUsualDpi, true).back(),
+            Shape(FocusMark{insetBy(kRow, 2)}));
+  EXPECT_EQ(drawFileRow(kRow, u"[正常计时] a.ppt", true, kUsualDpi, true),
+            drawFileRow(kRow, u"[正常计时] a.ppt", true, kUsualDpi));
+}
+
+TEST(EmptyListLookTest, AListWithTheKeyboardShowsItThoughItIsEmpty) {
+  EXPECT_EQ(drawEmptyList({700, 204}, 192, true).back(), Shape(FocusMark{{4, 4, 696, 200}}));
+}
+
 TEST(EmptyListLookTest, SaysThatNothingIsThereAndWhatToDo) {
   EXPECT_EQ(drawEmptyList({700, 204}, kUsualDpi),
             (Drawing{Area{{0, 0, 700, 204}, kWhite},

@@ -143,7 +143,7 @@ TEST_F(SettingsBadInputTest, WhateverIsPastedIntoANumberBoxIsMarkedAndToldAndNot
     SCOPED_TRACE(box.id);
     ASSERT_NO_FATAL_FAILURE(turnToPageOf(box.page));
     const std::wstring error = numberError(box.range);
-    for (const wchar_t* garbage : {L"gar bage", L"-60", L"60.5", L"0x3C", L"６０"}) {
+    for (const wchar_t* garbage : {L"gar bage", L"-60", L"60.5", L"0x3C", L"六十"}) {
       expectPastedIsRefused(box.id, garbage, error);
     }
     // Once is enough for what takes seconds to be laid out.
@@ -151,6 +151,15 @@ TEST_F(SettingsBadInputTest, WhateverIsPastedIntoANumberBoxIsMarkedAndToldAndNot
     expectPastedIsRefused(box.id, std::wstring(length, L'6'), error);
     correct(box.id, box.fits);
   }
+}
+
+TEST_F(SettingsBadInputTest, DigitsOfFullWidthAreANumber) {
+  ASSERT_NO_FATAL_FAILURE(paste(kMinutesBox, L"１６"));
+  ASSERT_TRUE(reads(kMinutesBox, L"１６"));
+  pressKeys(VK_RETURN);
+  EXPECT_TRUE(says(kApplied));
+  EXPECT_FALSE(isRed(kMinutesBox));
+  EXPECT_TRUE(saved(&Settings::duration, 16 * 60));
 }
 
 TEST_F(SettingsBadInputTest, AnEmptyNumberWaitsForTheHandToLeaveAndIsZeroThen) {

@@ -89,6 +89,17 @@ TEST_F(SettingsCloseTest, EscapeDoesNotAnswerTheQuestion) {
   expectAllAsItWas();
 }
 
+TEST_F(SettingsCloseTest, TheWindowIsLaidOutForANewSizeWhileItAsks) {
+  ASSERT_NO_FATAL_FAILURE(openWithWrongInput());
+  press(kCloseButton);
+  ASSERT_TRUE(asks());
+  resize({scaled(900), scaled(620)});
+  const int right = toUnits(clientSize().width, dpi());
+  EXPECT_TRUE(waitUntil([&] { return rect(kCloseButton).left == scaled(right - 114); }));
+  answer(IDNO);
+  expectAllAsItWas();
+}
+
 TEST_F(SettingsCloseTest, TheClockGoesOnWhileItAsks) {
   ASSERT_NO_FATAL_FAILURE(openWithWrongInput());
   press(kToggleButton);

@@ -63,7 +63,10 @@ void pressKeys(WORD key, std::initializer_list<WORD> held) {
   for (const WORD holder : held) inputs.push_back(keyInput(holder, 0));
   inputs.push_back(keyInput(key, 0));
   inputs.push_back(keyInput(key, KEYEVENTF_KEYUP));
-  for (const WORD holder : held) inputs.push_back(keyInput(holder, KEYEVENTF_KEYUP));
+  // In reverse: an Alt key that is let go last would open a menu.
+  for (const WORD holder : std::vector(std::rbegin(held), std::rend(held))) {
+    inputs.push_back(keyInput(holder, KEYEVENTF_KEYUP));
+  }
   send(inputs);
 }
 
@@ -85,8 +88,11 @@ void clickMouse(POINT point, int times) {
   send(inputs);
 }
 
-void turnWheelAt(POINT point, int delta) {
-  std::vector<INPUT> inputs{mouseInput(point, 0), mouseInput(point, MOUSEEVENTF_WHEEL, delta)};
+void turnWheelAt(POINT point, int delta, std::initializer_list<WORD> held) {
+  std::vector<INPUT> inputs{mouseInput(point, 0)};
+  for (const WORD holder : held) inputs.push_back(keyInput(holder, 0));
+  inputs.push_back(mouseInput(point, MOUSEEVENTF_WHEEL, delta));
+  for (const WORD holder : held) inputs.push_back(keyInput(holder, KEYEVENTF_KEYUP));
   send(inputs);
 }
 

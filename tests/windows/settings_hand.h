@@ -21,7 +21,7 @@ void typeText(std::wstring_view text);
 /// On the screen.
 void clickMouse(POINT point, int times = 1);
 /// A notch is 120, away from the hand.
-void turnWheelAt(POINT point, int delta);
+void turnWheelAt(POINT point, int delta, std::initializer_list<WORD> held = {});
 /// What any program may paste; false when the clipboard is not to be had.
 [[nodiscard]] bool putOnClipboard(std::wstring_view text);
 std::wstring clipboardText();

@@ -206,6 +206,16 @@ TEST_F(SettingsKeyboardTest, ControlAndADigitLeaveWrongInputAsItIs) {
   EXPECT_EQ(program.settings().duration, 900u);
 }
 
+TEST_F(SettingsKeyboardTest, AltGrTypesCharactersAndTurnsNoPage) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  press(kMinutesBox);
+  ASSERT_TRUE(isFocused(kMinutesBox));
+  pressKeys('3', {VK_CONTROL, VK_MENU});
+  typeText(L"7");  // where the focus is by now
+  EXPECT_TRUE(waitUntil([&] { return text(kMinutesBox).find(L'7') != std::wstring::npos; }));
+  EXPECT_EQ(page(), 0);
+}
+
 TEST_F(SettingsKeyboardTest, ControlAndSApplyAndTheBoxKeepsTheFocus) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   overtype(kSecondsBox, L"70");

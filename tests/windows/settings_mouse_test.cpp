@@ -1,6 +1,7 @@
 // The wheel over the real settings window, and the mouse on the corners of its preview.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -19,14 +20,32 @@ class SettingsMouseTest : public SettingsHand {
     GetWindowRect(pane(), &seen);
     return {seen.left + 8, (seen.top + seen.bottom) / 2};
   }
-  /// The preview, by a corner.
-  bool isHeld() const {
+  /// As far as the host shows, without its scroll bars. Waits for it.
+  bool standsInTheMiddleOfItsHost() const {
+    return waitUntil([&] {
+      RECT host{};
+      GetClientRect(control(kPreviewHost), &host);
+      const Rect now = rect(kPreview);
+      return now.left == std::max((static_cast<int>(host.right) - now.width()) / 2, 0) &&
+             now.top == std::max((static_cast<int>(host.bottom) - now.height()) / 2, 0);
+    });
+  }
+  POINT cornerOfPreview() const {
+    RECT preview{};
+    GetWindowRect(control(kPreview), &preview);
+    return {preview.right - 4, preview.bottom - 4};
+  }
+  /// The mouse drags one of its corners.
+  bool holdsPreview() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
     return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
            info.hwndCapture == control(kPreview);
   }
   Point placeOfPreview() const { return {rect(kPreview).left, rect(kPreview).top}; }
+  bool hasBar(LONG style) const {
+    return (GetWindowLongW(control(kPreviewHost), GWL_STYLE) & style) != 0;
+  }
   /// Waits until the control has been scrolled to `top`.
   bool comesTo(int id, int top) const {
     return waitUntil([&] { return topOf(id) == top; });
@@ -100,44 +119,74 @@ TEST_F(SettingsMouseTest, TheWheelOverANumberChangesNoNumber) {
   EXPECT_EQ(text(kMinutesBox).find_first_not_of(L"150"), std::wstring::npos);
 }
 
-TEST_F(SettingsMouseTest, TheWheelOverTheListScrollsItAndAtItsEndsThePage) {
-  const TemporaryFolder decks(L"many decks");
-  for (char name = 'a'; name <= 'l'; ++name) {
-    std::ofstream(std::filesystem::path(decks.path() + L"\\" + std::wstring(1, name) + L".ppt"))
-        << "x";
+class SettingsListWheelTest : public SettingsMouseTest {
+ protected:
+  /// Twelve decks, and the page that lists them.
+  void SetUp() override {
+    for (char name = 'a'; name <= 'l'; ++name) {
+      std::ofstream(std::filesystem::path(decks.path() + L"\\" + std::wstring(1, name) + L".ppt"))
+          << "x";
+    }
+    Settings settings = quiet();
+    settings.pptFolder = u16From(decks.path());
+    ASSERT_NO_FATAL_FAILURE(open(settings));
+    turnTo(4);
   }
-  Settings settings = quiet();
-  settings.pptFolder = u16From(decks.path());
-  ASSERT_NO_FATAL_FAILURE(open(settings));
-  turnTo(4);
-  const auto firstRow = [&] { return ask(control(kFileList), LB_GETTOPINDEX); };
+  POINT onList() const {
+    RECT list{};
+    GetWindowRect(control(kFileList), &list);
+    return {list.left + 100, list.top + 20};
+  }
+  int firstRow() const { return static_cast<int>(ask(control(kFileList), LB_GETTOPINDEX)); }
+
+  const TemporaryFolder decks{L"many decks"};
+};
+
+TEST_F(SettingsListWheelTest, TheWheelOverTheListScrollsItAndAtItsEndsThePage) {
   const int top = topOf(kFileList);
-  RECT list{};
-  GetWindowRect(control(kFileList), &list);
-  const POINT onList{list.left + 100, list.top + 20};
-  turnWheelAt(onList, -WHEEL_DELTA);
+  const POINT point = onList();
+  turnWheelAt(point, -WHEEL_DELTA);
   EXPECT_TRUE(waitUntil([&] { return firstRow() > 0; }));
   EXPECT_EQ(topOf(kFileList), top);
-  turnWheelAt(onList, -10 * WHEEL_DELTA);
+  turnWheelAt(point, -10 * WHEEL_DELTA);
   EXPECT_TRUE(waitUntil([&] { return firstRow() >= 12 - 4; }));
-  turnWheelAt(onList, -WHEEL_DELTA);
+  turnWheelAt(point, -WHEEL_DELTA);
   EXPECT_TRUE(comesTo(kFileList, top - scaled(56)));
+}
+
+TEST_F(SettingsListWheelTest, AWheelWithAKeyHeldScrollsThePageByOneNotch) {
+  for (const WORD key : {VK_CONTROL, VK_SHIFT}) {
+    const int top = topOf(kFileList);
+    turnWheelAt(onList(), -WHEEL_DELTA, {key});
+    EXPECT_TRUE(comesTo(kFileList, top - scaled(56)));
+    turnWheelAt(margin(), WHEEL_DELTA);  // the end of what the turn may have done
+    EXPECT_TRUE(comesTo(kFileList, top)) << key;
+    EXPECT_EQ(firstRow(), 0);
+  }
+}
+
+TEST_F(SettingsListWheelTest, AfterATurnWithAKeyHeldTheListScrollsAgain) {
+  const int top = topOf(kFileList);
+  turnWheelAt(onList(), -WHEEL_DELTA, {VK_CONTROL});
+  ASSERT_TRUE(comesTo(kFileList, top - scaled(56)));
+  ask(pane(), WM_MOUSEWHEEL, MAKEWPARAM(0, static_cast<WORD>(-WHEEL_DELTA)),
+      MAKELPARAM(onList().x, onList().y));
+  EXPECT_GT(firstRow(), 0);
 }
 
 TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndTheClock) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   turnTo(1);
-  RECT preview{};
-  GetWindowRect(control(kPreview), &preview);
-  const POINT corner{preview.right - 4, preview.bottom - 4};
+  const POINT corner = cornerOfPreview();
   moveTo(corner);
   pressAt(corner);
-  ASSERT_TRUE(waitUntil([&] { return isHeld(); }));
+  ASSERT_TRUE(waitUntil([&] { return holdsPreview(); }));
   moveTo({corner.x + scaled(117), corner.y + scaled(18)});
   EXPECT_TRUE(reads(kWidthBox, L"300"));
   EXPECT_TRUE(reads(kHeightBox, L"100"));
   release();
-  EXPECT_TRUE(waitUntil([&] { return !isHeld(); }));
+  EXPECT_TRUE(waitUntil([&] { return !holdsPreview(); }));
+  EXPECT_TRUE(standsInTheMiddleOfItsHost());
   EXPECT_TRUE(saved(&Settings::windowWidth, 300));
   EXPECT_TRUE(saved(&Settings::windowHeight, 100));
   EXPECT_TRUE(says(kApplied));
@@ -165,11 +214,11 @@ TEST_F(SettingsMouseTest, EveryCornerOfThePreviewChangesItsSizeAndLeavesItInItsP
     moveTo(corner);
     pressAt(corner);
     // The X server lets a press fall through at times.
-    if (!waitUntil([&] { return isHeld(); }, 3000)) {
+    if (!waitUntil([&] { return holdsPreview(); }, 3000)) {
       release();
       pressAt(corner);
     }
-    ASSERT_TRUE(waitUntil([&] { return isHeld(); }));
+    ASSERT_TRUE(waitUntil([&] { return holdsPreview(); }));
     moveTo(
         {corner.x + (left ? -scaled(30) : scaled(30)), corner.y + (top ? -scaled(6) : scaled(6))});
     width += 30;
@@ -178,8 +227,69 @@ TEST_F(SettingsMouseTest, EveryCornerOfThePreviewChangesItsSizeAndLeavesItInItsP
     EXPECT_TRUE(reads(kHeightBox, std::to_wstring(height)));
     EXPECT_EQ(placeOfPreview(), before);
     release();
-    EXPECT_TRUE(waitUntil([&] { return !isHeld(); }));
+    EXPECT_TRUE(waitUntil([&] { return !holdsPreview(); }));
     EXPECT_TRUE(saved(&Settings::windowHeight, static_cast<uint32_t>(height)));
+  }
+}
+
+TEST_F(SettingsMouseTest, ASecondPressSoonAfterTheFirstDragsTheCornerToo) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  clickMouse(cornerOfPreview());
+  pressAt(cornerOfPreview());
+  EXPECT_TRUE(waitUntil([&] { return holdsPreview(); }));
+  release();
+}
+
+TEST_F(SettingsMouseTest, APreviewStandsInTheMiddleOfWhatItsScrollBarsLeave) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  const auto becomes = [&](int width, int height) {
+    return waitUntil([&] {
+      return rect(kPreview).width() == scaled(width) && rect(kPreview).height() == scaled(height);
+    });
+  };
+  retype(kWidthBox, L"1000");
+  ASSERT_TRUE(becomes(1000, 82));
+  EXPECT_TRUE(hasBar(WS_HSCROLL));
+  EXPECT_TRUE(standsInTheMiddleOfItsHost());
+  retype(kHeightBox, L"110");
+  ASSERT_TRUE(becomes(1000, 110));
+  EXPECT_TRUE(hasBar(WS_VSCROLL));
+  EXPECT_TRUE(standsInTheMiddleOfItsHost());
+  press(kDefaultSizeButton);
+  ASSERT_TRUE(becomes(183, 82));
+  EXPECT_FALSE(hasBar(WS_HSCROLL) || hasBar(WS_VSCROLL));
+  EXPECT_TRUE(standsInTheMiddleOfItsHost());
+}
+
+TEST_F(SettingsMouseTest, TheLimitsOfThePreviewAreThoseOfTheClock) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  MINMAXINFO limits{};
+  SendMessageW(control(kPreview), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+  EXPECT_EQ(limits.ptMinTrackSize.x, scaled(120));
+  EXPECT_EQ(limits.ptMinTrackSize.y, scaled(50));
+  EXPECT_EQ(limits.ptMaxTrackSize.x, scaled(1200));
+  EXPECT_EQ(limits.ptMaxTrackSize.y, scaled(600));
+}
+
+TEST_F(SettingsMouseTest, AClickOnThePaddingOfABoxIsAClickOnTheBox) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  reveal(kBlinkSecondsBox);
+  for (const int id : {int{kMinutesBox}, int{kSecondsBox}, int{kBlinkSecondsBox}}) {
+    SCOPED_TRACE(id);
+    reveal(id);
+    RECT box{};
+    GetWindowRect(control(id), &box);
+    const LONG x = (box.left + box.right) / 2;
+    const LONG y = (box.top + box.bottom) / 2;
+    for (const POINT point : {POINT{box.left + 4, y}, POINT{box.right - 4, y},
+                              POINT{x, box.top + 3}, POINT{x, box.bottom - 3}}) {
+      press(kPerSlideCheck);
+      ASSERT_TRUE(isFocused(kPerSlideCheck));
+      clickMouse(point);
+      EXPECT_TRUE(isFocused(id)) << point.x - box.left << "," << point.y - box.top;
+    }
   }
 }
 
