@@ -205,14 +205,16 @@ TEST_F(AppTest, AfterTheLoadComeDrawingThenClassesThenTheTimer) {
 
 TEST_F(AppTest, TheClockIsMadeShownAndPaintedBeforeTheLoopRuns) {
   startWith(Settings{});
-  EXPECT_EQ(clockWindow.calls, (std::vector<std::string>{"create", "show", "paintNow"}));
+  EXPECT_EQ(clockWindow.calls,
+            (std::vector<std::string>{"create", "show", "invalidate", "paintNow"}));
 }
 
 TEST_F(AppTest, AClockSavedOffScreenIsMovedIntoViewBeforeItIsShownAndNotSaved) {
   Settings settings;
   settings.windowX = 5000;
   startWith(settings);
-  EXPECT_EQ(clockWindow.calls, (std::vector<std::string>{"create", "moveTo", "show", "paintNow"}));
+  EXPECT_EQ(clockWindow.calls,
+            (std::vector<std::string>{"create", "moveTo", "show", "invalidate", "paintNow"}));
   EXPECT_EQ(clockWindow.place.left, 30);
   EXPECT_EQ(clockWindow.place.top, 30);
   EXPECT_EQ(saved().windowX, 5000);

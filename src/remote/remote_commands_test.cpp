@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/app_fixture.h"
+#include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/text.h"
