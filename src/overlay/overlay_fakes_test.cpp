@@ -42,7 +42,7 @@ TEST(ClockWindowFakeTest, ItRemembersWhatItWasTold) {
 
 TEST(ClockWindowFakeTest, WhileItIsHiddenItForgetsWhatItWasToPaint) {
   ClockWindowFake fake;
-  ASSERT_TRUE(fake.create({0, 0, 183, 82}));
+  ASSERT_TRUE(fake.create({0, 0}, {183, 82}));
   fake.show();
   fake.invalidate();
   EXPECT_TRUE(fake.paintDue);

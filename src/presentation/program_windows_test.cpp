@@ -9,7 +9,7 @@ namespace mrl {
 namespace {
 
 constexpr char16_t kOffice[] = u"C:\\Office\\POWERPNT.EXE";
-constexpr char16_t kWps[] = u"C:\\Kingsoft\\wpp.exe";
+constexpr char16_t kWpsImage[] = u"C:\\Office\\wpp.exe";
 
 class ObjectModelWindowsTest : public testing::Test {
  protected:
@@ -60,14 +60,14 @@ TEST(OtherProviderTest, WpsHasTwoNamesAndPowerPointOne) {
 
 TEST_F(ObjectModelWindowsTest, AProvidersOwnWindowsAreAskedFromTheTopDown) {
   add(kOffice);
-  add(kWps);
+  add(kWpsImage);
   add(kOffice);
   EXPECT_EQ(of(u"PowerPoint.Application"), (Handles{1, 3}));
   EXPECT_EQ(of(u"KWPP.Application"), Handles{2});
 }
 
 TEST_F(ObjectModelWindowsTest, ForTheOtherNameOfAProgramTheDesktopIsNotEvenLookedAt) {
-  add(kWps);
+  add(kWpsImage);
   EXPECT_EQ(of(u"WPP.Application"), Handles{});
   EXPECT_EQ(of(u"Marlune.Test.Application"), Handles{});
   EXPECT_EQ(of(u""), Handles{});

@@ -95,7 +95,7 @@ TEST(PaneLookTest, AtTwiceTheResolutionOnlyTheCornersGrow) {
 
 TEST(PaneLookTest, ACardEndsWhereAScrollBarBegins) {
   const Rect cards[] = {{16, 0, 808, 264}};
-  EXPECT_EQ(drawPane({807, 492}, cards, kDpi).back(),
+  EXPECT_EQ(drawPane({807, 492}, cards, kUsualDpi).back(),
             Shape(RoundedRect{{16, 0, 807, 264}, 12, kWhite, kCardLine, 1}));
 }
 
