@@ -54,14 +54,5 @@ TEST_F(SettingsCreateTest, ABoxHasNoMarginsBesideThoseOfItsFrame) {
   }
 }
 
-TEST_F(SettingsCreateTest, RowsAreAsHighAsTheirKindAtOnce) {
-  const int dpi = view.dpi();
-  for (const WPARAM part : {static_cast<WPARAM>(-1), WPARAM{0}}) {
-    EXPECT_EQ(SendMessageW(view.control(kShapeCombo), CB_GETITEMHEIGHT, part, 0),
-              toPixels(32, dpi));
-  }
-  EXPECT_EQ(SendMessageW(view.control(kFileList), LB_GETITEMHEIGHT, 0, 0), toPixels(54, dpi));
-}
-
 }  // namespace
 }  // namespace mrl
