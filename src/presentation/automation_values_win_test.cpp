@@ -41,7 +41,7 @@ class AutomationValuesWinTest : public AutomationWinTest {
 };
 
 /// The running application of the process, whose one property each test sets.
-struct AutomationContractPlace : AutomationPlaceWin {
+struct AutomationContractPlaceWin : AutomationPlaceWin {
   static constexpr char16_t kMember[] = u"Member";
   const AutomationRef owner = connect();
 
@@ -62,7 +62,7 @@ struct AutomationContractPlace : AutomationPlaceWin {
     object.members[L"Member"] = [outcome](VARIANT*, EXCEPINFO*) { return outcome; };
   }
 };
-INSTANTIATE_TYPED_TEST_SUITE_P(Win, AutomationContract, AutomationContractPlace);
+INSTANTIATE_TYPED_TEST_SUITE_P(Win, AutomationContract, AutomationContractPlaceWin);
 
 // --- results ---
 

@@ -125,7 +125,7 @@ void SettingsLook::paintEmptyList(HWND window) const {
 bool SettingsLook::drawItem(const DRAWITEMSTRUCT& item) const {
   if (item.CtlType == ODT_STATIC && item.CtlID == kStatusText) {
     paint(item.hDC,
-          drawStatusLine(clientSizeOf(item.hwndItem), textOf(item.hwndItem), form.settingsDirty),
+          drawStatusLine(clientSizeOf(item.hwndItem), windowText(item.hwndItem), form.settingsDirty),
           fonts);
     return true;
   }
