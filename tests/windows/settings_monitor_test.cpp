@@ -54,10 +54,10 @@ class SettingsMonitorTest : public SettingsScreen {
       EXPECT_EQ(ask(control(row.id), LB_GETITEMHEIGHT), toPixels(kFileRowUnits, dpi));
     }
     if (row.kind != ControlKind::Combo) return;
-    for (const int part : {-1, 0}) {
-      EXPECT_EQ(ask(control(row.id), CB_GETITEMHEIGHT, static_cast<WPARAM>(part)),
-                toPixels(kComboRowUnits, dpi));
-    }
+    EXPECT_EQ(ask(control(row.id), CB_GETITEMHEIGHT), toPixels(kComboRowUnits, dpi));
+    // What the closed combo shows; a system may count an edge of its own.
+    EXPECT_NEAR(static_cast<double>(ask(control(row.id), CB_GETITEMHEIGHT, WPARAM(-1))),
+                toPixels(kComboRowUnits, dpi), 2);
   }
   /// The page that is shown, and the frame.
   void expectAllFits(int dpi) {
