@@ -118,7 +118,7 @@ ControlState SettingsPicture::stateOf(int id) const {
     state.isChecked = ask(target, BM_GETCHECK) == BST_CHECKED;
     state.isPressed = (ask(target, BM_GETSTATE) & BST_PUSHED) != 0;
   }
-  if (const int box = colourBoxOf(id)) state.colourText = u16From(textOf(handle(box)));
+  if (const auto box = colourBoxOf(id)) state.colourText = u16From(textOf(handle(*box)));
   return state;
 }
 
