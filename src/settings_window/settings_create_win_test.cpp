@@ -29,17 +29,6 @@ class SettingsCreateTest : public testing::Test {
     view.destroy();
     view.onDestroyed();
   }
-  int iconSide(WPARAM which) const {
-    const auto icon = reinterpret_cast<HICON>(SendMessageW(view.topWindow(), WM_GETICON, which, 0));
-    ICONINFO info{};
-    if (!GetIconInfo(icon, &info)) return 0;
-    BITMAP mask{};
-    GetObjectW(info.hbmMask, sizeof mask, &mask);
-    DeleteObject(info.hbmMask);
-    DeleteObject(info.hbmColor);
-    return mask.bmWidth;
-  }
-
   Rect outer(HWND window) const {
     RECT rect{};
     GetWindowRect(window, &rect);
@@ -92,11 +81,6 @@ class SettingsCreateTest : public testing::Test {
   SettingsForm form;
   SettingsViewWin view{GetModuleHandleW(nullptr), &frame, form};
 };
-
-TEST_F(SettingsCreateTest, ItHasTheProgramsIconForTheTitleBarAndForTheTaskbar) {
-  EXPECT_EQ(iconSide(ICON_SMALL), toPixels(16, view.dpi()));
-  EXPECT_EQ(iconSide(ICON_BIG), toPixels(32, view.dpi()));
-}
 
 TEST_F(SettingsCreateTest, ABoxHasNoFrameOfTheSystem) {
   for (const Control& row : allControls()) {
