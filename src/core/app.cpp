@@ -1,5 +1,6 @@
 #include "core/app.h"
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -24,6 +25,8 @@ constexpr char16_t kTestRootArgument[] = u"--test-root=";
 constexpr char16_t kSettingsFileName[] = u"settings.dat";
 constexpr char16_t kFirstSaveFailed[] = u"初始设置保存失败：";
 constexpr uint32_t kTickPeriodMs = 100;
+// No screen reaches that far. A window made near the end of the numbers may come without a size.
+constexpr int kFarthestPlace = 1'000'000;
 
 void readArguments(App& app, const std::vector<std::u16string>& arguments) {
   const std::u16string_view prefix = kTestRootArgument;
@@ -59,7 +62,9 @@ bool createClock(App& app) {
   const Settings& settings = app.settings;
   const int width = toPixels(static_cast<int>(settings.windowWidth), dpi);
   const int height = toPixels(static_cast<int>(settings.windowHeight), dpi);
-  return app.platform.clockWindow.create({settings.windowX, settings.windowY}, {width, height});
+  const auto within = [](int place) { return std::clamp(place, -kFarthestPlace, kFarthestPlace); };
+  return app.platform.clockWindow.create({within(settings.windowX), within(settings.windowY)},
+                                         {width, height});
 }
 
 /// Nobody has seen yet what was wrong with the settings: a service that can't start doesn't take

@@ -18,7 +18,7 @@ class ClockWindowFake : public ClockWindow {
     calls.emplace_back("create");
     if (createFails) return false;
     exists = true;
-    place = {topLeft.x, topLeft.y, sum(topLeft.x, size.width), sum(topLeft.y, size.height)};
+    place = {topLeft.x, topLeft.y, topLeft.x + size.width, topLeft.y + size.height};
     return true;
   }
   void destroy() override {
@@ -88,11 +88,6 @@ class ClockWindowFake : public ClockWindow {
     captured = false;
   }
   Point cursor() const override { return cursorAt; }
-
-  /// The system's own, which wraps at the end of the numbers.
-  static int sum(int place, int length) {
-    return static_cast<int>(static_cast<unsigned>(place) + static_cast<unsigned>(length));
-  }
 
   /// What the loop does when it is idle.
   void paintIfDue() {

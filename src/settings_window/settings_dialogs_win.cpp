@@ -16,7 +16,7 @@ namespace mrl {
 namespace {
 
 /// Pickers need no such thing: they stand with their owner, which asked for them.
-UINT layerOf(bool aboveAll) { return aboveAll ? MB_TOPMOST : 0; }
+UINT layerOf(bool aboveAll) { return aboveAll ? MB_SYSTEMMODAL : 0; }
 
 UINT iconOf(DialogIcon icon) {
   switch (icon) {

@@ -99,7 +99,7 @@ TEST_F(ImageTest, TheManifestTellsThatItKnowsEachMonitorsScaleAndLongPaths) {
 }
 
 TEST_F(ImageTest, ThePageOfTheRemoteIsAboard) {
-  EXPECT_TRUE(resource(MARLUNE_PAGE, RT_RCDATA).starts_with("<!"));
+  EXPECT_TRUE(resource(MARLUNE_PAGE, RT_RCDATA).starts_with("\xEF\xBB\xBF<!DOCTYPE html>"));
 }
 
 TEST_F(ImageTest, TheVersionBlockNamesProductAndVersion) {

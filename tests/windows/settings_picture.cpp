@@ -179,15 +179,16 @@ void SettingsPicture::drawList(ExpectedPicture& picture) const {
   picture.leaveOut(outerRect(list));
   enter(picture, row, client);
   const auto count = static_cast<int>(ask(list, LB_GETCOUNT));
-  if (count == 0) return picture.paint(drawEmptyList(sizeOf(client), dpi()));
+  if (count == 0) return picture.paint(drawEmptyList(sizeOf(client), dpi(), handles.focus == list));
   picture.paint({Area{wholeOf(sizeOf(client)), kWhite}});
   const auto top = static_cast<int>(ask(list, LB_GETTOPINDEX));
   const auto selected = static_cast<int>(ask(list, LB_GETCURSEL));
   const int height = scaled(kFileRowUnits);
   for (int i = top; i < count && (i - top) * height < client.height(); ++i) {
     const Rect place{0, (i - top) * height, client.width(), (i - top + 1) * height};
-    picture.paint(
-        drawFileRow(place, u16From(listRow(list, static_cast<size_t>(i))), i == selected, dpi()));
+    const bool hasCursor = handles.focus == list && i == ask(list, LB_GETCARETINDEX);
+    picture.paint(drawFileRow(place, u16From(listRow(list, static_cast<size_t>(i))), i == selected,
+                              dpi(), hasCursor));
   }
 }
 
