@@ -11,6 +11,8 @@ target_link_libraries(
 if(EXISTS ${CMAKE_SOURCE_DIR}/src/main_win.cpp)
   enable_language(RC)
   add_executable(marlune WIN32 src/main_win.cpp src/resources/marlune.rc)
+  set_source_files_properties(src/resources/marlune.rc PROPERTIES OBJECT_DEPENDS
+                              ${CMAKE_SOURCE_DIR}/src/remote/page.html)
   target_link_options(marlune PRIVATE -municode)
   target_link_libraries(marlune PRIVATE marlune_edges)
 endif()
