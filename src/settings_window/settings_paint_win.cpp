@@ -124,9 +124,10 @@ void SettingsLook::paintEmptyList(HWND window) const {
 
 bool SettingsLook::drawItem(const DRAWITEMSTRUCT& item) const {
   if (item.CtlType == ODT_STATIC && item.CtlID == kStatusText) {
-    paint(item.hDC,
-          drawStatusLine(clientSizeOf(item.hwndItem), windowText(item.hwndItem), form.settingsDirty),
-          fonts);
+    paint(
+        item.hDC,
+        drawStatusLine(clientSizeOf(item.hwndItem), windowText(item.hwndItem), form.settingsDirty),
+        fonts);
     return true;
   }
   const bool inCombo = item.CtlType == ODT_COMBOBOX;
