@@ -16,11 +16,11 @@ using AskWindow = decltype(&AccessibleObjectFromWindow);
 
 // Loaded when there is a window to ask: most runs have none.
 AskWindow askWindow() {
-  static const HMODULE library =
+  static const HMODULE kLibrary =
       LoadLibraryExW(L"oleacc.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-  static const auto function = reinterpret_cast<AskWindow>(reinterpret_cast<void*>(
-      library ? GetProcAddress(library, "AccessibleObjectFromWindow") : nullptr));
-  return function;
+  static const auto kFunction = reinterpret_cast<AskWindow>(reinterpret_cast<void*>(
+      kLibrary ? GetProcAddress(kLibrary, "AccessibleObjectFromWindow") : nullptr));
+  return kFunction;
 }
 
 }  // namespace
