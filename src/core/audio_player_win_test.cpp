@@ -9,12 +9,41 @@
 
 #include "core/app_fixture.h"
 #include "core/audio.h"
+#include "core/replaced_import_win.h"
 #include "core/wide_win.h"
 
 namespace mrl {
 namespace {
 
 constexpr char16_t kFailed[] = u"音频播放失败：";
+
+/// A tenth of a second of silence.
+std::string silence() {
+  constexpr uint32_t kDataBytes = 800;
+  std::string bytes;
+  const auto put = [&](uint32_t value, int count) {
+    for (int i = 0; i < count; ++i) bytes += static_cast<char>(value >> (8 * i) & 0xFF);
+  };
+  bytes += "RIFF";
+  put(36 + kDataBytes, 4);
+  bytes += "WAVEfmt ";
+  put(16, 4);    // of this part
+  put(1, 2);     // as it comes
+  put(1, 2);     // channel
+  put(8000, 4);  // samples a second
+  put(8000, 4);  // bytes a second
+  put(1, 2);     // bytes a sample
+  put(8, 2);     // bits a sample
+  bytes += "data";
+  put(kDataBytes, 4);
+  return bytes + std::string(kDataBytes, '\x80');
+}
+
+UINT beeped = 0;
+BOOL WINAPI beep(UINT kind) {
+  beeped = kind;
+  return TRUE;
+}
 
 class AudioPlayerWinTest : public AppFixture {
  protected:
@@ -73,6 +102,23 @@ TEST_F(AudioPlayerWinTest, ClosingNothingDoesNoHarm) {
   player.close();
   player.close();
   EXPECT_EQ(mode(), L"");
+}
+
+TEST_F(AudioPlayerWinTest, ASoundWhosePathHasBlanksIsOpenedAndClosingItMakesWayForTheNext) {
+  std::u16string error;
+  const std::u16string sound = fileWith(silence());
+  ASSERT_TRUE(player.open(sound, error)) << error.size();
+  EXPECT_NE(mode(), L"");
+  player.close();
+  EXPECT_EQ(mode(), L"");
+  EXPECT_TRUE(player.open(sound, error));
+}
+
+TEST_F(AudioPlayerWinTest, WithoutAFileTheSystemsWarningIsHeard) {
+  const ReplacedImport<decltype(beep)> system("MessageBeep", beep);
+  beeped = 0;
+  playAudio(real, u"", 1);
+  EXPECT_EQ(beeped, UINT{MB_ICONEXCLAMATION});
 }
 
 TEST_F(AudioPlayerWinTest, ABeepOpensNothing) {

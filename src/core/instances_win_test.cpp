@@ -7,7 +7,9 @@
 
 #include <thread>
 
+#include "core/command_ids.h"
 #include "core/geometry_win.h"
+#include "core/replaced_import_win.h"
 #include "core/wide_win.h"
 #include "core/window_classes_win.h"
 #include "overlay/test_window_class_win.h"
@@ -19,6 +21,12 @@ bool claimElsewhere(Instances& instances, uint32_t waitMs) {
   bool claimed = false;
   std::thread([&] { claimed = instances.claim(waitMs); }).join();
   return claimed;
+}
+
+DWORD letToTheFront = 0;
+BOOL WINAPI letToFront(DWORD process) {
+  letToTheFront = process;
+  return TRUE;
 }
 
 TEST(InstancesWinTest, OnlyOneHoldsThePlaceAndTheNextGetsItAfterwards) {
@@ -88,6 +96,21 @@ TEST(InstancesWinTest, AClockOfItsOwnProcessIsNotAnotherOne) {
   InstancesWin instances;
   instances.announce(handleFrom(window));
   for (const OtherClock& clock : instances.others()) EXPECT_NE(clock.window, handleFrom(window));
+  DestroyWindow(window);
+}
+
+TEST(InstancesWinTest, AClockThatAnswersMayComeToTheFrontAndIsAskedForItsSettings) {
+  const ReplacedImport<decltype(letToFront)> system("AllowSetForegroundWindow", letToFront);
+  letToTheFront = 0;
+  TestWindowClass windowClass(kTimerClass);
+  const HWND window = CreateWindowExW(0, kTimerClass, L"Marlune", WS_POPUP, 0, 0, 10, 10, nullptr,
+                                      nullptr, GetModuleHandleW(nullptr), &windowClass);
+  EXPECT_TRUE(InstancesWin().askForSettings(handleFrom(window)));
+  EXPECT_EQ(letToTheFront, GetCurrentProcessId());
+  EXPECT_TRUE(windowClass.received(WM_NULL, 0)) << "it does not end at this moment";
+  MSG message{};
+  ASSERT_TRUE(PeekMessageW(&message, window, WM_COMMAND, WM_COMMAND, PM_REMOVE));
+  EXPECT_EQ(message.wParam, WPARAM{kCommandOpenSettings});
   DestroyWindow(window);
 }
 

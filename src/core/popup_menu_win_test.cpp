@@ -8,6 +8,7 @@
 
 #include "core/geometry_win.h"
 #include "core/menu_look.h"
+#include "core/replaced_import_win.h"
 #include "core/wide_win.h"
 
 namespace mrl {
@@ -235,6 +236,23 @@ TEST_F(MenuItemDrawingTest, ItsWidthIsThatOfTheTextAndFortyEightMore) {
   ReleaseDC(owner.window, screen);
   EXPECT_EQ(size.width, extent.cx + MulDiv(48, dpi(), 96));
   EXPECT_EQ(size.height, MulDiv(30, dpi(), 96));
+}
+
+HDC givenBack = nullptr;
+int WINAPI noteRelease(HWND /*window*/, HDC context) {
+  givenBack = context;
+  return 1;
+}
+
+TEST_F(MenuItemDrawingTest, MeasuringGivesTheWindowsContextBack) {
+  const ReplacedImport<decltype(noteRelease)> system("ReleaseDC", noteRelease);
+  givenBack = nullptr;
+  MEASUREITEMSTRUCT measured{};
+  measured.CtlType = ODT_MENU;
+  measured.itemData = reinterpret_cast<ULONG_PTR>(kText);
+  ASSERT_TRUE(measureMenuItem(owner.window, measured));
+  ASSERT_NE(givenBack, nullptr);
+  EXPECT_EQ(WindowFromDC(givenBack), owner.window);
 }
 
 TEST_F(MenuItemDrawingTest, APlainItemStandsOnTheMenusColour) {

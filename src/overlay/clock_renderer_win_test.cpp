@@ -3,11 +3,59 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <string>
+
 #include "core/com_ref_win.h"
 #include "overlay/clock_bitmap_win.h"
 
 namespace mrl {
 namespace {
+
+/// While it lives, it notes for which language the library is asked for text. The library is the
+/// real one, but for that entry of its function table.
+class LanguageNote {
+ public:
+  explicit LanguageNote(IDWriteFactory& fonts) {
+    noted.clear();
+    const auto method = &IDWriteFactory::CreateTextFormat;
+    // GCC keeps a virtual member function as its offset in the table, plus one.
+    intptr_t offset = 0;
+    std::memcpy(&offset, &method, sizeof offset);
+    slot = reinterpret_cast<Function*>(*reinterpret_cast<char**>(&fonts) + offset - 1);
+    system = *slot;
+    set(note);
+  }
+  LanguageNote(const LanguageNote&) = delete;
+  LanguageNote& operator=(const LanguageNote&) = delete;
+  ~LanguageNote() { set(system); }
+
+  static inline std::wstring noted;
+
+ private:
+  using Function = HRESULT(STDMETHODCALLTYPE*)(IDWriteFactory*, const wchar_t*,
+                                               IDWriteFontCollection*, DWRITE_FONT_WEIGHT,
+                                               DWRITE_FONT_STYLE, DWRITE_FONT_STRETCH, float,
+                                               const wchar_t*, IDWriteTextFormat**);
+
+  static HRESULT STDMETHODCALLTYPE note(IDWriteFactory* fonts, const wchar_t* family,
+                                        IDWriteFontCollection* collection,
+                                        DWRITE_FONT_WEIGHT weight, DWRITE_FONT_STYLE style,
+                                        DWRITE_FONT_STRETCH stretch, float size,
+                                        const wchar_t* language, IDWriteTextFormat** format) {
+    noted = language;
+    return system(fonts, family, collection, weight, style, stretch, size, language, format);
+  }
+  void set(Function function) const {
+    DWORD protection = 0;
+    VirtualProtect(slot, sizeof function, PAGE_READWRITE, &protection);
+    *slot = function;
+    VirtualProtect(slot, sizeof function, protection, &protection);
+  }
+
+  static inline Function system = nullptr;
+  Function* slot = nullptr;
+};
 
 class ClockRendererTest : public testing::Test {
  protected:
@@ -47,6 +95,13 @@ TEST_F(ClockRendererTest, TheTargetTakesTheDpiOfThePaint) {
   target->GetDpi(&horizontal, &vertical);
   EXPECT_EQ(horizontal, 144);
   EXPECT_EQ(vertical, 144);
+}
+
+TEST_F(ClockRendererTest, ItsCharactersAreChineseOnesWhateverTheSystemSpeaks) {
+  // Each language draws the characters that it shares with others in its own way.
+  const LanguageNote language(*fonts);
+  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
+  EXPECT_EQ(LanguageNote::noted, L"zh-CN");
 }
 
 TEST_F(ClockRendererTest, UnitsAreScaledByTheDpi) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/geometry_win.h"
+#include "core/replaced_import_win.h"
 #include "core/wide_win.h"
 #include "overlay/clock_window_contract.h"
 #include "overlay/test_window_class_win.h"
@@ -64,6 +65,14 @@ class Rival {
  private:
   HWND window = nullptr;
 };
+
+BOOL WINAPI taskBarAtTheTop(HMONITOR /*monitor*/, MONITORINFO* info) {
+  info->rcMonitor = {0, 0, 1000, 800};
+  info->rcWork = {0, 50, 1000, 800};
+  return TRUE;
+}
+
+UINT WINAPI dpiOfItsMonitor(HWND /*window*/) { return 144; }
 
 TEST_F(ClockWindowWinTest, ItIsALayeredToolWindowOnTop) {
   const LONG_PTR wanted = WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_LAYERED;
@@ -164,6 +173,16 @@ TEST_F(ClockWindowWinTest, TheCursorIsTheSystems) {
   EXPECT_EQ(clock.cursor(), (Point{123, 234}));
 }
 
+TEST_F(ClockWindowWinTest, TheWorkAreaIsTheMonitorLessItsTaskBar) {
+  const ReplacedImport<decltype(taskBarAtTheTop)> system("GetMonitorInfoW", taskBarAtTheTop);
+  EXPECT_EQ(clock.nearestWorkArea(), (Rect{0, 50, 1000, 800}));
+}
+
+TEST_F(ClockWindowWinTest, ItsDpiIsThatOfItsMonitorAndNotOfTheSystem) {
+  const ReplacedImport<decltype(dpiOfItsMonitor)> system("GetDpiForWindow", dpiOfItsMonitor);
+  EXPECT_EQ(clock.dpi(), 144);
+}
+
 TEST_F(ClockWindowWinTest, ItsTextIsPublished) {
   clock.setText(u"已超时 01:40:00");
   EXPECT_EQ(publishedText(), u"已超时 01:40:00");
@@ -199,6 +218,15 @@ TEST_F(ClockWindowWinTest, WhileItGoesItStillAnswers) {
   windowClass.onDestroy = [&](HWND) { answered = clock.rect() == kContractRect; };
   clock.destroy();
   EXPECT_TRUE(answered);
+}
+
+TEST(ClockWindowWinFailureTest, WhenItHasGoneNothingElseIsPaintedAnewInItsPlace) {
+  const HWND other = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 0, 0, 50,
+                                     50, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
+  ValidateRect(other, nullptr);
+  ClockWindowWin(GetModuleHandleW(nullptr), nullptr).invalidate();
+  EXPECT_FALSE(GetUpdateRect(other, nullptr, FALSE));
+  DestroyWindow(other);
 }
 
 TEST(ClockWindowWinFailureTest, WithoutItsClassItCantBeMade) {

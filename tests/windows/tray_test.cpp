@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/command_ids.h"
+#include "core/tray_win.h"
 #include "windows/program.h"
 #include "windows/shell_standin.h"
 #include "windows/standin_client.h"
@@ -33,6 +34,7 @@ TEST_F(TrayTest, TheIconIsAddedAtStartUpWithItsPictureAndItsTip) {
   const ShellStandIn::Request& icon = shell.requests.front();
   EXPECT_EQ(icon.sender, program.clock());
   EXPECT_EQ(icon.flags, static_cast<UINT>(NIF_MESSAGE | NIF_ICON | NIF_TIP));
+  EXPECT_EQ(icon.callbackMessage, kTrayNotify);
   EXPECT_EQ(icon.tip, L"Marlune · 单击设置");
   EXPECT_EQ(icon.picture, (Size{GetSystemMetrics(SM_CXSMICON), GetSystemMetrics(SM_CYSMICON)}));
 }

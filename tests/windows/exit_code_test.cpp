@@ -1,0 +1,56 @@
+// How the program ends where Windows refuses it, at the start, what it can't do without.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "windows/program.h"
+#include "windows/standin_client.h"
+
+namespace mrl {
+namespace {
+
+/// A copy of the program that calls `other` wherever it would call `function`. Names of one length.
+std::wstring copyThatCalls(const TemporaryFolder& folder, const std::string& function,
+                           const std::string& other) {
+  std::string bytes = bytesOf(standin::executableFolder() + L"marlune.exe");
+  size_t at = bytes.find(function);
+  EXPECT_NE(at, std::string::npos);
+  for (; at != std::string::npos; at = bytes.find(function, at)) {
+    bytes.replace(at, function.size(), other);
+  }
+  const std::wstring path = folder.path() + L"\\marlune.exe";
+  std::ofstream(std::filesystem::path(path), std::ios::binary) << bytes;
+  return path;
+}
+
+/// What it ends with; a number that no program gives if it doesn't end.
+DWORD exitCodeOf(const std::wstring& program, const TemporaryFolder& root) {
+  std::wstring line = L"\"" + program + L"\" \"--test-root=" + root.path() + L"\"";
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION started{};
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &started)) {
+    return STILL_ACTIVE;
+  }
+  WaitForSingleObject(started.hProcess, 10'000);
+  DWORD exitCode = STILL_ACTIVE;
+  GetExitCodeProcess(started.hProcess, &exitCode);
+  TerminateProcess(started.hProcess, 0);
+  WaitForSingleObject(started.hProcess, 10'000);
+  CloseHandle(started.hThread);
+  CloseHandle(started.hProcess);
+  return exitCode;
+}
+
+TEST(ExitCodeTest, WithoutComItIsOne) {
+  const TemporaryFolder folder;
+  // That one refuses whoever isn't called through COM at the moment.
+  const std::wstring program = copyThatCalls(folder, "CoInitializeEx", "CoRevertToSelf");
+  EXPECT_EQ(exitCodeOf(program, folder), 1u);
+  EXPECT_FALSE(std::filesystem::exists(folder.path() + L"\\settings.dat"));
+}
+
+}  // namespace
+}  // namespace mrl
