@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "core/geometry_win.h"
 #include "core/menu_look.h"
@@ -94,9 +95,19 @@ RealItem itemOf(HMENU menu, UINT position) {
   return {info.wID, info.fType, info.fState, text != nullptr ? text : L""};
 }
 
+/// Takes the small pieces of memory that were given back, and writes over them.
+std::vector<std::string> overwriteFreedMemory() {
+  std::vector<std::string> blocks;
+  for (const size_t bytes : {32, 64, 128, 256}) {
+    for (int i = 0; i < 100; ++i) blocks.emplace_back(bytes - 1, 'x');
+  }
+  return blocks;
+}
+
 TEST(PopupMenuWinTest, ItsItemsAreDrawnByUsAndPointToTheirTexts) {
   MenuOwner owner;
   owner.open(kItems, [](HMENU menu) {
+    const std::vector<std::string> others = overwriteFreedMemory();
     EXPECT_EQ(GetMenuItemCount(menu), 4);
     for (const UINT position : {0u, 2u, 3u}) {
       const RealItem item = itemOf(menu, position);

@@ -1,6 +1,7 @@
 // The clock and its preview painted on real windows, and looked at on the screen.
 #include <gtest/gtest.h>
 
+#include "core/replaced_import_win.h"
 #include "overlay/clock_geometry.h"
 #include "overlay/clock_painter_win.h"
 #include "overlay/clock_window_win.h"
@@ -150,6 +151,14 @@ TEST_F(PreviewPaintTest, ATextOnlyPreviewHasADarkGround) {
   settings.shape = 2;
   paint(window);
   EXPECT_TRUE(comesToShow(212, 203, RGB(0x27, 0x33, 0x46)));
+}
+
+UINT WINAPI fineMonitor(HWND /*window*/) { return 144; }
+
+TEST_F(PreviewPaintTest, ItsHandlesGrowWithTheResolutionOfItsMonitor) {
+  const ReplacedImport<decltype(fineMonitor)> system("GetDpiForWindow", fineMonitor);
+  paint(window);
+  EXPECT_TRUE(comesToShow(210, 210, RGB(0xFF, 0xFF, 0xFF)));
 }
 
 TEST_F(PreviewPaintTest, ItFollowsTheSizeOfTheWindow) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "core/wide_win.h"
 #include "overlay/clock_geometry.h"
@@ -149,6 +150,13 @@ TEST_F(ResizeToolbarWinTest, ItFollowsWithoutChangingItsSize) {
   bar.show({40, 138}, 96);
   bar.place({60, 170}, 96);
   EXPECT_EQ(screenRect(bar.window()), (Rect{60, 170, 282, 210}));
+}
+
+TEST_F(ResizeToolbarWinTest, FollowingTheClockLiftsItAboveOtherWindowsOnTop) {
+  bar.show({40, 138}, 96);
+  barClass.insertedAfter.clear();
+  bar.place({60, 170}, 96);
+  EXPECT_EQ(barClass.insertedAfter, (std::vector<HWND>{HWND_TOPMOST}));
 }
 
 TEST_F(ResizeToolbarWinTest, ShowingAndPlacingItActivatesNothing) {

@@ -96,7 +96,8 @@ TEST_F(FilesWinTest, AnyOtherTroubleIsNotAbsence) {
     std::u16string error;
     EXPECT_EQ(files.canonical(busy, result), CanonicalResult::Failed);
     EXPECT_FALSE(files.status(busy, kind, error));
-    EXPECT_NE(error, u"");
+    ASSERT_NE(error, u"");
+    EXPECT_NE(error.back(), u' ') << "more words follow it";
     EXPECT_EQ(normalizePath(files, busy), busy);
     Settings record;
     EXPECT_THROW(static_cast<void>(loadSettings(files, busy, record, error)),

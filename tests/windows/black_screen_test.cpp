@@ -119,7 +119,11 @@ TEST_F(BlackScreenTest, ABlackWindowThatIsActivatedAgainStaysBelowTheClock) {
 
 TEST_F(BlackScreenTest, AMonitorOfAnotherResolutionStaysCoveredFromEdgeToEdge) {
   cover();
-  for (const HWND window : blackWindows()) sendDpiChanged(window, 64, {0, 0, 300, 200});
+  ASSERT_TRUE(waitUntil([&] { return blackWindows().size() == monitors().size(); }));
+  for (const HWND window : blackWindows()) {
+    SetWindowPos(window, nullptr, 0, 0, 300, 200, SWP_NOZORDER | SWP_NOACTIVATE);
+    sendDpiChanged(window, 64, {0, 0, 300, 200});
+  }
   expectEveryMonitorCovered();
 }
 

@@ -161,6 +161,14 @@ TEST_F(ClockOnScreenTest, ACornerDragResizesAndTheToolbarsButtonSaves) {
   EXPECT_TRUE(waitUntil([&] { return toolbar() == nullptr; }));
 }
 
+TEST_F(ClockOnScreenTest, ACornerLeftOfThePrimaryMonitorIsACornerToo) {
+  startAt(-50, 100);
+  program.command(kCommandToggleResizeMode);
+  const POINT corner = topLeft();
+  EXPECT_EQ(SendMessageW(program.clock(), WM_NCHITTEST, 0, MAKELPARAM(corner.x, corner.y)),
+            HTTOPLEFT);
+}
+
 TEST_F(ClockOnScreenTest, ADragPastTheMinimumLeavesTheOppositeEdgesAlone) {
   startAt(200, 150);
   program.command(kCommandToggleResizeMode);
