@@ -11,6 +11,7 @@
 #include "overlay/test_window_class_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
+#include "settings_window/name_service_win.h"
 #include "settings_window/settings_view_win.h"
 
 namespace mrl {
@@ -130,6 +131,23 @@ TEST_F(SettingsCreateTest, TheControlsFitBeforeTheWindowTakesItsNewSize) {
 
 TEST_F(SettingsCreateTest, ThePreviewIsMadeInTheClocksFirstSize) {
   EXPECT_EQ(clientSizeOf(view.control(kPreview)), (Size{183, 82}));
+}
+
+class SettingsSpokenTest : public SettingsCreateTest {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(service.registered);
+    SettingsCreateTest::SetUp();
+  }
+
+  NameService service;
+};
+
+TEST_F(SettingsSpokenTest, ControlsHaveTheirNamesForAsLongAsTheWindowLives) {
+  ASSERT_FALSE(service.names.empty());
+  for (const auto& [control, name] : service.names) EXPECT_TRUE(IsWindow(control));
+  view.onDestroying();
+  EXPECT_TRUE(service.names.empty());
 }
 
 }  // namespace
