@@ -133,6 +133,16 @@ TEST_F(SettingsCreateTest, ThePreviewIsMadeInTheClocksFirstSize) {
   EXPECT_EQ(clientSizeOf(view.control(kPreview)), (Size{183, 82}));
 }
 
+TEST_F(SettingsCreateTest, TheWindowIsGivenBothItsIconsForEachMonitor) {
+  const auto hasBoth = [&] {
+    return frame.received(WM_SETICON, ICON_BIG) && frame.received(WM_SETICON, ICON_SMALL);
+  };
+  EXPECT_TRUE(hasBoth());
+  frame.messages.clear();
+  view.adoptDpi(144, {20, 30, 620, 430});
+  EXPECT_TRUE(hasBoth());
+}
+
 class SettingsSpokenTest : public SettingsCreateTest {
  protected:
   void SetUp() override {
