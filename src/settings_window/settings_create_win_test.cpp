@@ -11,6 +11,7 @@
 #include "overlay/test_window_class_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
+#include "settings_window/name_service_win.h"
 #include "settings_window/settings_view_win.h"
 
 namespace mrl {
@@ -130,6 +131,33 @@ TEST_F(SettingsCreateTest, TheControlsFitBeforeTheWindowTakesItsNewSize) {
 
 TEST_F(SettingsCreateTest, ThePreviewIsMadeInTheClocksFirstSize) {
   EXPECT_EQ(clientSizeOf(view.control(kPreview)), (Size{183, 82}));
+}
+
+TEST_F(SettingsCreateTest, TheWindowIsGivenBothItsIconsForEachMonitor) {
+  const auto hasBoth = [&] {
+    return frame.received(WM_SETICON, ICON_BIG) && frame.received(WM_SETICON, ICON_SMALL);
+  };
+  EXPECT_TRUE(hasBoth());
+  frame.messages.clear();
+  view.adoptDpi(144, {20, 30, 620, 430});
+  EXPECT_TRUE(hasBoth());
+}
+
+class SettingsSpokenTest : public SettingsCreateTest {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(service.registered);
+    SettingsCreateTest::SetUp();
+  }
+
+  NameService service;
+};
+
+TEST_F(SettingsSpokenTest, ControlsHaveTheirNamesForAsLongAsTheWindowLives) {
+  ASSERT_FALSE(service.names.empty());
+  for (const auto& [control, name] : service.names) EXPECT_TRUE(IsWindow(control));
+  view.onDestroying();
+  EXPECT_TRUE(service.names.empty());
 }
 
 }  // namespace

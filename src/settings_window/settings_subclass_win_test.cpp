@@ -200,6 +200,16 @@ TEST_F(SettingsSubclassTest, AMarkTakenOffBeforeANewTextIsGoneFromTheFrame) {
   EXPECT_EQ(pixel(edit, 0, 19), kHairline);
 }
 
+TEST_F(SettingsSubclassTest, AFrameLeavesTheTextWithinItAlone) {
+  const HWND edit = addEdit({100, 38});
+  UpdateWindow(edit);
+  const HDC dc = GetDC(edit);
+  SetPixel(dc, 20, 10, systemColour(kAlien));
+  SendMessageW(edit, WM_NCPAINT, 1, 0);
+  EXPECT_EQ(GetPixel(dc, 20, 10), systemColour(kAlien));
+  ReleaseDC(edit, dc);
+}
+
 TEST_F(SettingsSubclassTest, AFrameLeavesAScrollBarInUseAlone) {
   const HWND edit = addEdit({200, 60}, ES_MULTILINE | ES_READONLY | WS_VSCROLL);
   SetWindowTextW(edit, L"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
@@ -213,6 +223,24 @@ TEST_F(SettingsSubclassTest, AFrameLeavesAScrollBarInUseAlone) {
   std::set<uint32_t> colours;
   for (int y = 10; y < 50; ++y) colours.insert(pixel(edit, middle, y));
   EXPECT_GT(colours.size(), 1U);
+}
+
+TEST_F(SettingsSubclassTest, AScrollBarInUseIsPaintedAnewWithTheFrame) {
+  const HWND edit = addEdit({200, 60}, ES_MULTILINE | ES_READONLY | WS_VSCROLL);
+  SetWindowTextW(edit, L"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8");
+  SCROLLBARINFO bar{};
+  bar.cbSize = sizeof bar;
+  ASSERT_TRUE(GetScrollBarInfo(edit, OBJID_VSCROLL, &bar));
+  RECT outer{};
+  GetWindowRect(edit, &outer);
+  const int middle = (bar.rcScrollBar.left + bar.rcScrollBar.right) / 2 - outer.left;
+  UpdateWindow(edit);
+  const HDC dc = GetWindowDC(edit);
+  SetPixel(dc, middle, 30, systemColour(kAlien));
+  ReleaseDC(edit, dc);
+  ASSERT_EQ(pixel(edit, middle, 30), kAlien);
+  set(edit, kHoverProperty);
+  EXPECT_NE(pixel(edit, middle, 30), kAlien);
 }
 
 struct Seen {

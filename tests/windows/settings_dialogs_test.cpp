@@ -17,6 +17,8 @@ using standin::waitUntil;
 constexpr int kRed = 706;
 constexpr int kGreen = 707;
 constexpr int kBlue = 708;
+constexpr int kKeepColour = 712;
+constexpr int kKeptColours = 721;  // two rows of eight
 
 class SettingsDialogsTest : public SettingsHand {
  protected:
@@ -109,6 +111,38 @@ TEST_F(SettingsDialogsTest, TheColourDialogBeginsAtTheColourAndGivesBackTheChose
   EXPECT_TRUE(isGone());
   EXPECT_TRUE(reads(kForegroundBox, L"#C82264"));
   EXPECT_TRUE(saved(&Settings::foreground, 0xC82264u));
+}
+
+TEST_F(SettingsDialogsTest, AColourDialogThatIsCancelledLeavesWhatWasTyped) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  retype(kForegroundBox, L"#C03");
+  ASSERT_NO_FATAL_FAILURE(openBy(kPickForegroundButton));
+  setNumber(kRed, L"200");
+  pressKeys(VK_ESCAPE);
+  EXPECT_TRUE(isGone());
+  turnTo(2);  // the end of what the dialog may have left to do
+  EXPECT_EQ(text(kForegroundBox), L"#C03");
+}
+
+TEST_F(SettingsDialogsTest, AColourThatWasKeptIsStillThereTheNextTime) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  ASSERT_NO_FATAL_FAILURE(openBy(kPickForegroundButton));
+  setNumber(kRed, L"200");
+  setNumber(kGreen, L"80");
+  setNumber(kBlue, L"30");
+  ask(GetDlgItem(dialog(), kKeepColour), BM_CLICK);
+  pressKeys(VK_RETURN);
+  ASSERT_TRUE(isGone());
+  ASSERT_NO_FATAL_FAILURE(openBy(kPickAlertButton));
+  ASSERT_NE(number(kGreen), L"80");
+  RECT kept{};
+  ASSERT_TRUE(GetWindowRect(GetDlgItem(dialog(), kKeptColours), &kept));
+  clickMouse({kept.left + 8, kept.top + 8});
+  EXPECT_TRUE(waitUntil([&] { return number(kGreen) == L"80"; }));
+  EXPECT_EQ(number(kRed), L"200");
+  EXPECT_EQ(number(kBlue), L"30");
 }
 
 }  // namespace

@@ -42,6 +42,16 @@ class SettingsMouseTest : public SettingsHand {
     return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
            info.hwndCapture == control(kPreview);
   }
+  void takeHoldOf(POINT corner) const {
+    moveTo(corner);
+    pressAt(corner);
+    // The X server lets a press fall through at times.
+    if (!waitUntil([&] { return holdsPreview(); }, 3000)) {
+      release();
+      pressAt(corner);
+    }
+    ASSERT_TRUE(waitUntil([&] { return holdsPreview(); }));
+  }
   Point placeOfPreview() const { return {rect(kPreview).left, rect(kPreview).top}; }
   bool hasBar(LONG style) const {
     return (GetWindowLongW(control(kPreviewHost), GWL_STYLE) & style) != 0;
@@ -154,6 +164,17 @@ TEST_F(SettingsListWheelTest, TheWheelOverTheListScrollsItAndAtItsEndsThePage) {
   EXPECT_TRUE(comesTo(kFileList, top - scaled(56)));
 }
 
+TEST_F(SettingsListWheelTest, AFileThatIsExcludedLeavesTheListWhereItStands) {
+  turnWheelAt(onList(), -WHEEL_DELTA);
+  ASSERT_TRUE(waitUntil([&] { return firstRow() > 0; }));
+  const int first = firstRow();
+  RECT list{};
+  GetWindowRect(control(kFileList), &list);
+  clickMouse({list.right - GetSystemMetrics(SM_CXVSCROLL) - scaled(70), list.top + 20});
+  ASSERT_TRUE(waitUntil([&] { return program.settings().skipList.size() == 1; }));
+  EXPECT_EQ(firstRow(), first);
+}
+
 TEST_F(SettingsListWheelTest, AWheelWithAKeyHeldScrollsThePageByOneNotch) {
   for (const WORD key : {VK_CONTROL, VK_SHIFT}) {
     const int top = topOf(kFileList);
@@ -178,9 +199,7 @@ TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndT
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   turnTo(1);
   const POINT corner = cornerOfPreview();
-  moveTo(corner);
-  pressAt(corner);
-  ASSERT_TRUE(waitUntil([&] { return holdsPreview(); }));
+  ASSERT_NO_FATAL_FAILURE(takeHoldOf(corner));
   moveTo({corner.x + scaled(117), corner.y + scaled(18)});
   EXPECT_TRUE(reads(kWidthBox, L"300"));
   EXPECT_TRUE(reads(kHeightBox, L"100"));
@@ -193,6 +212,24 @@ TEST_F(SettingsMouseTest, ACornerOfThePreviewDragsTheSizeIntoTheBoxesTheFileAndT
   const RECT clock = program.rect();
   EXPECT_EQ(clock.right - clock.left, scaled(300));
   EXPECT_EQ(clock.bottom - clock.top, scaled(100));
+}
+
+TEST_F(SettingsMouseTest, WhileACornerIsDraggedThePreviewIsPaintedInTheSizeItHas) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  const auto preview = [&] {
+    RECT place{};
+    GetWindowRect(control(kPreview), &place);
+    return settledPictureOf(place);
+  };
+  const POINT corner = cornerOfPreview();
+  ASSERT_NO_FATAL_FAILURE(takeHoldOf(corner));
+  moveTo({corner.x + scaled(117), corner.y});  // higher, its host would cut it off
+  ASSERT_TRUE(reads(kWidthBox, L"300"));
+  const Picture held = preview();
+  release();
+  ASSERT_TRUE(standsInTheMiddleOfItsHost());
+  EXPECT_TRUE(waitUntil([&] { return preview() == held; })) << "painted anew";
 }
 
 struct Corner {
@@ -211,14 +248,7 @@ TEST_F(SettingsMouseTest, EveryCornerOfThePreviewChangesItsSizeAndLeavesItInItsP
     const POINT corner{left ? clock.left + 4 : clock.right - 4,
                        top ? clock.top + 4 : clock.bottom - 4};
     const Point before = placeOfPreview();
-    moveTo(corner);
-    pressAt(corner);
-    // The X server lets a press fall through at times.
-    if (!waitUntil([&] { return holdsPreview(); }, 3000)) {
-      release();
-      pressAt(corner);
-    }
-    ASSERT_TRUE(waitUntil([&] { return holdsPreview(); }));
+    ASSERT_NO_FATAL_FAILURE(takeHoldOf(corner));
     moveTo(
         {corner.x + (left ? -scaled(30) : scaled(30)), corner.y + (top ? -scaled(6) : scaled(6))});
     width += 30;
@@ -261,6 +291,19 @@ TEST_F(SettingsMouseTest, APreviewStandsInTheMiddleOfWhatItsScrollBarsLeave) {
   ASSERT_TRUE(becomes(183, 82));
   EXPECT_FALSE(hasBar(WS_HSCROLL) || hasBar(WS_VSCROLL));
   EXPECT_TRUE(standsInTheMiddleOfItsHost());
+}
+
+TEST_F(SettingsMouseTest, ABarOfThePreviewThatTakesTheRoomOfTheOtherWayBringsTheOtherBar) {
+  ASSERT_NO_FATAL_FAILURE(open(quiet()));
+  turnTo(1);
+  RECT host{};
+  GetClientRect(control(kPreviewHost), &host);
+  const int width = toUnits(static_cast<int>(host.right), dpi()) - 5;
+  retype(kWidthBox, std::to_wstring(width));
+  ASSERT_TRUE(waitUntil([&] { return rect(kPreview).width() == scaled(width); }));
+  ASSERT_FALSE(hasBar(WS_HSCROLL) || hasBar(WS_VSCROLL));
+  retype(kHeightBox, L"300");
+  EXPECT_TRUE(waitUntil([&] { return hasBar(WS_VSCROLL) && hasBar(WS_HSCROLL); }));
 }
 
 TEST_F(SettingsMouseTest, TheLimitsOfThePreviewAreThoseOfTheClock) {

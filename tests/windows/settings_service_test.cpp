@@ -81,6 +81,19 @@ TEST_F(SettingsServiceTest, TheFirstAddressGoesToTheClipboard) {
   EXPECT_TRUE(clipboardText().starts_with(L"http://"));
 }
 
+TEST_F(SettingsServiceTest, TheAddressReplacesAllThatWasOnTheClipboard) {
+  ASSERT_NO_FATAL_FAILURE(openOnItsPage(true));
+  ASSERT_TRUE(putOnClipboard(L"something else"));
+  const UINT otherFormat = RegisterClipboardFormatW(L"Marlune.Test.Format");
+  ASSERT_TRUE(waitUntil([] { return OpenClipboard(nullptr) != FALSE; }));
+  SetClipboardData(otherFormat, GlobalAlloc(GMEM_MOVEABLE, 4));
+  CloseClipboard();
+  ASSERT_TRUE(IsClipboardFormatAvailable(otherFormat));
+  press(kCopyAddressButton);
+  ASSERT_TRUE(says(L"遥控地址已复制。"));
+  EXPECT_FALSE(IsClipboardFormatAvailable(otherFormat));
+}
+
 TEST_F(SettingsServiceTest, APortThatIsTypedWaitsForItsButtonWhichStopsTheService) {
   ASSERT_NO_FATAL_FAILURE(openOnItsPage(true));
   const int32_t other = port + 1;
