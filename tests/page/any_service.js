@@ -22,11 +22,11 @@ export function testsOn(start) {
     }
   });
 
-  /** A test on the connected page, at its real pace. */
-  const remoteTest = (name, { complaints = false, path = '/', files = [] }, body) =>
+  /** A test on the connected page, at its real pace unless its clock is frozen. */
+  const remoteTest = (name, { complaints = false, path = '/', files = [], frozen = false }, body) =>
     serviceTest(name, async (service) => {
       for (const file of files) await service.add(file);
-      const page = await visit(await sharedBrowser(), service.origin, { path, frozen: false });
+      const page = await visit(await sharedBrowser(), service.origin, { path, frozen });
       try {
         await shows(page, '#connection', '已连接');
         await body(page, service);
