@@ -8,6 +8,7 @@
 #include <functional>
 
 #include "core/geometry_win.h"
+#include "core/replaced_import_win.h"
 #include "core/unique_handle.h"
 #include "presentation/raise_window.h"
 
@@ -114,7 +115,18 @@ TEST_F(WindowSystemWinTest, TheWindowsInsideAWindowAreListedAtAnyDepthAndNoOther
   addInside(other.hwnd());
   EXPECT_EQ(system.windowsInside(outer.handle()),
             (std::vector{handleFrom(inner), handleFrom(innermost)}));
-  EXPECT_TRUE(system.windowsInside({}).empty()) << "and not those of the desktop";
+}
+
+BOOL CALLBACK oneWindowInside(HWND window, WNDENUMPROC visit, LPARAM list) {
+  return visit(window ? window : GetDesktopWindow(), list);
+}
+
+// Some systems have nothing to list here, others all that stands on the desktop.
+TEST_F(WindowSystemWinTest, InsideNoWindowTheSystemIsNotEvenAsked) {
+  const ReplacedImport<decltype(oneWindowInside)> inside{"EnumChildWindows", oneWindowInside};
+  const TestWindow window(L"a");
+  EXPECT_EQ(system.windowsInside(window.handle()), std::vector{window.handle()});
+  EXPECT_TRUE(system.windowsInside({}).empty());
 }
 
 TEST_F(WindowSystemWinTest, AWindowIsVisibleOnceShown) {
@@ -131,6 +143,13 @@ TEST_F(WindowSystemWinTest, AMinimisedWindowIsIconicUntilRestored) {
   EXPECT_TRUE(system.isIconic(window.handle()));
   system.restore(window.handle());
   EXPECT_FALSE(system.isIconic(window.handle()));
+}
+
+TEST_F(WindowSystemWinTest, AMinimisedWindowIsStillAVisibleOne) {
+  const TestWindow window(L"a");
+  system.show(window.handle());
+  ShowWindow(window.hwnd(), SW_MINIMIZE);
+  EXPECT_TRUE(system.isVisible(window.handle()));
 }
 
 TEST_F(WindowSystemWinTest, TheImageNameIsTheFullPathOfTheProgram) {

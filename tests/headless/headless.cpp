@@ -1,9 +1,7 @@
 #include "headless/headless.h"
 
-#include <chrono>
 #include <cstdlib>
 #include <random>
-#include <thread>
 
 #include "core/commands.h"
 #include "core/text.h"
@@ -95,8 +93,6 @@ bool Headless::obeyTime(const std::string& word, const std::string& rest) {
     runCommand(served.app, static_cast<int>(numberFrom(rest)));
   } else if (word == "advance") {
     clock.push(numberFrom(rest));
-  } else if (word == "block") {
-    std::this_thread::sleep_for(std::chrono::milliseconds(numberFrom(rest)));
   } else {
     return false;
   }
@@ -145,6 +141,8 @@ bool Headless::obeySwitch(const std::string& word) {
     files().failing.erase(FilesFake::Operation::Replace);
   } else if (word == "dirty" || word == "clean") {
     served.app.form.isOpen = served.app.form.settingsDirty = word == "dirty";
+  } else if (word == "block" || word == "unblock") {
+    blocked = word == "block";
   } else if (word == "quit") {
     hasQuit = true;
   } else {

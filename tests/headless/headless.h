@@ -33,6 +33,7 @@ class Headless {
   void finish();
 
   [[nodiscard]] bool isRunning() const { return !hasQuit; }
+  [[nodiscard]] bool isBlocked() const { return blocked; }
   [[nodiscard]] int32_t port() const { return served.app.remote.port; }
   [[nodiscard]] int wakeDescriptor() const { return requests.descriptor(); }
   [[nodiscard]] uint64_t msUntilTick() const;
@@ -41,7 +42,7 @@ class Headless {
 
   /// One line of the following. Empty, or what was wrong with it.
   ///   advance MS         time jumps ahead
-  ///   block MS           the UI thread does nothing for so long
+  ///   block | unblock    the UI thread does nothing in between but to obey
   ///   stop | start | restart    the service
   ///   command N          a command of the menu, by number
   ///   show-clock | hide-clock
@@ -73,6 +74,7 @@ class Headless {
       served.fakes.outside.automation.add(u"PowerPoint.Application");
   uint64_t nextTickMs = 0;
   bool hasQuit = false;
+  bool blocked = false;
 };
 
 }  // namespace mrl

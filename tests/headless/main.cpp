@@ -52,12 +52,16 @@ class Lines {
 void runLoop(mrl::Headless& program) {
   Lines lines;
   while (program.isRunning()) {
-    pollfd asked[] = {{.fd = program.wakeDescriptor(), .events = POLLIN, .revents = 0},
-                      {.fd = STDIN_FILENO, .events = POLLIN, .revents = 0}};
-    poll(asked, 2, static_cast<int>(program.msUntilTick()));
-    program.runPosted();
-    program.tickIfDue();
-    if (asked[1].revents == 0) continue;
+    pollfd asked[] = {{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
+                      {.fd = program.wakeDescriptor(), .events = POLLIN, .revents = 0}};
+    if (program.isBlocked()) {
+      poll(asked, 1, -1);
+    } else {
+      poll(asked, 2, static_cast<int>(program.msUntilTick()));
+      program.runPosted();
+      program.tickIfDue();
+    }
+    if (asked[0].revents == 0) continue;
     if (!lines.read()) return;
     while (const auto line = lines.next()) {
       const std::string error = program.obey(*line);

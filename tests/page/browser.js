@@ -86,9 +86,9 @@ export async function shows(page, selector, text) {
   await until(async () => assert.equal(await page.textContent(selector), text));
 }
 
-/** Repeats `attempt` until it no longer throws; after 10 seconds its last error stands. */
-export async function until(attempt) {
-  const end = Date.now() + 10_000;
+/** Repeats `attempt` until it no longer throws; after its time its last error stands. */
+export async function until(attempt, limitMs = 10_000) {
+  const end = Date.now() + limitMs;
   for (;;) {
     try {
       return await attempt();

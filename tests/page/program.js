@@ -39,8 +39,15 @@ export class Program {
     await writeFile(join(this.folder, 'settings.dat'), settings(this.decks, this.port));
     this.child = spawn('wine', [program, '--test-root=' + windowsPath(this.folder)], { stdio: 'ignore' });
     this.ended = once(this.child, 'exit');
-    await until(() => Promise.all(['ready.txt', 'remote.txt'].map((name) => access(join(this.folder, name)))));
+    await until(() => Promise.all(['ready.txt', 'remote.txt'].map((name) => access(join(this.folder, name)))), 30_000);
+    await until(() => this.#answers(), 30_000);
     return this;
+  }
+
+  // Its first look at the desktop may take it longer than a request can wait.
+  async #answers() {
+    const { status } = await fetch(this.origin + '/api/state');
+    if (status !== 200) throw new Error(`${this.origin} answers with ${status}`);
   }
 
   add(deck) {

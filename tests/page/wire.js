@@ -6,8 +6,8 @@ import { connect } from 'node:net';
 import { stateOf, testsOn } from './any_service.js';
 
 /** Sends `parts` one after another, and gives all that comes back until the connection is closed. */
-async function exchange({ port }, parts) {
-  const socket = connect(port, '127.0.0.1');
+async function exchange(service, parts) {
+  const socket = connect(service.port, '127.0.0.1');
   await once(socket, 'connect');
   const chunks = [];
   socket.on('data', (chunk) => chunks.push(chunk));
@@ -18,7 +18,9 @@ async function exchange({ port }, parts) {
     await new Promise((resolve) => setImmediate(resolve));
   }
   await closed;
-  return Buffer.concat(chunks).toString('utf8');
+  const answer = Buffer.concat(chunks).toString('utf8');
+  if (statusOf(answer) === 503) service.wasBusy = true;
+  return answer;
 }
 
 const statusOf = (answer) => Number(answer.split(' ')[1]);
