@@ -11,7 +11,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "remote/listener.h"
+#include "http/listener.h"
 #include "remote/service_fixture_posix.h"
 #include "remote/state.h"
 

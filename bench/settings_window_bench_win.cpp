@@ -10,7 +10,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
 #include "windows/program.h"

@@ -1,8 +1,8 @@
 // The state document of a folder with 1,000 decks, beside the listing that it can't do without.
 #include <benchmark/benchmark.h>
 
+#include "base/text.h"
 #include "core/app_fake.h"
-#include "core/text.h"
 #include "presentation/catalogue.h"
 #include "remote/state.h"
 #include "settings/files_place_posix.h"

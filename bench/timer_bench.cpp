@@ -1,7 +1,7 @@
 // What one tick spends on the timer itself, beside the bare reading of the clock.
 #include <benchmark/benchmark.h>
 
-#include "core/clock_fake.h"
+#include "base/clock_fake.h"
 #include "core/show_follower.h"
 #include "core/timer.h"
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Writes src/core/char_tables.h: which UTF-16 units are letters or digits, and how they fold.
+"""Writes src/base/char_tables.h: which UTF-16 units are letters or digits, and how they fold.
 
-Usage: cmake/make_char_tables.py > src/core/char_tables.h
+Usage: cmake/make_char_tables.py > src/base/char_tables.h
 """
 import unicodedata
 

@@ -11,7 +11,7 @@ include(GoogleTest)
 gtest_discover_tests(marlune_tests DISCOVERY_TIMEOUT 60)
 
 # The tests of all that has a second thread, for the thread sanitizer.
-file(GLOB REMOTE_TESTS CONFIGURE_DEPENDS src/remote/*_test.cpp)
+file(GLOB REMOTE_TESTS CONFIGURE_DEPENDS src/http/*_test.cpp src/remote/*_test.cpp)
 list(FILTER REMOTE_TESTS EXCLUDE REGEX "_win_test\\.cpp$")
 add_executable(marlune_remote_tests EXCLUDE_FROM_ALL ${REMOTE_TESTS})
 target_link_libraries(marlune_remote_tests PRIVATE marlune_fakes marlune_edges GTest::gtest_main)

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "base/wide_win.h"
 #include "core/app_win.h"
-#include "core/wide_win.h"
 
 namespace {
 

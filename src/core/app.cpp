@@ -4,14 +4,14 @@
 #include <memory>
 #include <utility>
 
+#include "base/text.h"
 #include "core/blackout.h"
+#include "core/clock_behaviour.h"
 #include "core/commands.h"
 #include "core/expiry.h"
 #include "core/second_start.h"
 #include "core/test_files.h"
-#include "core/text.h"
 #include "core/tray_icon.h"
-#include "overlay/clock_behaviour.h"
 #include "remote/remote_service.h"
 #include "settings/file_kind.h"
 #include "settings/settings_file.h"

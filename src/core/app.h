@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "base/clock.h"
 #include "core/audio_player.h"
 #include "core/black_screen.h"
-#include "core/clock.h"
 #include "core/instances.h"
 #include "core/main_loop.h"
 #include "core/popup_menu.h"
@@ -19,6 +19,10 @@
 #include "core/show_follower.h"
 #include "core/timer.h"
 #include "core/tray.h"
+#include "http/remote_server.h"
+#include "http/request_queue.h"
+#include "http/service_host.h"
+#include "http/sockets.h"
 #include "overlay/clock_geometry.h"
 #include "overlay/clock_window.h"
 #include "overlay/resize_toolbar.h"
@@ -26,10 +30,6 @@
 #include "presentation/show_status.h"
 #include "remote/firewall_rules.h"
 #include "remote/network.h"
-#include "remote/remote_server.h"
-#include "remote/request_queue.h"
-#include "remote/service_host.h"
-#include "remote/sockets.h"
 #include "settings/files.h"
 #include "settings/settings.h"
 #include "settings_window/settings_form.h"

@@ -1,24 +1,24 @@
 // An App whose every door is a fake, for tests and benchmarks.
 #pragma once
 
+#include "base/clock_fake.h"
 #include "core/app.h"
 #include "core/audio_player_fake.h"
 #include "core/black_screen_fake.h"
-#include "core/clock_fake.h"
 #include "core/instances_fake.h"
 #include "core/main_loop_fake.h"
 #include "core/popup_menu_fake.h"
 #include "core/screens_fake.h"
 #include "core/shell_fake.h"
 #include "core/tray_fake.h"
+#include "http/request_queue_fake.h"
+#include "http/service_host_fake.h"
+#include "http/sockets_fake.h"
 #include "overlay/clock_window_fake.h"
 #include "overlay/resize_toolbar_fake.h"
 #include "presentation/presentation_fake.h"
 #include "remote/firewall_rules_fake.h"
 #include "remote/network_fake.h"
-#include "remote/request_queue_fake.h"
-#include "remote/service_host_fake.h"
-#include "remote/sockets_fake.h"
 #include "settings_window/settings_view_fake.h"
 
 namespace mrl {

@@ -7,8 +7,8 @@
 #include <string>
 
 #include "core/app_fake.h"
+#include "core/clock_behaviour.h"
 #include "core/tick.h"
-#include "overlay/clock_behaviour.h"
 #include "settings/settings_file.h"
 
 namespace mrl {

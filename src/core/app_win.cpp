@@ -6,16 +6,16 @@
 #include <string_view>
 #include <vector>
 
+#include "base/geometry_win.h"
+#include "base/window_classes_win.h"
 #include "core/blackout.h"
+#include "core/clock_behaviour.h"
 #include "core/commands.h"
 #include "core/expiry.h"
-#include "core/geometry_win.h"
 #include "core/menu.h"
 #include "core/tick.h"
 #include "core/tray_icon.h"
-#include "core/window_classes_win.h"
-#include "overlay/clock_behaviour.h"
-#include "remote/hand_over.h"
+#include "http/hand_over.h"
 #include "settings/settings_path_win.h"
 
 namespace mrl {

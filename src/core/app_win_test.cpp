@@ -6,10 +6,10 @@
 #include <filesystem>
 #include <string>
 
+#include "base/command_ids.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "core/app_win.h"
-#include "core/command_ids.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
 
 namespace mrl {
 namespace {

@@ -6,7 +6,7 @@
 
 #include <iterator>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 namespace {

@@ -7,10 +7,10 @@
 
 #include <cstdio>
 
+#include "base/replaced_import_win.h"
+#include "base/wide_win.h"
 #include "core/app_fixture.h"
 #include "core/audio.h"
-#include "core/replaced_import_win.h"
-#include "core/wide_win.h"
 
 namespace mrl {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <vector>
 
+#include "base/window_handle.h"
 #include "core/screens.h"
-#include "core/window_handle.h"
 
 namespace mrl {
 

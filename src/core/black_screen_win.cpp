@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/geometry_win.h"
-#include "core/window_classes_win.h"
+#include "base/geometry_win.h"
+#include "base/window_classes_win.h"
 
 namespace mrl {
 namespace {

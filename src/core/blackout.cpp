@@ -1,7 +1,7 @@
 #include "core/blackout.h"
 
+#include "core/clock_behaviour.h"
 #include "core/expiry.h"
-#include "overlay/clock_behaviour.h"
 
 namespace mrl {
 namespace {

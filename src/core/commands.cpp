@@ -1,9 +1,9 @@
 #include "core/commands.h"
 
 #include "core/blackout.h"
+#include "core/clock_behaviour.h"
 #include "core/expiry.h"
 #include "core/tick.h"
-#include "overlay/clock_behaviour.h"
 #include "remote/remote_service.h"
 #include "settings_window/form_sync.h"
 #include "settings_window/settings_window.h"

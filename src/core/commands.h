@@ -1,8 +1,8 @@
 // Carries out what a user asks of the timer outside the settings window.
 #pragma once
 
+#include "base/command_ids.h"
 #include "core/app.h"
-#include "core/command_ids.h"
 
 namespace mrl {
 

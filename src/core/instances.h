@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/window_handle.h"
+#include "base/window_handle.h"
 
 namespace mrl {
 

@@ -5,10 +5,10 @@
 #include <cstddef>
 #include <string>
 
-#include "core/command_ids.h"
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/command_ids.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 
 namespace mrl {
 namespace {

@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
+#include "base/unique_handle.h"
 #include "core/instances.h"
-#include "core/unique_handle.h"
 
 namespace mrl {
 

@@ -7,11 +7,11 @@
 
 #include <thread>
 
-#include "core/command_ids.h"
-#include "core/geometry_win.h"
-#include "core/replaced_import_win.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/command_ids.h"
+#include "base/geometry_win.h"
+#include "base/replaced_import_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "overlay/test_window_class_win.h"
 
 namespace mrl {

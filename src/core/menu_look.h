@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 
 namespace mrl {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "core/geometry.h"
-#include "core/window_handle.h"
+#include "base/geometry.h"
+#include "base/window_handle.h"
 
 namespace mrl {
 

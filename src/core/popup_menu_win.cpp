@@ -2,11 +2,11 @@
 
 #include <string>
 
-#include "core/gdi_win.h"
-#include "core/geometry_win.h"
+#include "base/gdi_win.h"
+#include "base/geometry_win.h"
+#include "base/unique_handle.h"
+#include "base/wide_win.h"
 #include "core/menu_look.h"
-#include "core/unique_handle.h"
-#include "core/wide_win.h"
 
 namespace mrl {
 namespace {

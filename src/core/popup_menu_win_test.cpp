@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "core/geometry_win.h"
+#include "base/geometry_win.h"
+#include "base/replaced_import_win.h"
+#include "base/wide_win.h"
 #include "core/menu_look.h"
-#include "core/replaced_import_win.h"
-#include "core/wide_win.h"
 
 namespace mrl {
 namespace {

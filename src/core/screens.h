@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 
 namespace mrl {
 

@@ -2,8 +2,8 @@
 
 #include <windows.h>
 
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 

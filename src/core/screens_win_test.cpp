@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include "core/replaced_import_win.h"
+#include "base/replaced_import_win.h"
 
 namespace mrl {
 namespace {

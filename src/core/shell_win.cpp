@@ -4,7 +4,7 @@
 
 #include <shellapi.h>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 

@@ -7,8 +7,8 @@
 
 #include <optional>
 
-#include "core/replaced_import_win.h"
-#include "core/wide_win.h"
+#include "base/replaced_import_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 namespace {

@@ -1,7 +1,7 @@
 // See show_follower.h.
 #include "core/show_follower.h"
 
-#include "core/char_rules.h"
+#include "base/char_rules.h"
 #include "settings/path_rules.h"
 
 namespace mrl {

@@ -1,8 +1,8 @@
 #include "core/tick.h"
 
 #include "core/blackout.h"
+#include "core/clock_behaviour.h"
 #include "core/expiry.h"
-#include "overlay/clock_behaviour.h"
 #include "overlay/clock_drawing.h"
 #include "presentation/show_identity.h"
 #include "presentation/show_poll.h"

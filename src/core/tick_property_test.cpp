@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <random>
 
+#include "base/text.h"
 #include "core/app_fixture.h"
 #include "core/commands.h"
-#include "core/text.h"
 
 namespace mrl {
 namespace {

@@ -5,7 +5,7 @@
 #include <limits>
 #include <string_view>
 
-#include "core/text.h"
+#include "base/text.h"
 
 namespace mrl {
 namespace {

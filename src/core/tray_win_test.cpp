@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 #include <shellapi.h>
 
-#include "core/replaced_import_win.h"
-#include "core/window_classes_win.h"
+#include "base/replaced_import_win.h"
+#include "base/window_classes_win.h"
 #include "overlay/test_window_class_win.h"
 
 namespace mrl {

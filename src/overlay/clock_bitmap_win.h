@@ -6,8 +6,8 @@
 
 #include <cstdint>
 
-#include "core/geometry.h"
-#include "core/unique_handle.h"
+#include "base/geometry.h"
+#include "base/unique_handle.h"
 
 namespace mrl {
 

@@ -5,8 +5,8 @@
 #include <array>
 #include <optional>
 
-#include "core/command_ids.h"
-#include "core/geometry.h"
+#include "base/command_ids.h"
+#include "base/geometry.h"
 
 namespace mrl {
 

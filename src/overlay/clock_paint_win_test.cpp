@@ -1,7 +1,7 @@
 // The clock and its preview painted on real windows, and looked at on the screen.
 #include <gtest/gtest.h>
 
-#include "core/replaced_import_win.h"
+#include "base/replaced_import_win.h"
 #include "overlay/clock_geometry.h"
 #include "overlay/clock_painter_win.h"
 #include "overlay/clock_window_win.h"

@@ -1,7 +1,7 @@
 // Painting on windows: see clock_painter_win.h.
 #include "overlay/clock_painter_win.h"
 
-#include "core/geometry_win.h"
+#include "base/geometry_win.h"
 #include "overlay/clock_renderer_win.h"
 
 namespace mrl {

@@ -7,7 +7,7 @@
 #include <d2d1.h>
 #include <dwrite.h>
 
-#include "core/com_ref_win.h"
+#include "base/com_ref_win.h"
 #include "overlay/clock_bitmap_win.h"
 #include "overlay/clock_drawing.h"
 

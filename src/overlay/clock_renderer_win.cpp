@@ -1,8 +1,8 @@
 // Direct2D and DirectWrite: see clock_renderer_win.h.
 #include "overlay/clock_renderer_win.h"
 
-#include "core/com_ref_win.h"
-#include "core/wide_win.h"
+#include "base/com_ref_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 namespace {

@@ -7,7 +7,7 @@
 #include <d2d1.h>
 #include <dwrite.h>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 #include "overlay/clock_drawing.h"
 
 namespace mrl {

@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "core/com_ref_win.h"
+#include "base/com_ref_win.h"
 #include "overlay/clock_bitmap_win.h"
 
 namespace mrl {

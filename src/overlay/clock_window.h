@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "core/geometry.h"
-#include "core/window_handle.h"
+#include "base/geometry.h"
+#include "base/window_handle.h"
 
 namespace mrl {
 

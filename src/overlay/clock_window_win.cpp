@@ -3,9 +3,9 @@
 
 #include <utility>
 
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 
 namespace mrl {
 namespace {

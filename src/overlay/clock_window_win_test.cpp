@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "core/geometry_win.h"
-#include "core/replaced_import_win.h"
-#include "core/wide_win.h"
+#include "base/geometry_win.h"
+#include "base/replaced_import_win.h"
+#include "base/wide_win.h"
 #include "overlay/clock_window_contract.h"
 #include "overlay/test_window_class_win.h"
 

@@ -1,7 +1,7 @@
 // The small toolbar below the clock in resize mode: accept the size, or go back to the default one.
 #pragma once
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 
 namespace mrl {
 

@@ -3,8 +3,8 @@
 
 #include <utility>
 
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "overlay/clock_geometry.h"
 
 namespace mrl {

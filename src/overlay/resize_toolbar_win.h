@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "core/gdi_win.h"
+#include "base/gdi_win.h"
 #include "overlay/clock_window_win.h"
 #include "overlay/resize_toolbar.h"
 

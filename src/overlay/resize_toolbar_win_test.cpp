@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "overlay/clock_geometry.h"
 #include "overlay/resize_toolbar_contract.h"
 #include "overlay/test_window_class_win.h"

@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 
 namespace mrl {
 

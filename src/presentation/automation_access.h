@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/window_handle.h"
+#include "base/window_handle.h"
 #include "presentation/automation.h"
 #include "presentation/window_system.h"
 #include "settings/files.h"

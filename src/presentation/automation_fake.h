@@ -13,7 +13,7 @@
 #include <type_traits>
 #include <vector>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "presentation/automation.h"
 
 namespace mrl {

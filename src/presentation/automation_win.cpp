@@ -5,8 +5,8 @@
 
 #include <oleauto.h>
 
-#include "core/com_ref_win.h"
-#include "core/wide_win.h"
+#include "base/com_ref_win.h"
+#include "base/wide_win.h"
 #include "presentation/object_model_win.h"
 #include "presentation/program_windows.h"
 #include "presentation/window_system_win.h"

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <iterator>
 
-#include "core/char_rules.h"
-#include "core/fnv1a.h"
+#include "base/char_rules.h"
+#include "base/fnv1a.h"
 #include "settings/path_rules.h"
 #include "settings/path_text.h"
 

@@ -4,7 +4,7 @@
 
 #include <utility>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings/files_fake.h"
 #include "settings/path_rules.h"
 

@@ -1,7 +1,7 @@
 // The catalogue over a real folder of Windows.
 #include <gtest/gtest.h>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "presentation/catalogue.h"
 #include "settings/files_place_win.h"
 #include "settings/path_rules.h"

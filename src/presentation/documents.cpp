@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "presentation/raise_window.h"
 #include "presentation/show_identity.h"
 #include "presentation/show_poll.h"

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "core/geometry_win.h"
+#include "base/geometry_win.h"
 
 namespace mrl {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <vector>
 
-#include "core/com_ref_win.h"
-#include "core/window_handle.h"
+#include "base/com_ref_win.h"
+#include "base/window_handle.h"
 
 namespace mrl {
 

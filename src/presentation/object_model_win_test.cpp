@@ -8,7 +8,7 @@
 #include <future>
 #include <thread>
 
-#include "core/geometry_win.h"
+#include "base/geometry_win.h"
 
 namespace mrl {
 namespace {

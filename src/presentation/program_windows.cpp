@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "core/char_rules.h"
+#include "base/char_rules.h"
 #include "presentation/automation_access.h"
 
 namespace mrl {

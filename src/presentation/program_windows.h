@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/window_handle.h"
+#include "base/window_handle.h"
 #include "presentation/window_system.h"
 
 namespace mrl {

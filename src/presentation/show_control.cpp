@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "presentation/raise_window.h"
 #include "presentation/window_scan.h"
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "core/window_handle.h"
+#include "base/window_handle.h"
 
 namespace mrl {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "core/char_rules.h"
+#include "base/char_rules.h"
 #include "presentation/program_windows.h"
 #include "settings/path_rules.h"
 

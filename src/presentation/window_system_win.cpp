@@ -3,9 +3,9 @@
 
 #include <windows.h>
 
-#include "core/geometry_win.h"
-#include "core/unique_handle.h"
-#include "core/wide_win.h"
+#include "base/geometry_win.h"
+#include "base/unique_handle.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 namespace {

@@ -7,9 +7,9 @@
 #include <chrono>
 #include <functional>
 
-#include "core/geometry_win.h"
-#include "core/replaced_import_win.h"
-#include "core/unique_handle.h"
+#include "base/geometry_win.h"
+#include "base/replaced_import_win.h"
+#include "base/unique_handle.h"
 #include "presentation/raise_window.h"
 
 namespace mrl {

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <tuple>
 
-#include "core/text.h"
-#include "remote/ipv4.h"
-#include "remote/sockets.h"
+#include "base/text.h"
+#include "http/ipv4.h"
+#include "http/sockets.h"
 
 namespace mrl {
 namespace {

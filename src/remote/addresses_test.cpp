@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "core/text.h"
-#include "remote/ipv4.h"
+#include "base/text.h"
+#include "http/ipv4.h"
 #include "remote/network_fake.h"
 
 namespace mrl {

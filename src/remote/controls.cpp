@@ -5,9 +5,9 @@
 #include <map>
 #include <string_view>
 
-#include "core/fnv1a.h"
+#include "base/fnv1a.h"
 #include "core/tick.h"
-#include "remote/json_text.h"
+#include "http/json_text.h"
 #include "remote/remote_refusals.h"
 #include "settings/settings_file.h"
 #include "settings_window/settings_form.h"

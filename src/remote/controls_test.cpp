@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "core/app_fixture.h"
-#include "core/text.h"
 
 namespace mrl {
 namespace {

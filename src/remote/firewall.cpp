@@ -2,9 +2,9 @@
 
 #include <cstdio>
 
-#include "core/char_rules.h"
-#include "core/fnv1a.h"
-#include "core/text.h"
+#include "base/char_rules.h"
+#include "base/fnv1a.h"
+#include "base/text.h"
 
 namespace mrl {
 namespace {

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "core/window_handle.h"
+#include "base/window_handle.h"
 
 namespace mrl {
 

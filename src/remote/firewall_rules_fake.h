@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "remote/firewall.h"
 
 namespace mrl {

@@ -6,9 +6,9 @@
 #include <oleauto.h>
 #include <shellapi.h>
 
-#include "core/com_ref_win.h"
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
+#include "base/com_ref_win.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 namespace {

@@ -7,8 +7,8 @@
 
 #include <shellapi.h>
 
-#include "core/geometry_win.h"
-#include "core/replaced_import_win.h"
+#include "base/geometry_win.h"
+#include "base/replaced_import_win.h"
 
 namespace mrl {
 namespace {

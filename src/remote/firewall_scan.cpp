@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "core/char_rules.h"
-#include "core/text.h"
+#include "base/char_rules.h"
+#include "base/text.h"
 #include "remote/firewall.h"
 
 namespace mrl {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "remote/firewall_rules_fake.h"
 
 namespace mrl {

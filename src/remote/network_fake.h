@@ -3,7 +3,7 @@
 #include <functional>
 #include <vector>
 
-#include "remote/ipv4.h"
+#include "http/ipv4.h"
 #include "remote/network.h"
 
 namespace mrl {

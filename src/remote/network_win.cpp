@@ -9,7 +9,7 @@
 
 #include <cstddef>
 
-#include "core/com_ref_win.h"
+#include "base/com_ref_win.h"
 
 namespace mrl {
 namespace {

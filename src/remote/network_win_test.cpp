@@ -12,8 +12,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/replaced_import_win.h"
-#include "remote/ipv4.h"
+#include "base/replaced_import_win.h"
+#include "http/ipv4.h"
 
 namespace mrl {
 namespace {

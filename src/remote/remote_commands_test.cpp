@@ -2,11 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include "base/text.h"
 #include "core/app_fixture.h"
 #include "core/blackout.h"
 #include "core/commands.h"
 #include "core/expiry.h"
-#include "core/text.h"
 #include "presentation/catalogue.h"
 #include "presentation/show_control.h"
 #include "settings_window/control_ids.h"

@@ -1,7 +1,7 @@
 #include "remote/remote_service.h"
 
+#include "base/text.h"
 #include "core/test_files.h"
-#include "core/text.h"
 #include "remote/addresses.h"
 #include "remote/firewall.h"
 #include "settings_window/remote_page.h"

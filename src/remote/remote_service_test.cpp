@@ -1,8 +1,8 @@
 #include "remote/remote_service.h"
 
 #include "core/commands.h"
+#include "http/ipv4.h"
 #include "remote/firewall.h"
-#include "remote/ipv4.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {

@@ -14,13 +14,13 @@
 #include <random>
 #include <thread>
 
-#include "core/clock_posix.h"
-#include "core/unique_handle.h"
-#include "remote/hand_over.h"
-#include "remote/ipv4.h"
-#include "remote/request_queue_posix.h"
+#include "base/clock_posix.h"
+#include "base/unique_handle.h"
+#include "http/hand_over.h"
+#include "http/ipv4.h"
+#include "http/request_queue_posix.h"
+#include "http/sockets_posix.h"
 #include "remote/served_app_fake.h"
-#include "remote/sockets_posix.h"
 #include "settings/settings_file.h"
 
 namespace mrl {

@@ -11,16 +11,16 @@
 #include <thread>
 #include <utility>
 
-#include "core/clock_win.h"
-#include "core/geometry_win.h"
-#include "core/replaced_import_win.h"
-#include "core/unique_handle.h"
-#include "remote/hand_over.h"
-#include "remote/ipv4.h"
-#include "remote/raw_client_win.h"
-#include "remote/request_queue_win.h"
+#include "base/clock_win.h"
+#include "base/geometry_win.h"
+#include "base/replaced_import_win.h"
+#include "base/unique_handle.h"
+#include "http/hand_over.h"
+#include "http/ipv4.h"
+#include "http/raw_client_win.h"
+#include "http/request_queue_win.h"
+#include "http/sockets_win.h"
 #include "remote/served_app_fake.h"
-#include "remote/sockets_win.h"
 #include "settings/settings_file.h"
 
 namespace mrl {

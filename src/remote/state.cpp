@@ -3,8 +3,8 @@
 #include <cstdio>
 
 #include "core/timer.h"
+#include "http/json_text.h"
 #include "presentation/catalogue.h"
-#include "remote/json_text.h"
 
 namespace mrl {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 
-#include "core/text.h"
+#include "base/text.h"
 
 namespace mrl {
 

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/char_rules.h"
+#include "base/char_rules.h"
 #include "settings/files.h"
 #include "settings/path_text.h"
 

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings/files_posix.h"
 
 namespace mrl {

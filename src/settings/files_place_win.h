@@ -7,7 +7,7 @@
 #include <string>
 #include <system_error>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "settings/files_win.h"
 
 namespace mrl {

@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings/path_text.h"
 
 namespace mrl {

@@ -9,7 +9,7 @@
 #include <map>
 #include <utility>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings/files_contract.h"
 #include "settings/files_place_posix.h"
 

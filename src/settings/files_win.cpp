@@ -8,8 +8,8 @@
 #include <system_error>
 #include <utility>
 
-#include "core/unique_handle.h"
-#include "core/wide_win.h"
+#include "base/unique_handle.h"
+#include "base/wide_win.h"
 #include "settings/file_kind.h"
 #include "settings/path_text.h"
 

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <string>
 
-#include "core/text.h"
-#include "core/wide_win.h"
+#include "base/text.h"
+#include "base/wide_win.h"
 #include "settings/files_contract.h"
 #include "settings/files_place_win.h"
 #include "settings/path_rules.h"

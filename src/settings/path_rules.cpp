@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/char_rules.h"
+#include "base/char_rules.h"
 #include "settings/path_text.h"
 
 namespace mrl {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/char_rules.h"
+#include "base/char_rules.h"
 
 namespace mrl {
 namespace {

@@ -3,7 +3,7 @@
 #include <exception>
 #include <memory>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings/file_kind.h"
 #include "settings/path_text.h"
 #include "settings/settings_format.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <utility>
 
-#include "core/text.h"
+#include "base/text.h"
 
 namespace mrl {
 namespace {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string_view>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings/settings_sample.h"
 
 namespace mrl {

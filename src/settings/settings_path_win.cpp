@@ -5,7 +5,7 @@
 #include <objbase.h>
 #include <shlobj.h>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 

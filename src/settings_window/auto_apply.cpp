@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "core/tick.h"
 #include "overlay/clock_geometry.h"
 #include "remote/remote_service.h"

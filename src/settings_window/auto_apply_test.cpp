@@ -1,6 +1,6 @@
 #include "settings_window/auto_apply.h"
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings_window/settings_commands.h"
 #include "settings_window/settings_fixture.h"
 

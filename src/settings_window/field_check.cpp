@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings_window/field_values.h"
 #include "settings_window/settings_window.h"
 

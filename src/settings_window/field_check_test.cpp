@@ -1,7 +1,7 @@
 // Every field of the form: what it takes, what it refuses, and that it changes nothing else.
 #include "settings_window/field_check.h"
 
-#include "core/text.h"
+#include "base/text.h"
 #include "settings_window/settings_fixture.h"
 
 namespace mrl {

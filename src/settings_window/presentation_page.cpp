@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "presentation/catalogue.h"
 #include "presentation/documents.h"
 #include "presentation/show_control.h"

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "overlay/clock_geometry.h"
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_ids.h"

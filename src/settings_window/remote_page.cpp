@@ -1,11 +1,11 @@
 #include "settings_window/remote_page.h"
 
 #include "remote/addresses.h"
-#include "remote/qr_code.h"
 #include "remote/remote_service.h"
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/form_sync.h"
+#include "settings_window/qr_code.h"
 #include "settings_window/settings_window.h"
 
 namespace mrl {

@@ -1,7 +1,7 @@
 #include "settings_window/remote_page.h"
 
+#include "http/ipv4.h"
 #include "remote/firewall.h"
-#include "remote/ipv4.h"
 #include "remote/remote_service.h"
 #include "settings_window/settings_fixture.h"
 

@@ -2,16 +2,16 @@
 
 #include <algorithm>
 
+#include "base/text.h"
 #include "core/commands.h"
-#include "core/text.h"
 #include "overlay/clock_geometry.h"
-#include "remote/network_check.h"
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
 #include "settings_window/field_table.h"
 #include "settings_window/field_values.h"
 #include "settings_window/form_sync.h"
+#include "settings_window/network_check.h"
 #include "settings_window/presentation_page.h"
 #include "settings_window/preview.h"
 #include "settings_window/remote_page.h"

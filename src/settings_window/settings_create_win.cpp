@@ -5,9 +5,9 @@
 #include <dwmapi.h>
 #include <uxtheme.h>
 
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "overlay/clock_geometry.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/settings_shapes_win.h"

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "core/geometry_win.h"
-#include "core/window_classes_win.h"
+#include "base/geometry_win.h"
+#include "base/window_classes_win.h"
 #include "overlay/test_window_class_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"

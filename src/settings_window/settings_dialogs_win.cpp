@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "core/com_ref_win.h"
-#include "core/wide_win.h"
+#include "base/com_ref_win.h"
+#include "base/wide_win.h"
 #include "settings_window/file_filters.h"
 #include "settings_window/settings_shapes_win.h"
 #include "settings_window/settings_view_win.h"

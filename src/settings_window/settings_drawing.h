@@ -7,7 +7,7 @@
 #include <variant>
 #include <vector>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 
 namespace mrl {
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 #include "overlay/clock_geometry.h"
-#include "remote/qr_code.h"
 #include "settings/settings.h"
+#include "settings_window/qr_code.h"
 #include "settings_window/settings_view.h"
 
 namespace mrl {

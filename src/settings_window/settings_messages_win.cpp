@@ -3,8 +3,8 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
-#include "core/geometry_win.h"
-#include "core/window_classes_win.h"
+#include "base/geometry_win.h"
+#include "base/window_classes_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "settings_window/preview.h"

@@ -4,8 +4,8 @@
 // After <objbase.h>, which it leans on.
 #include <gdiplus.h>
 
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
 #include "settings_window/window_look.h"

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "core/unique_handle.h"
+#include "base/unique_handle.h"
 #include "settings_window/settings_form.h"
 #include "settings_window/settings_shapes_win.h"
 

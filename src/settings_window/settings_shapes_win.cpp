@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "resources/resource_ids.h"
 #include "settings_window/section_glyph.h"
 

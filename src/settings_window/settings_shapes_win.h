@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "core/gdi_win.h"
+#include "base/gdi_win.h"
 #include "settings_window/control_look.h"
 
 namespace mrl {

@@ -5,7 +5,7 @@
 
 #include <set>
 
-#include "core/geometry_win.h"
+#include "base/geometry_win.h"
 #include "overlay/test_window_class_win.h"
 #include "settings_window/control_ids.h"
 

@@ -2,8 +2,8 @@
 
 #include <commctrl.h>
 
-#include "core/geometry_win.h"
-#include "core/wide_win.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
 #include "settings_window/control_ids.h"
 
 namespace mrl {

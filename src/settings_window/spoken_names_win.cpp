@@ -5,8 +5,8 @@
 // After <objbase.h>, which it leans on.
 #include <oleacc.h>
 
-#include "core/com_ref_win.h"
-#include "core/wide_win.h"
+#include "base/com_ref_win.h"
+#include "base/wide_win.h"
 #include "settings_window/control_table.h"
 
 namespace mrl {

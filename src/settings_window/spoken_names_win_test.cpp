@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
 #include "settings_window/name_service_win.h"

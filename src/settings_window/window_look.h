@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 
-#include "remote/qr_code.h"
+#include "settings_window/qr_code.h"
 #include "settings_window/settings_drawing.h"
 
 namespace mrl {

@@ -3,10 +3,10 @@
 #include <cstdlib>
 #include <random>
 
+#include "base/text.h"
 #include "core/commands.h"
-#include "core/text.h"
 #include "core/tick.h"
-#include "remote/hand_over.h"
+#include "http/hand_over.h"
 #include "settings/settings_file.h"
 
 namespace mrl {

@@ -4,10 +4,10 @@
 #include <atomic>
 #include <string>
 
-#include "core/clock_posix.h"
-#include "remote/request_queue_posix.h"
+#include "base/clock_posix.h"
+#include "http/request_queue_posix.h"
+#include "http/sockets_posix.h"
 #include "remote/served_app_fake.h"
-#include "remote/sockets_posix.h"
 
 namespace mrl {
 

@@ -11,7 +11,7 @@
 #include <optional>
 #include <string>
 
-#include "core/text.h"
+#include "base/text.h"
 #include "headless/headless.h"
 
 namespace {

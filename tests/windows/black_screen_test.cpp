@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "core/command_ids.h"
-#include "core/window_classes_win.h"
+#include "base/command_ids.h"
+#include "base/window_classes_win.h"
 #include "windows/menu_window.h"
 #include "windows/picture.h"
 #include "windows/program.h"

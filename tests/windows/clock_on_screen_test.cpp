@@ -2,9 +2,9 @@
 // kept of that.
 #include <gtest/gtest.h>
 
-#include "core/command_ids.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "settings/settings_format.h"
 #include "windows/program.h"
 #include "windows/standin_client.h"

@@ -2,8 +2,8 @@
 // it: after it was hidden, and at a new size.
 #include <gtest/gtest.h>
 
-#include "core/command_ids.h"
-#include "core/wide_win.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
 #include "windows/picture.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"

@@ -1,8 +1,8 @@
 // The deck that follows when the time is up: from the old show's exit to the clock's return.
 #include <gtest/gtest.h>
 
-#include "core/command_ids.h"
-#include "core/wide_win.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
 

@@ -6,7 +6,7 @@
 #include <sstream>
 #include <vector>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "presentation/automation_win.h"
 #include "presentation/show_poll.h"
 #include "presentation/window_system_win.h"

@@ -8,7 +8,7 @@
 #include <iomanip>
 #include <sstream>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "resources/resource_ids.h"
 #include "settings_window/control_look.h"
 #include "settings_window/section_glyph.h"

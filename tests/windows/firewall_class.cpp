@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/text.h"
-#include "core/wide_win.h"
+#include "base/text.h"
+#include "base/wide_win.h"
 
 namespace mrl {
 namespace {

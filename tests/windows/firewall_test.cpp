@@ -2,7 +2,7 @@
 // own under the system's class, and a command of the test's own in the place of the system's.
 #include <gtest/gtest.h>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "remote/firewall_rules_fake.h"
 #include "remote/firewall_rules_win.h"
 #include "windows/firewall_class.h"

@@ -5,11 +5,11 @@
 
 #include <filesystem>
 
-#include "core/command_ids.h"
-#include "core/wide_win.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
+#include "http/raw_client_win.h"
 #include "remote/addresses.h"
 #include "remote/network_win.h"
-#include "remote/raw_client_win.h"
 #include "settings/files_win.h"
 #include "settings/settings_file.h"
 #include "settings/settings_path_win.h"

@@ -14,8 +14,8 @@
 #include <utility>
 #include <vector>
 
-#include "core/unique_handle.h"
-#include "core/window_classes_win.h"
+#include "base/unique_handle.h"
+#include "base/window_classes_win.h"
 #include "resources/resource_ids.h"
 #include "windows/standin_client.h"
 

@@ -1,7 +1,7 @@
 // The menu as a user meets it: on the clock, on its tray icon.
 #include <gtest/gtest.h>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "core/tray_win.h"
 #include "windows/menu_window.h"
 #include "windows/picture.h"

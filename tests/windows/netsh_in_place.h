@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "windows/program.h"
 #include "windows/standin_client.h"
 

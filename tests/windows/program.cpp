@@ -8,8 +8,8 @@
 #include <iterator>
 #include <random>
 
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "settings/files_win.h"
 #include "settings/settings_file.h"
 #include "windows/standin_client.h"

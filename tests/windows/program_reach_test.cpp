@@ -1,9 +1,9 @@
 // A presentation program that is not among the running objects is reached through its windows.
 #include <gtest/gtest.h>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
+#include "http/raw_client_win.h"
 #include "presentation/automation_win.h"
-#include "remote/raw_client_win.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
 

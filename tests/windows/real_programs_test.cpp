@@ -1,6 +1,6 @@
 // What presentation programs do in real life beside answering: being busy, keeping files in the
 // cloud, ending a show with a black screen, and having windows of their own kind.
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "windows/show_following_fixture.h"
 
 namespace mrl {

@@ -5,8 +5,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/command_ids.h"
-#include "remote/raw_client_win.h"
+#include "base/command_ids.h"
+#include "http/raw_client_win.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
 

@@ -6,11 +6,11 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/command_ids.h"
-#include "core/geometry_win.h"
+#include "base/command_ids.h"
+#include "base/geometry_win.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "core/instances_win.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
 #include "settings/files_win.h"
 #include "settings/settings_file.h"
 #include "settings/settings_path_win.h"

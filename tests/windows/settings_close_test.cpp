@@ -2,7 +2,7 @@
 // answer leaves behind.
 #include <gtest/gtest.h>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "windows/settings_hand.h"
 
 namespace mrl {

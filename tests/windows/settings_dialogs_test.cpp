@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "windows/settings_hand.h"
 #include "windows/top_windows.h"
 

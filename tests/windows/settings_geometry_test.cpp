@@ -8,7 +8,7 @@
 #include <set>
 #include <string>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "windows/picture.h"

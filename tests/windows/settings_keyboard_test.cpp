@@ -6,7 +6,7 @@
 #include <fstream>
 #include <vector>
 
-#include "core/wide_win.h"
+#include "base/wide_win.h"
 #include "settings_window/control_table.h"
 #include "windows/settings_hand.h"
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "core/wide_win.h"
-#include "remote/qr_code.h"
+#include "base/wide_win.h"
 #include "settings_window/control_look.h"
 #include "settings_window/layout.h"
+#include "settings_window/qr_code.h"
 #include "settings_window/window_look.h"
 #include "windows/top_windows.h"
 

@@ -7,10 +7,10 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/command_ids.h"
-#include "core/wide_win.h"
-#include "remote/qr_code.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
 #include "settings_window/layout.h"
+#include "settings_window/qr_code.h"
 
 namespace mrl {
 namespace {

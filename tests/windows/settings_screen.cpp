@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "core/window_classes_win.h"
+#include "base/window_classes_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "windows/standin_client.h"

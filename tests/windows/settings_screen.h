@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "core/geometry.h"
-#include "core/window_classes_win.h"
+#include "base/geometry.h"
+#include "base/window_classes_win.h"
 #include "settings_window/control_table.h"
 #include "windows/picture.h"
 #include "windows/program.h"

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "settings_window/layout.h"
 #include "windows/settings_hand.h"
 

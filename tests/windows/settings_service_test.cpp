@@ -2,7 +2,7 @@
 // clipboard, the port.
 #include <gtest/gtest.h>
 
-#include "remote/raw_client_win.h"
+#include "http/raw_client_win.h"
 #include "windows/settings_hand.h"
 
 namespace mrl {

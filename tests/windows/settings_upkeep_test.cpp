@@ -1,7 +1,7 @@
 // The real settings window in long use.
 #include <gtest/gtest.h>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "settings_window/control_ids.h"
 #include "windows/held_objects.h"
 #include "windows/settings_screen.h"

@@ -7,11 +7,11 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/command_ids.h"
-#include "core/unique_handle.h"
-#include "core/wide_win.h"
-#include "core/window_classes_win.h"
-#include "remote/raw_client_win.h"
+#include "base/command_ids.h"
+#include "base/unique_handle.h"
+#include "base/wide_win.h"
+#include "base/window_classes_win.h"
+#include "http/raw_client_win.h"
 #include "resources/resource_ids.h"
 #include "settings_window/control_ids.h"
 #include "windows/picture.h"

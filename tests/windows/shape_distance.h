@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "core/geometry.h"
+#include "base/geometry.h"
 #include "settings_window/section_glyph.h"
 
 namespace mrl {

@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/wide_win.h"
 #include "core/shell_win.h"
-#include "core/wide_win.h"
 #include "windows/program.h"
 #include "windows/standin_client.h"
 

@@ -1,8 +1,8 @@
 // The clock follows the shows of another process: over automation, and again with nothing to go by
 // but the windows on the desktop.
-#include "core/command_ids.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
 #include "core/tray_win.h"
-#include "core/wide_win.h"
 #include "windows/menu_window.h"
 #include "windows/show_following_fixture.h"
 

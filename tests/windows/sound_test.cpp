@@ -8,8 +8,8 @@
 #include <fstream>
 #include <iterator>
 
-#include "core/command_ids.h"
-#include "core/wide_win.h"
+#include "base/command_ids.h"
+#include "base/wide_win.h"
 #include "windows/program.h"
 #include "windows/standin_client.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/command_ids.h"
+#include "base/command_ids.h"
 #include "core/tray_win.h"
 #include "windows/program.h"
 #include "windows/shell_standin.h"

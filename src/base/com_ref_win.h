@@ -1,0 +1,26 @@
+// One counted reference to a COM object.
+#pragma once
+
+#include "base/unique_handle.h"
+
+namespace mrl {
+
+template <class Interface>
+struct ComTraits {
+  static Interface* none() { return nullptr; }
+  static void close(Interface* object) { object->Release(); }
+};
+
+/// Takes over the reference it is given, adds none of its own, and releases it at its end. Use and
+/// destroy it in the object's apartment.
+template <class Interface>
+class ComRef : public UniqueHandle<ComTraits<Interface>> {
+ public:
+  using UniqueHandle<ComTraits<Interface>>::UniqueHandle;
+
+  /// REQUIRES: an object is held.
+  Interface* operator->() const { return this->get(); }
+  Interface& operator*() const { return *this->get(); }
+};
+
+}  // namespace mrl

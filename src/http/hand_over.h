@@ -1,0 +1,32 @@
+// The bridge between the listener's thread and the UI thread, which owns all state. Either side may
+// lose the other: the UI thread can be busy for too long, the service can be stopped or restarted,
+// and the program can end with requests still queued.
+#pragma once
+
+#include <memory>
+
+#include "core/app.h"
+#include "http/http_response.h"
+#include "http/remote_request.h"
+#include "http/remote_server.h"
+
+namespace mrl {
+
+/// What the listener's thread reaches of the program. All of it may be called from there.
+struct HandOverDoors {
+  Clock& clock;
+  RequestQueue& requests;
+};
+
+/// Listener's thread: a request of the service's present run, not yet filled.
+std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server, const HandOverDoors& doors);
+
+/// Listener's thread: hands a filled request to the UI thread and waits for what comes back.
+Answer handOver(const RemoteServer& server, const HandOverDoors& doors,
+                const std::shared_ptr<RemoteRequest>& request);
+
+/// UI thread: carries the request out, unless it comes from an earlier run or too late, and answers
+/// it.
+void onRemoteRequest(App& app, RemoteRequest& request);
+
+}  // namespace mrl

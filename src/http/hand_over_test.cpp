@@ -1,0 +1,231 @@
+#include "http/hand_over.h"
+
+#include "core/app_fixture.h"
+#include "remote/controls.h"
+#include "remote/state.h"
+
+namespace mrl {
+namespace {
+
+constexpr char kClosed[] = R"({"error":"遥控服务已关闭，请重新连接"})";
+constexpr char kTooLate[] = R"({"error":"操作已超时，请刷新后重试"})";
+
+class HandOverTest : public AppFixture {
+ protected:
+  void SetUp() override {
+    start();
+    app.remote.running = true;
+    app.remote.generation = 5;
+  }
+  void TearDown() override { app.remote.running = false; }
+
+  std::shared_ptr<RemoteRequest> make(const std::string& command) {
+    auto request = makeRequest(app.remote, doors);
+    request->command = command;
+    return request;
+  }
+  std::shared_ptr<RemoteRequest> run(const std::string& command) {
+    auto request = make(command);
+    onRemoteRequest(app, *request);
+    return request;
+  }
+  Answer handOver(const std::shared_ptr<RemoteRequest>& request) {
+    return mrl::handOver(app.remote, doors, request);
+  }
+  /// The UI thread answers as soon as the request is posted.
+  void answerAtOnce() {
+    requests.onPost = [this](RemoteRequest& request) { onRemoteRequest(app, request); };
+  }
+  static bool isAnswered(RemoteRequest& request) { return request.done->wait(0); }
+
+  HandOverDoors doors{clock, requests};
+};
+
+TEST_F(HandOverTest, ARequestBelongsToThePresentRunAndLives2500Ms) {
+  const auto request = make("state");
+  EXPECT_EQ(request->generation, 5U);
+  EXPECT_EQ(request->deadlineMs, clock.nowMs() + 2500);
+  EXPECT_EQ(request->status, 200);
+  EXPECT_EQ(request->response, "");
+  EXPECT_FALSE(isAnswered(*request));
+}
+
+TEST_F(HandOverTest, TheListenerWaits2000MsForTheAnswer) {
+  (void)handOver(make("state"));
+  EXPECT_EQ(requests.waitedMs, std::vector<uint32_t>{2000});
+}
+
+TEST_F(HandOverTest, ARequestGoesToTheWindowThatTheStartNamed) {
+  app.remote.targetWindow = {77};
+  (void)handOver(make("state"));
+  EXPECT_EQ(requests.lastTarget, WindowHandle{77});
+}
+
+TEST_F(HandOverTest, AnAnswerInTimeIsPassedOnAsJson) {
+  answerAtOnce();
+  const auto request = make("state");
+  const Answer answer = handOver(request);
+  EXPECT_EQ(answer, (Answer{200, request->response, kJson}));
+  EXPECT_FALSE(answer.body.empty());
+}
+
+TEST_F(HandOverTest, ARefusalIsPassedOnAsJson) {
+  answerAtOnce();
+  const Answer answer = handOver(make("nonsense"));
+  EXPECT_EQ(answer.status, 409);
+  EXPECT_EQ(answer.type, kJson);
+  EXPECT_EQ(answer.body, R"({"error":"未知操作。"})");
+}
+
+TEST_F(HandOverTest, AWindowThatIsGoneGives503AndKeepsNothing) {
+  requests.postWorks = false;
+  const auto request = make("toggle");
+  EXPECT_EQ(handOver(request), (Answer{503, "UI unavailable", kPlainText}));
+  EXPECT_EQ(request.use_count(), 1);
+  EXPECT_TRUE(requests.waitedMs.empty());
+}
+
+TEST_F(HandOverTest, NoAnswerInTimeGives503AndTheRequestStaysQueued) {
+  const auto request = make("toggle");
+  EXPECT_EQ(handOver(request),
+            (Answer{503, "UI unavailable; command may be pending. Refresh state before retry.",
+                    kPlainText}));
+  EXPECT_EQ(requests.queued.size(), 1U);
+}
+
+TEST_F(HandOverTest, WithoutAnEventTheRequestRunsButItsClientIsToldThatItMayBePending) {
+  requests.eventsWork = false;
+  answerAtOnce();
+  const auto request = make("state");
+  EXPECT_EQ(handOver(request).status, 503);
+  EXPECT_NE(request->response, "");
+}
+
+TEST_F(HandOverTest, ALateAnswerReachesARequestThatTheListenerHasLeft) {
+  std::weak_ptr<RemoteRequest> watched;
+  {
+    const auto request = make("state");
+    watched = request;
+    (void)handOver(request);
+  }
+  ASSERT_FALSE(watched.expired());
+  onRemoteRequest(app, *requests.queued.front());
+  EXPECT_TRUE(isAnswered(*watched.lock()));
+  requests.queued.clear();
+  EXPECT_TRUE(watched.expired());
+}
+
+TEST_F(HandOverTest, AStoppedServiceRunsNothing) {
+  const auto request = make("toggle");
+  app.remote.running = false;
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->status, 503);
+  EXPECT_EQ(request->response, kClosed);
+  EXPECT_TRUE(isAnswered(*request));
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(HandOverTest, ARequestOfAnEarlierRunIsNotCarriedOut) {
+  const auto request = make("toggle");
+  app.remote.generation += 2;  // stopped and started again
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->status, 503);
+  EXPECT_EQ(request->response, kClosed);
+  EXPECT_TRUE(isAnswered(*request));
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(HandOverTest, AClosedServiceIsToldBeforeALateRequest) {
+  const auto request = make("toggle");
+  clock.advance(60'000);
+  app.remote.running = false;
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->response, kClosed);
+}
+
+TEST_F(HandOverTest, ARequestIsCarriedOutUpToItsDeadlineAndNotAfter) {
+  const auto inTime = make("state");
+  const auto late = make("state");
+  clock.advance(2500);
+  onRemoteRequest(app, *inTime);
+  EXPECT_EQ(inTime->status, 200);
+  clock.advance(1);
+  onRemoteRequest(app, *late);
+  EXPECT_EQ(late->status, 503);
+  EXPECT_EQ(late->response, kTooLate);
+  EXPECT_TRUE(isAnswered(*late));
+}
+
+TEST_F(HandOverTest, ALateCommandChangesNothing) {
+  const auto request = make("toggle");
+  clock.advance(2501);
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+TEST_F(HandOverTest, ACommandWhoseClientHasGivenUpIsStillCarriedOut) {
+  const auto request = make("toggle");
+  EXPECT_EQ(handOver(request).status, 503);
+  clock.advance(2400);
+  onRemoteRequest(app, *requests.queued.front());
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(HandOverTest, ACommandIsAnsweredWithTheStateThatItLeft) {
+  const auto request = run("toggle");
+  EXPECT_EQ(request->response, buildStateJson(app));
+  EXPECT_EQ(phase(), TimerPhase::Running);
+}
+
+TEST_F(HandOverTest, ControlsAreAnsweredWithTheControls) {
+  const auto request = run("controls");
+  EXPECT_EQ(request->status, 200);
+  EXPECT_EQ(request->response, controlsSnapshotJson(app));
+}
+
+TEST_F(HandOverTest, AFormThatIsRefusedIsAConflictAndChangesNothing) {
+  const Settings before = app.settings;
+  const auto request = make("controls-save");
+  request->body = "duration=abc";
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->status, 409);
+  EXPECT_TRUE(request->response.starts_with("{\"error\":\"")) << request->response;
+  EXPECT_TRUE(app.settings == before);
+}
+
+TEST_F(HandOverTest, ASavedFormIsAnsweredWithTheNewControls) {
+  const auto request = make("controls-save");
+  request->body = "revision=" + controlsRevision(app.settings);
+  Settings copy = app.settings;
+  for (const ControlField& field : controlFields(copy)) {
+    const auto text = [](auto* value) { return std::to_string(*value); };
+    request->body += '&' + field.name + '=';
+    request->body += field.name == "opacity" ? "60" : std::visit(text, field.target);
+  }
+  onRemoteRequest(app, *request);
+  EXPECT_EQ(request->status, 200);
+  EXPECT_EQ(app.settings.opacity, 60u);
+  EXPECT_EQ(request->response, controlsSnapshotJson(app));
+}
+
+TEST_F(HandOverTest, TheInternalWordWithoutABodyIsStale) {
+  const auto request = run("controls-save");
+  EXPECT_EQ(request->status, 409);
+  EXPECT_EQ(request->response,
+            R"({"error":"电脑设置已更新。遥控端草稿已保留，请重新加载后确认。"})");
+}
+
+TEST_F(HandOverTest, TheEndOfTheProgramLetsGoOfWhatIsQueuedAndRunsNoneOfIt) {
+  const auto request = make("toggle");
+  (void)handOver(request);
+  finishApp(app);
+  EXPECT_FALSE(app.remote.running);
+  EXPECT_EQ(requests.drains, 1);
+  EXPECT_EQ(request.use_count(), 1);
+  EXPECT_EQ(request->response, "");
+  EXPECT_FALSE(isAnswered(*request));
+  EXPECT_EQ(phase(), TimerPhase::Idle);
+}
+
+}  // namespace
+}  // namespace mrl

@@ -1,0 +1,51 @@
+#include "http/sockets_posix.h"
+
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "base/unique_handle.h"
+
+namespace mrl {
+namespace {
+
+using Socket = int;
+constexpr Socket kNoSocket = -1;
+using AddressLength = socklen_t;
+using SocketLimit = timeval;
+
+// Without it a port stays taken for a minute after the service has stopped; two listeners on one
+// port are refused all the same.
+constexpr int kOwnAddressOption = SO_REUSEADDR;
+constexpr int kSendFlags = MSG_NOSIGNAL;  // a peer that has gone must not end the program
+
+void closeSocket(Socket socket) { close(socket); }
+
+SocketLimit socketLimit(uint32_t ms) {
+  return {.tv_sec = ms / 1000, .tv_usec = static_cast<suseconds_t>(ms % 1000 * 1000)};
+}
+
+int pollSockets(pollfd* sockets, size_t count, uint32_t limitMs) {
+  return poll(sockets, count, static_cast<int>(limitMs));
+}
+
+struct Startup {
+  explicit operator bool() const { return true; }
+};
+
+}  // namespace
+}  // namespace mrl
+
+#include "http/sockets_shared.inc"
+
+namespace mrl {
+
+std::unique_ptr<SocketSession> SocketsPosix::start() { return startSession(); }
+
+}  // namespace mrl
