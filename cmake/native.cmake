@@ -2,6 +2,7 @@
 find_package(GTest REQUIRED)
 
 add_library(marlune_edges STATIC ${EDGES_POSIX})
+by_folder(marlune_edges)
 target_link_libraries(marlune_edges PUBLIC marlune_logic)
 
 add_executable(marlune_tests ${TESTS})
@@ -36,11 +37,13 @@ target_link_libraries(marlune_remote_bench PRIVATE marlune_fakes marlune_edges G
                                                    cpp-httplib microhttpd)
 
 if(MARLUNE_FUZZ)
-  add_compile_options(-fsanitize=fuzzer-no-link)
+  foreach(target marlune_logic marlune_edges marlune_fakes)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+  endforeach()
   file(GLOB FUZZERS CONFIGURE_DEPENDS src/*/*_fuzz.cpp)
   foreach(source ${FUZZERS})
     get_filename_component(name ${source} NAME_WE)
-    add_executable(${name} ${source})
+    add_executable(${name} EXCLUDE_FROM_ALL ${source})
     target_link_libraries(${name} PRIVATE marlune_fakes marlune_edges -fsanitize=fuzzer)
   endforeach()
 endif()

@@ -221,7 +221,7 @@ TEST_F(AutoApplyTest, AReadOnlyRecordRefusesEveryEditAndStillShowsIt) {
   app.settingsWritable = false;
   const int before = saves();
   for (const Field& field : allFields()) {
-    if (field.kind != FieldKind::Check) continue;
+    if (field.kind != FieldKind::Flag) continue;
     view().click(field.id);
     EXPECT_EQ(status(), u"配置文件无法读取，未自动覆盖；请先恢复配置文件。");
     EXPECT_EQ(app.form.pendingEdits.at(field.id), kNotDue);

@@ -311,11 +311,11 @@ TEST(ControlTableTest, EveryFieldHasAControlOfItsKind) {
     const Control* control = findControl(field.id);
     ASSERT_NE(control, nullptr) << field.id;
     switch (field.kind) {
-      case FieldKind::Check: EXPECT_EQ(control->kind, ControlKind::Check); break;
+      case FieldKind::Flag: EXPECT_EQ(control->kind, ControlKind::Check); break;
       case FieldKind::DownRadio: EXPECT_EQ(control->kind, ControlKind::Radio); break;
       case FieldKind::Number:
       case FieldKind::Time: EXPECT_EQ(control->kind, ControlKind::NumberBox) << field.id; break;
-      case FieldKind::Shape:
+      case FieldKind::ShapeRow:
       case FieldKind::FontWeight: EXPECT_EQ(control->kind, ControlKind::Combo); break;
       default: EXPECT_EQ(control->kind, ControlKind::TextBox) << field.id;
     }

@@ -65,7 +65,7 @@ FieldCheck takeField(App& app, const Field& field, Settings& candidate) {
   SettingsView& view = app.platform.settingsView;
   FieldCheck check{.errorId = field.id};
   switch (field.kind) {
-    case FieldKind::Check: field.flag().in(candidate) = view.isChecked(field.id); break;
+    case FieldKind::Flag: field.flag().in(candidate) = view.isChecked(field.id); break;
     case FieldKind::DownRadio: field.flag().in(candidate) = view.isChecked(kDownRadio); break;
     case FieldKind::Number: {
       const uint32_t value = takeNumber(app, field.id, field.lowest, field.highest, check);
@@ -85,7 +85,7 @@ FieldCheck takeField(App& app, const Field& field, Settings& candidate) {
         fail(check, field.id, kNoColour);
       }
       break;
-    case FieldKind::Shape:
+    case FieldKind::ShapeRow:
       field.number().in(candidate) = static_cast<uint32_t>(rowIn(app, field.id, kShapeCount));
       break;
     case FieldKind::FontWeight:

@@ -13,12 +13,12 @@
 namespace mrl {
 
 enum class FieldKind {
-  Check,
+  Flag,
   DownRadio,   // one of the pair of radio buttons
   Number,      // whole, within the range
   Time,        // minutes, with a box of seconds beside it
   Colour,      // #RRGGBB
-  Shape,       // the row itself
+  ShapeRow,    // the row itself
   FontWeight,  // one of kFontWeights by the row
   FontName,    // any text but none
   Folder,      // of these three, empty stands for none

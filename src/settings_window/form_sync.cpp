@@ -29,7 +29,7 @@ void readField(App& app, const Field& field) {
   Settings& shown = app.form.settings;
   const int row = std::max(view.row(field.id), 0);
   switch (field.kind) {
-    case FieldKind::Check: field.flag().in(shown) = view.isChecked(field.id); break;
+    case FieldKind::Flag: field.flag().in(shown) = view.isChecked(field.id); break;
     case FieldKind::DownRadio: field.flag().in(shown) = view.isChecked(kDownRadio); break;
     case FieldKind::Number:
       field.number().in(shown) = numberOr(app, field.id, field.number().in(shown));
@@ -41,7 +41,7 @@ void readField(App& app, const Field& field) {
       field.number().in(shown) =
           colourFromText(view.text(field.id)).value_or(field.number().in(shown));
       break;
-    case FieldKind::Shape: field.number().in(shown) = static_cast<uint32_t>(row); break;
+    case FieldKind::ShapeRow: field.number().in(shown) = static_cast<uint32_t>(row); break;
     case FieldKind::FontWeight:
       field.number().in(shown) =
           kFontWeights[std::min(static_cast<size_t>(row), std::size(kFontWeights) - 1)];
@@ -64,7 +64,7 @@ void fillField(App& app, const Field& field) {
   SettingsView& view = app.platform.settingsView;
   const Settings& shown = app.form.settings;
   switch (field.kind) {
-    case FieldKind::Check: view.setChecked(field.id, field.flag().in(shown)); break;
+    case FieldKind::Flag: view.setChecked(field.id, field.flag().in(shown)); break;
     case FieldKind::DownRadio:
       view.setChecked(field.id, field.flag().in(shown) == (field.id == kDownRadio));
       break;
@@ -74,7 +74,9 @@ void fillField(App& app, const Field& field) {
       view.setText(field.secondsId, decimal(field.number().in(shown) % kSecondsPerMinute));
       break;
     case FieldKind::Colour: view.setText(field.id, colourText(field.number().in(shown))); break;
-    case FieldKind::Shape: view.setRow(field.id, static_cast<int>(field.number().in(shown))); break;
+    case FieldKind::ShapeRow:
+      view.setRow(field.id, static_cast<int>(field.number().in(shown)));
+      break;
     case FieldKind::FontWeight: view.setRow(field.id, weightRow(field.number().in(shown))); break;
     case FieldKind::FontName:
     case FieldKind::Folder:

@@ -14,7 +14,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kLineUnits = 24;
+constexpr int kPreviewLineUnits = 24;
 
 /// So that a size which is being typed can't make the preview absurd.
 Size previewPixels(const App& app) {
@@ -87,7 +87,7 @@ void scrollPreview(App& app, Bar bar, ScrollStep step) {
   const ScrollInfo info = view.scrollInfo(bar);
   Point& scroll = app.form.previewScroll;
   (bar == Bar::PreviewHorizontal ? scroll.x : scroll.y) =
-      positionAfter(step, info, toPixels(kLineUnits, view.dpi()), info.page);
+      positionAfter(step, info, toPixels(kPreviewLineUnits, view.dpi()), info.page);
   refreshPreview(app);
 }
 

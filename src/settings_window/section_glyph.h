@@ -7,10 +7,10 @@
 namespace mrl {
 
 enum class StrokeKind {
-  Line,  // from (x, y) to (a, b)
-  Box,   // a wide and b high
-  Arc,   // in such a box, from the angle `start` on over `sweep`; degrees, clockwise from the right
-  Dot,   // a filled circle in such a box
+  Segment,  // from (x, y) to (a, b)
+  Box,      // a wide and b high
+  Arc,  // in such a box, from the angle `start` on over `sweep`; degrees, clockwise from the right
+  Dot,  // a filled circle in such a box
 };
 struct Stroke {
   StrokeKind kind;

@@ -7,7 +7,7 @@
 namespace mrl {
 namespace {
 
-constexpr StrokeKind kLine = StrokeKind::Line;
+constexpr StrokeKind kSegment = StrokeKind::Segment;
 constexpr StrokeKind kBox = StrokeKind::Box;
 constexpr StrokeKind kArc = StrokeKind::Arc;
 constexpr StrokeKind kDot = StrokeKind::Dot;
@@ -19,21 +19,21 @@ std::vector<Stroke> glyph(int section) {
 
 TEST(SectionGlyphTest, TheTimingIsAClockWithTwoHands) {
   EXPECT_EQ(glyph(0), (std::vector<Stroke>{{kArc, 0.12F, 0.12F, 0.76F, 0.76F, 0, 360},
-                                           {kLine, 0.5F, 0.27F, 0.5F, 0.5F},
-                                           {kLine, 0.5F, 0.5F, 0.68F, 0.62F}}));
+                                           {kSegment, 0.5F, 0.27F, 0.5F, 0.5F},
+                                           {kSegment, 0.5F, 0.5F, 0.68F, 0.62F}}));
 }
 
 TEST(SectionGlyphTest, TheLookIsAWindowWithTwoLines) {
   EXPECT_EQ(glyph(1), (std::vector<Stroke>{{kBox, 0.12F, 0.16F, 0.76F, 0.66F},
-                                           {kLine, 0.32F, 0.4F, 0.68F, 0.4F},
-                                           {kLine, 0.32F, 0.58F, 0.56F, 0.58F}}));
+                                           {kSegment, 0.32F, 0.4F, 0.68F, 0.4F},
+                                           {kSegment, 0.32F, 0.58F, 0.56F, 0.58F}}));
 }
 
 TEST(SectionGlyphTest, TheAlertsAreABellWithAClapper) {
   EXPECT_EQ(glyph(2), (std::vector<Stroke>{{kArc, 0.2F, 0.14F, 0.6F, 0.64F, 180, 180},
-                                           {kLine, 0.2F, 0.45F, 0.14F, 0.76F},
-                                           {kLine, 0.14F, 0.76F, 0.86F, 0.76F},
-                                           {kLine, 0.86F, 0.76F, 0.8F, 0.45F},
+                                           {kSegment, 0.2F, 0.45F, 0.14F, 0.76F},
+                                           {kSegment, 0.14F, 0.76F, 0.86F, 0.76F},
+                                           {kSegment, 0.86F, 0.76F, 0.8F, 0.45F},
                                            {kArc, 0.4F, 0.7F, 0.2F, 0.2F, 0, 180}}));
 }
 
@@ -45,10 +45,10 @@ TEST(SectionGlyphTest, TheRemoteIsTwoWavesAboveADot) {
 
 TEST(SectionGlyphTest, ThePresentationsAreAScreenOnAStandWithAPlayMark) {
   EXPECT_EQ(glyph(4), (std::vector<Stroke>{{kBox, 0.12F, 0.14F, 0.76F, 0.58F},
-                                           {kLine, 0.5F, 0.72F, 0.5F, 0.9F},
-                                           {kLine, 0.3F, 0.9F, 0.7F, 0.9F},
-                                           {kLine, 0.39F, 0.3F, 0.64F, 0.43F},
-                                           {kLine, 0.64F, 0.43F, 0.39F, 0.56F}}));
+                                           {kSegment, 0.5F, 0.72F, 0.5F, 0.9F},
+                                           {kSegment, 0.3F, 0.9F, 0.7F, 0.9F},
+                                           {kSegment, 0.39F, 0.3F, 0.64F, 0.43F},
+                                           {kSegment, 0.64F, 0.43F, 0.39F, 0.56F}}));
 }
 
 TEST(SectionGlyphTest, ThePenIsATwelfthOfTheSideButNeverThinnerThanOnePointFour) {

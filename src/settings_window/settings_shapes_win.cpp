@@ -136,7 +136,7 @@ class Painter {
       const float width = stroke.a * side;
       const float height = stroke.b * side;
       switch (stroke.kind) {
-        case StrokeKind::Line:
+        case StrokeKind::Segment:
           GdipDrawLine(graphics.get(), pen.get(), x, y,
                        static_cast<float>(glyph.square.left) + width,
                        static_cast<float>(glyph.square.top) + height);

@@ -37,7 +37,7 @@ float distanceToArc(float x, float y, const Stroke& arc) {
 
 float distanceToStroke(float x, float y, const Stroke& stroke, float penWidth) {
   switch (stroke.kind) {
-    case StrokeKind::Line:
+    case StrokeKind::Segment:
       return distanceToLine(x, y, stroke.x, stroke.y, stroke.a, stroke.b) - penWidth / 2;
     case StrokeKind::Box: {
       const RoundBox box{stroke.x, stroke.y, stroke.x + stroke.a, stroke.y + stroke.b, 0};
@@ -54,7 +54,7 @@ Stroke inPixels(const Stroke& stroke, const Rect& square) {
   Stroke scaled = stroke;
   scaled.x = stroke.x * side + static_cast<float>(square.left);
   scaled.y = stroke.y * side + static_cast<float>(square.top);
-  const bool isLine = stroke.kind == StrokeKind::Line;
+  const bool isLine = stroke.kind == StrokeKind::Segment;
   scaled.a = stroke.a * side + (isLine ? static_cast<float>(square.left) : 0);
   scaled.b = stroke.b * side + (isLine ? static_cast<float>(square.top) : 0);
   return scaled;
