@@ -130,7 +130,8 @@ TEST_F(SettingsPictureTest, ADroppedListLooksAsDrawn) {
 
 TEST_F(SettingsPictureTest, TheFilesLookAsDrawnWhetherTimedExcludedOrSelected) {
   const TemporaryFolder decks(L"pictured decks");
-  for (const wchar_t* name : {L"a.pptx", L"b & c.dps", L"d.ppt"}) {
+  const std::wstring tooLong = L"a" + std::wstring(70, L'长') + L".pptx";
+  for (const std::wstring& name : {tooLong, std::wstring(L"b & c.dps"), std::wstring(L"d.ppt")}) {
     std::ofstream(std::filesystem::path(decks.path() + L"\\" + name)) << "x";
   }
   Settings settings = quiet();
