@@ -12,6 +12,7 @@
 #include <iterator>
 
 #include "http/listener.h"
+#include "remote/remote_service.h"
 #include "remote/service_fixture_posix.h"
 #include "remote/state.h"
 

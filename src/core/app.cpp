@@ -145,4 +145,12 @@ bool adoptSettings(App& app, const Settings& changed) {
   return false;
 }
 
+bool adoptAndShow(App& app, const Settings& changed, std::u16string& error) {
+  const bool listChanged = changed.skipList != app.settings.skipList;
+  if (!adoptSettings(app, changed, error)) return false;
+  refillForm(app);
+  if (listChanged) reloadFileList(app);
+  return true;
+}
+
 }  // namespace mrl

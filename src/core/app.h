@@ -141,4 +141,8 @@ void setStatus(App& app, const std::u16string& text);
 bool adoptSettings(App& app, const Settings& changed, std::u16string& error);
 bool adoptSettings(App& app, const Settings& changed);
 
+/// The same, for a change that does not come from the settings window's own input: what it shows is
+/// replaced.
+bool adoptAndShow(App& app, const Settings& changed, std::u16string& error);
+
 }  // namespace mrl

@@ -15,7 +15,7 @@
 #include "core/menu.h"
 #include "core/tick.h"
 #include "core/tray_icon.h"
-#include "http/hand_over.h"
+#include "remote/remote_requests.h"
 #include "settings/settings_path_win.h"
 
 namespace mrl {

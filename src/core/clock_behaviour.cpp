@@ -1,6 +1,5 @@
 #include "core/clock_behaviour.h"
 
-#include "core/tick.h"
 #include "settings_window/form_sync.h"
 
 namespace mrl {
@@ -34,6 +33,11 @@ void beginCornerDrag(App& app, CornerHit hit) {
 
 }  // namespace
 
+bool isBlinkOn(const App& app) {
+  return isBlinkOn(Blink{app.blinkActive, app.blinkStartMs, app.blinkEndMs}, app.settings,
+                   app.platform.clock.nowMs());
+}
+
 ClockPicture clockPicture(const App& app) {
   return {.settings = app.settings,
           .text = timeText(app.timer, app.platform.clock.nowMs(), app.settings),
@@ -46,6 +50,20 @@ void showClock(App& app) {
   // Whatever changed while it was hidden was not painted, and it comes up with its last picture.
   app.platform.clockWindow.invalidate();
   placeToolbar(app);
+}
+
+void applyHideRules(App& app) {
+  ClockWindow& window = app.platform.clockWindow;
+  const bool hide =
+      app.switchHold || overlayHidden(app.settings, app.timer, app.platform.clock.nowMs(),
+                                      app.lastExcluded, app.lastStatus.presentationsOpen);
+  if (hide && window.isVisible()) {
+    window.hide();
+    app.hiddenByRule = true;
+  } else if (!hide && app.hiddenByRule) {
+    showClock(app);
+    app.hiddenByRule = false;
+  }
 }
 
 void correctOffScreen(App& app) {

@@ -6,11 +6,18 @@
 
 namespace mrl {
 
+/// Whether the clock is in the bright phase of a blink just now.
+bool isBlinkOn(const App& app);
+
 /// What the clock looks like now. It refers to the App's settings.
 ClockPicture clockPicture(const App& app);
 
 /// Shows the clock as it is now, above everything that is always on top, and its toolbar with it.
 void showClock(App& app);
+
+/// Hides the clock where a rule wants it out of sight, and shows what no rule hides any more. What
+/// the user hid stays hidden.
+void applyHideRules(App& app);
 
 /// Moves a clock that lies wholly off the work area of its nearest monitor back into it. The new
 /// place is not saved until the user moves the clock.

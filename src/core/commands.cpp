@@ -3,9 +3,11 @@
 #include "core/blackout.h"
 #include "core/clock_behaviour.h"
 #include "core/expiry.h"
-#include "core/tick.h"
-#include "remote/remote_service.h"
+#include "core/test_files.h"
+#include "remote/addresses.h"
+#include "settings_window/control_table.h"
 #include "settings_window/form_sync.h"
+#include "settings_window/remote_page.h"
 #include "settings_window/settings_window.h"
 
 namespace mrl {
@@ -15,6 +17,9 @@ namespace {
 constexpr int kKeyF2 = 0x71;
 constexpr int kKeyF4 = 0x73;
 
+constexpr char16_t kStartFirst[] = u"请先点击“启动遥控服务”并完成网络授权。";
+constexpr char16_t kAddressShown[] = u"当前地址已更新；网络发生变化时请关闭并重新启动服务。";
+constexpr char16_t kNotRunning[] = u"遥控服务未启动，请在网络页恢复服务。";
 constexpr char16_t kAskExit[] = u"部分输入无效或保存失败，尚未生效。放弃这些输入并退出？";
 
 void toggleTimer(App& app) {
@@ -41,12 +46,32 @@ void setMode(App& app, bool automatic) {
   if (!adoptSettings(app, changed)) return;
   showChangedMode(app);
   // At once and not at the next poll: automatic mode chosen during a show starts the timer now.
-  followShow(app.follower, app.timer, app.settings, observe(app, app.lastStatus, app.lastExcluded),
+  followShow(app.follower, app.timer, app.settings,
+             observe(app.platform.files, app.lastStatus, app.lastExcluded, app.switchTarget),
              app.platform.clock.nowMs());
 }
 
 void exitProgram(App& app) {
   if (mayDiscardInput(app, kAskExit)) app.platform.clockWindow.destroy();
+}
+
+void openRemotePage(App& app) {
+  if (!app.remote.running) {
+    openSettingsWindow(app);
+    selectPage(app, kRemotePage);
+    setStatus(app, kStartFirst);
+    refreshRemotePage(app);
+  } else if (app.testMode) {
+    writeTestFile(app, u"remote-opened.txt", "opened");
+  } else {
+    // A browser that can't be opened tells so itself.
+    (void)app.platform.shell.open(remoteUrlList({}, u"", app.remote.port), u"");
+  }
+}
+
+void refreshRemoteAddress(App& app) {
+  refreshRemotePage(app);
+  setStatus(app, app.remote.running ? kAddressShown : kNotRunning);
 }
 
 void dispatch(App& app, int command) {

@@ -3,7 +3,6 @@
 #include "core/audio.h"
 #include "core/blackout.h"
 #include "core/expiry.h"
-#include "core/tick.h"
 #include "presentation/documents.h"
 #include "presentation/show_control.h"
 #include "presentation/show_identity.h"
@@ -21,7 +20,8 @@ void lookForTarget(App& app) {
   const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
   if (!showsDocument(app.platform.files, status, app.switchTarget)) return;
   app.switchHoldSeen = true;
-  followShow(app.follower, app.timer, app.settings, observe(app, status, false),
+  followShow(app.follower, app.timer, app.settings,
+             observe(app.platform.files, status, false, app.switchTarget),
              app.platform.clock.nowMs());
 }
 

@@ -1,7 +1,7 @@
-// See show_follower.h.
 #include "core/show_follower.h"
 
 #include "base/char_rules.h"
+#include "presentation/show_identity.h"
 #include "settings/path_rules.h"
 
 namespace mrl {
@@ -94,6 +94,17 @@ void followUntracked(ShowFollower& follower, TimerState& timer, const Settings& 
 }
 
 }  // namespace
+
+ShowObservation observe(Files& files, const ShowStatus& status, bool excluded,
+                        const std::u16string& switchTarget) {
+  return {.showing = status.running,
+          .excluded = excluded,
+          .slideKey = slideKeyOf(status),
+          .documentState = status.documentState,
+          .isSwitchTarget = showsDocument(files, status, switchTarget),
+          .normalizedPath = status.normalizedPath,
+          .title = status.windowTitle};
+}
 
 void followShow(ShowFollower& follower, TimerState& timer, const Settings& settings,
                 const ShowObservation& seen, uint64_t nowMs) {

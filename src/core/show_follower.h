@@ -7,6 +7,7 @@
 
 #include "core/timer.h"
 #include "presentation/show_status.h"
+#include "settings/files.h"
 #include "settings/settings.h"
 
 namespace mrl {
@@ -37,6 +38,11 @@ struct ShowObservation {
   std::u16string normalizedPath;
   std::u16string title;
 };
+
+/// What a poll's status means to the follower. `switchTarget` is the deck that plays after expiry,
+/// or empty; the file system is asked for its path.
+ShowObservation observe(Files& files, const ShowStatus& status, bool excluded,
+                        const std::u16string& switchTarget);
 
 /// Moves timer and memory on by one observation: after each poll, and at once after a mode change.
 /// In manual mode only the memory moves, save for the end of a switch to another deck.

@@ -3,7 +3,6 @@
 #include "core/blackout.h"
 #include "core/clock_behaviour.h"
 #include "core/expiry.h"
-#include "overlay/clock_drawing.h"
 #include "presentation/show_identity.h"
 #include "presentation/show_poll.h"
 #include "settings_window/auto_apply.h"
@@ -42,7 +41,7 @@ void poll(App& app, uint64_t nowMs) {
   app.lastPollMs = clockMs;
   const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
   const bool excluded = isExcluded(app.settings, status);
-  const ShowObservation seen = observe(app, status, excluded);
+  const ShowObservation seen = observe(app.platform.files, status, excluded, app.switchTarget);
   endHoldIfLeft(app, seen.isSwitchTarget);
 
   const int64_t before = elapsedAt(app.timer, nowMs);
@@ -79,20 +78,6 @@ void repaintIfChanged(App& app, uint64_t nowMs) {
 
 }  // namespace
 
-void applyHideRules(App& app) {
-  ClockWindow& window = app.platform.clockWindow;
-  const bool hide =
-      app.switchHold || overlayHidden(app.settings, app.timer, app.platform.clock.nowMs(),
-                                      app.lastExcluded, app.lastStatus.presentationsOpen);
-  if (hide && window.isVisible()) {
-    window.hide();
-    app.hiddenByRule = true;
-  } else if (!hide && app.hiddenByRule) {
-    showClock(app);
-    app.hiddenByRule = false;
-  }
-}
-
 void tick(App& app) {
   applyPending(app, false);
   const uint64_t nowMs = app.platform.clock.nowMs();
@@ -103,23 +88,6 @@ void tick(App& app) {
   applyHideRules(app);
   repaintIfChanged(app, nowMs);
   refreshStatusLine(app);
-}
-
-bool isBlinkOn(const App& app) {
-  return isBlinkOn(Blink{app.blinkActive, app.blinkStartMs, app.blinkEndMs}, app.settings,
-                   app.platform.clock.nowMs());
-}
-
-ShowObservation observe(App& app, const ShowStatus& status, bool excluded) {
-  ShowObservation seen;
-  seen.showing = status.running;
-  seen.excluded = excluded;
-  seen.slideKey = slideKeyOf(status);
-  seen.documentState = status.documentState;
-  seen.isSwitchTarget = showsDocument(app.platform.files, status, app.switchTarget);
-  seen.normalizedPath = status.normalizedPath;
-  seen.title = status.windowTitle;
-  return seen;
 }
 
 }  // namespace mrl

@@ -10,14 +10,4 @@ namespace mrl {
 /// blink changed. UI thread.
 void tick(App& app);
 
-/// A status as the follower takes it: each new one, and the last one again when the mode changed.
-ShowObservation observe(App& app, const ShowStatus& status, bool excluded);
-
-/// Hides the clock where a rule wants it out of sight, and shows what no rule hides any more. What
-/// the user hid stays hidden.
-void applyHideRules(App& app);
-
-/// Whether the clock is in the bright phase of a blink just now.
-bool isBlinkOn(const App& app);
-
 }  // namespace mrl

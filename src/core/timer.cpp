@@ -1,27 +1,19 @@
-// See timer.h.
 #include "core/timer.h"
 
 #include <algorithm>
 #include <limits>
 #include <string_view>
 
-#include "base/text.h"
+#include "base/clock_text.h"
 
 namespace mrl {
 namespace {
 
 constexpr int64_t kMsPerSecond = 1000;
-constexpr int64_t kSecondsPerMinute = 60;
-constexpr int64_t kSecondsPerHour = 3600;
 constexpr std::u16string_view kOvertimePrefix = u"已超时 ";
 
 int64_t secondsAt(const TimerState& timer, uint64_t nowMs) {
   return elapsedAt(timer, nowMs) / kMsPerSecond;
-}
-
-void appendTwoDigits(std::u16string& text, int64_t value) {
-  if (value < 10) text += u'0';
-  text += decimal(value);
 }
 
 }  // namespace
@@ -78,19 +70,6 @@ bool overlayHidden(const Settings& settings, const TimerState& timer, uint64_t n
   if (!settings.hideZero || !settings.down) return false;
   // A black screen is there to show the overtime, so the clock stays on it.
   return !settings.black && secondsAt(timer, nowMs) >= settings.duration;
-}
-
-std::u16string formatClock(int64_t seconds) {
-  const int64_t total = std::max<int64_t>(0, seconds);
-  std::u16string text;
-  if (total >= kSecondsPerHour) {
-    appendTwoDigits(text, total / kSecondsPerHour);
-    text += u':';
-  }
-  appendTwoDigits(text, total % kSecondsPerHour / kSecondsPerMinute);
-  text += u':';
-  appendTwoDigits(text, total % kSecondsPerMinute);
-  return text;
 }
 
 std::u16string timeText(const TimerState& timer, uint64_t nowMs, const Settings& settings) {

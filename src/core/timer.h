@@ -38,8 +38,6 @@ bool stageDue(TimerState& timer, int index, uint64_t nowMs, const Settings& sett
 bool overlayHidden(const Settings& settings, const TimerState& timer, uint64_t nowMs, bool excluded,
                    bool presentationsOpen);
 
-/// Minutes and seconds, from one hour on hours as well. A negative value counts as 0.
-std::u16string formatClock(int64_t seconds);
 /// What the clock shows.
 std::u16string timeText(const TimerState& timer, uint64_t nowMs, const Settings& settings);
 

@@ -1,14 +1,15 @@
-// The bridge between the listener's thread and the UI thread, which owns all state. Either side may
+// The listener's half of the bridge to the UI thread, which owns all state. Either side may
 // lose the other: the UI thread can be busy for too long, the service can be stopped or restarted,
 // and the program can end with requests still queued.
 #pragma once
 
 #include <memory>
 
-#include "core/app.h"
+#include "base/clock.h"
 #include "http/http_response.h"
 #include "http/remote_request.h"
 #include "http/remote_server.h"
+#include "http/request_queue.h"
 
 namespace mrl {
 
@@ -24,9 +25,5 @@ std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server, const Han
 /// Listener's thread: hands a filled request to the UI thread and waits for what comes back.
 Answer handOver(const RemoteServer& server, const HandOverDoors& doors,
                 const std::shared_ptr<RemoteRequest>& request);
-
-/// UI thread: carries the request out, unless it comes from an earlier run or too late, and answers
-/// it.
-void onRemoteRequest(App& app, RemoteRequest& request);
 
 }  // namespace mrl

@@ -5,29 +5,31 @@
 #include <array>
 #include <vector>
 
+#include "base/clock_fake.h"
 #include "http/ipv4.h"
-#include "remote/served_app_fake.h"
+#include "http/request_queue_fake.h"
+#include "http/sockets_fake.h"
 
 namespace mrl {
 namespace {
 
 /// One connection at a time, served on the test's own thread over fakes.
-class ListenerTest : public ::testing::Test, protected AppFake {
+class ListenerTest : public ::testing::Test {
  protected:
   static constexpr int32_t kPort = 8080;
   static constexpr uint64_t kAcceptMs = 1'000'000;
 
   ListenerTest() {
-    app.remote.running = true;
-    app.remote.port = kPort;
-    app.remote.page = "\xEF\xBB\xBF<p>";
+    server.running = true;
+    server.port = kPort;
+    server.page = "\xEF\xBB\xBF<p>";
     requests.onPost = [this](RemoteRequest& request) {
       request.status = 200;
       request.response = answer;
       request.done->set();
     };
   }
-  ~ListenerTest() override { app.remote.running = false; }
+  ~ListenerTest() override { server.running = false; }
 
   /// What is answered to bytes that come in these pieces.
   std::string serve(const std::vector<std::string>& chunks) {
@@ -35,7 +37,7 @@ class ListenerTest : public ::testing::Test, protected AppFake {
     peer.receives = peer.sends = 0;
     peer.received.clear();
     ConnectionFake connection(peer);
-    serveConnection(app.remote, doors, connection);
+    serveConnection(server, doors, connection);
     return peer.received;
   }
   static int statusOf(const std::string& response) {
@@ -67,6 +69,10 @@ class ListenerTest : public ::testing::Test, protected AppFake {
   const RemoteRequest& lastRequest() { return *requests.queued.back(); }
 
   PeerFake peer;
+  ClockFake clock;
+  RequestQueueFake requests;
+  SocketsFake sockets;
+  RemoteServer server;
   std::string answer = "{}";
   HandOverDoors doors{clock, requests};
 };
@@ -75,7 +81,7 @@ TEST_F(ListenerTest, ThePageGoesOutByteForByte) {
   const std::string response = serve({get("/")});
   EXPECT_TRUE(response.starts_with(
       "HTTP/1.1 200 Response\r\nContent-Type: text/html; charset=utf-8\r\nContent-Length: 6\r\n"));
-  EXPECT_EQ(bodyOf(response), app.remote.page);
+  EXPECT_EQ(bodyOf(response), server.page);
 }
 
 struct FailureCase {
@@ -193,7 +199,7 @@ TEST_F(ListenerTest, TheRulesLookAtTheConnectionsOwnAddress) {
 }
 
 TEST_F(ListenerTest, ACommandIsHandedOverWithItsArgument) {
-  app.remote.generation = 7;
+  server.generation = 7;
   answer = R"({"time":"00:10"})";
   const std::string response = serve({post("/api/duration?seconds=90")});
   EXPECT_EQ(lastRequest().command, "duration");
@@ -314,9 +320,9 @@ TEST_F(ListenerTest, HeadersInATargetStayInTheTarget) {
 }
 
 TEST_F(ListenerTest, AnAnswerGoesOutInAsManySendsAsItTakes) {
-  app.remote.page.assign(5000, 'x');
+  server.page.assign(5000, 'x');
   peer.mostPerSend = 7;
-  EXPECT_EQ(bodyOf(serve({get("/")})), app.remote.page);
+  EXPECT_EQ(bodyOf(serve({get("/")})), server.page);
 }
 
 TEST_F(ListenerTest, AnAnswerThatCanNotBeSentIsAbandoned) {
@@ -330,17 +336,17 @@ TEST_F(ListenerTest, AnAnswerThatCanNotBeSentIsAbandoned) {
 }
 
 TEST_F(ListenerTest, AStopEndsTheReadingButNotTheAnswer) {
-  peer.onReceive = [this] { app.remote.running = false; };
+  peer.onReceive = [this] { server.running = false; };
   const std::string request = get("/");
   EXPECT_EQ(statusOf(serve({request.substr(0, 5), request.substr(5)})), 400);
   EXPECT_EQ(peer.receives, 1U);
-  app.remote.running = true;
+  server.running = true;
   EXPECT_EQ(statusOf(serve({request})), 200);  // all of it was there
 }
 
 TEST_F(ListenerTest, AStopEndsTheReadingOfABody) {
   const std::string request = form("abc");
-  peer.onReceive = [this] { app.remote.running = false; };
+  peer.onReceive = [this] { server.running = false; };
   EXPECT_EQ(statusOf(serve({request.substr(0, request.size() - 3), "abc"})), 400);
 }
 
@@ -348,18 +354,18 @@ TEST_F(ListenerTest, AStopEndsTheReadingOfABody) {
 class ListenerLoopTest : public ListenerTest {
  protected:
   ListenerLoopTest() {
-    app.remote.session = sockets.start();
-    sockets.onIdle = [this] { app.remote.running = false; };
+    server.session = sockets.start();
+    sockets.onIdle = [this] { server.running = false; };
     listenOn(2);
     for (PeerFake& other : peers) other.chunks = {get("/")};
   }
   void listenOn(size_t count) {
-    app.remote.listeners.clear();
+    server.listeners.clear();
     for (size_t i = 0; i < count; ++i) {
-      app.remote.listeners.push_back(app.remote.session->listen(kLoopback, kPort, 1));
+      server.listeners.push_back(server.session->listen(kLoopback, kPort, 1));
     }
   }
-  void runLoop() { runListener(app.remote, doors); }
+  void runLoop() { runListener(server, doors); }
 
   std::array<PeerFake, 3> peers;
 };
@@ -382,7 +388,7 @@ TEST_F(ListenerLoopTest, AFailedAcceptIsPassedOver) {
 }
 
 TEST_F(ListenerLoopTest, NothingIsAskedOfTheNetworkWhenTheServiceDoesNotRun) {
-  app.remote.running = false;
+  server.running = false;
   runLoop();
   EXPECT_TRUE(sockets.waits.empty());
 }

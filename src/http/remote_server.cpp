@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "base/text.h"
-#include "core/app.h"
 #include "http/ipv4.h"
 #include "http/listener.h"
 
@@ -51,17 +50,17 @@ void closeSockets(RemoteServer& server) {
 
 /// Everything up to the listening sockets; on failure what was opened stays for the caller to
 /// close.
-bool openServer(RemoteServer& server, const Platform& platform, std::u16string& error) {
-  server.session = platform.sockets.start();
+bool openServer(RemoteServer& server, const ServerStart& start, std::u16string& error) {
+  server.session = start.sockets.start();
   if (!server.session) {
     error = kNoNetwork;
     return false;
   }
-  if (!makePairingKey(platform.serviceHost, server.pairingKey)) {
+  if (!makePairingKey(start.host, server.pairingKey)) {
     error = kNoKey;
     return false;
   }
-  if (!platform.serviceHost.readPage(server.page)) {
+  if (!start.host.readPage(server.page)) {
     error = kNoPage;
     return false;
   }
@@ -76,21 +75,20 @@ bool openServer(RemoteServer& server, const Platform& platform, std::u16string& 
 
 RemoteServer::~RemoteServer() { stopServer(*this); }
 
-bool startServer(App& app, const std::vector<uint32_t>& addresses, std::u16string& error) {
-  RemoteServer& server = app.remote;
+bool startServer(RemoteServer& server, const ServerStart& start, std::u16string& error) {
   if (server.running) return true;
   if (server.thread.joinable()) stopServer(server);
-  server.port = static_cast<int32_t>(app.settings.remotePort);
-  server.addresses = addresses;
-  if (!openServer(server, app.platform, error)) {
+  server.port = start.port;
+  server.addresses = start.addresses;
+  if (!openServer(server, start, error)) {
     closeSockets(server);
     return false;
   }
-  server.targetWindow = app.platform.clockWindow.handle();
+  server.targetWindow = start.target;
   ++server.generation;
   server.running = true;
-  server.thread = std::thread(runListener, std::ref(server),
-                              HandOverDoors{app.platform.clock, app.platform.requests});
+  server.thread =
+      std::thread(runListener, std::ref(server), HandOverDoors{start.clock, start.requests});
   return true;
 }
 

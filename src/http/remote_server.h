@@ -8,12 +8,13 @@
 #include <thread>
 #include <vector>
 
+#include "base/clock.h"
 #include "base/window_handle.h"
+#include "http/request_queue.h"
+#include "http/service_host.h"
 #include "http/sockets.h"
 
 namespace mrl {
-
-struct App;
 
 /// Filled by the start on the UI thread. While the listener's thread lives only the two atomic
 /// fields change, so it reads all of them without a lock. Stops itself when it goes.
@@ -35,10 +36,21 @@ struct RemoteServer {
   int32_t port = 58718;
 };
 
-/// Listens on all of `addresses` and on loopback, or on none, at the port of the settings, and
-/// starts the listener's thread. Running already is success and changes nothing. On failure fills
-/// `error`, and nothing runs or stays bound. UI thread.
-[[nodiscard]] bool startServer(App& app, const std::vector<uint32_t>& addresses,
+/// What a start needs. The interfaces outlive the server.
+struct ServerStart {
+  Sockets& sockets;
+  ServiceHost& host;
+  Clock& clock;
+  RequestQueue& requests;
+  int32_t port;
+  std::vector<uint32_t> addresses;  // without loopback
+  WindowHandle target;              // gets the requests
+};
+
+/// Listens on all of the addresses and on loopback, or on none, and starts the listener's thread.
+/// Running already is success and changes nothing. On failure fills `error`, and nothing runs or
+/// stays bound. UI thread.
+[[nodiscard]] bool startServer(RemoteServer& server, const ServerStart& start,
                                std::u16string& error);
 
 /// Ends the listener, joins its thread, which takes as long as the answer it is at, and closes the

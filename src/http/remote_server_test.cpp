@@ -6,19 +6,30 @@
 
 #include "base/clock_fake.h"
 #include "http/ipv4.h"
-#include "remote/served_app_fake.h"
+#include "http/request_queue_fake.h"
+#include "http/service_host_fake.h"
+#include "http/sockets_fake.h"
 
 namespace mrl {
 namespace {
 
 constexpr int32_t kServerPort = 22222;
 constexpr int kBacklog = 8;
+constexpr WindowHandle kTarget{77};
 constexpr char16_t kPortText[] = u"遥控端口 22222 无法监听，请检查网络或更换端口。";
 
 class RemoteServerTest : public ::testing::Test {
  protected:
   bool start(const std::vector<uint32_t>& addresses = {}) {
-    return startServer(app, addresses, error);
+    return startServer(server,
+                       {.sockets = sockets,
+                        .host = host,
+                        .clock = clock,
+                        .requests = requests,
+                        .port = kServerPort,
+                        .addresses = addresses,
+                        .target = kTarget},
+                       error);
   }
   void expectNothingLeft() {
     EXPECT_FALSE(server.running);
@@ -32,10 +43,9 @@ class RemoteServerTest : public ::testing::Test {
   SocketsFake sockets;
   RequestQueueFake requests;
   ClockFake clock;
-  std::unique_ptr<ServedApp> served = std::make_unique<ServedApp>(sockets, requests, clock);
-  App& app = served->app;
-  RemoteServer& server = app.remote;
-  ServiceHostFake& host = served->fakes.serviceHost;
+  ServiceHostFake host;
+  std::unique_ptr<RemoteServer> owned = std::make_unique<RemoteServer>();
+  RemoteServer& server = *owned;
   std::u16string error;
 };
 
@@ -54,17 +64,10 @@ TEST_F(RemoteServerTest, WithoutAnAddressThereIsLoopback) {
   EXPECT_EQ(sockets.bound, (std::vector<SocketsFake::Place>{{kLoopback, kServerPort, kBacklog}}));
 }
 
-TEST_F(RemoteServerTest, ThePortIsThatOfTheSettings) {
-  app.settings.remotePort = 40000;
+TEST_F(RemoteServerTest, PortAndTargetAreThoseOfTheStart) {
   ASSERT_TRUE(start());
-  EXPECT_EQ(server.port, 40000);
-  EXPECT_EQ(sockets.bound.front().port, 40000);
-}
-
-TEST_F(RemoteServerTest, RequestsGoToTheClocksWindow) {
-  ASSERT_TRUE(served->fakes.clockWindow.create({}, {}));
-  ASSERT_TRUE(start());
-  EXPECT_EQ(server.targetWindow, served->fakes.clockWindow.handle());
+  EXPECT_EQ(server.port, kServerPort);
+  EXPECT_EQ(server.targetWindow, kTarget);
 }
 
 TEST_F(RemoteServerTest, TheKeyIs16RandomBytesInOrder) {
@@ -173,22 +176,9 @@ TEST_F(RemoteServerTest, AThreadOfAnEarlierRunIsJoinedFirst) {
   EXPECT_EQ(sockets.sessions, 1);
 }
 
-TEST_F(RemoteServerTest, TheEndOfTheProgramStopsTheService) {
+TEST_F(RemoteServerTest, AServerThatGoesStopsItself) {
   ASSERT_TRUE(start({kWired}));
-  finishApp(app);
-  expectNothingLeft();
-}
-
-TEST_F(RemoteServerTest, TheQueueIsEmptiedOnlyWhenNobodyCanPostAnyMore) {
-  ASSERT_TRUE(start({kWired}));
-  requests.onDrain = [this] { expectNothingLeft(); };
-  finishApp(app);
-  EXPECT_EQ(requests.drains, 1);
-}
-
-TEST_F(RemoteServerTest, AnAppThatGoesTakesItsServiceAlong) {
-  ASSERT_TRUE(start({kWired}));
-  served.reset();
+  owned.reset();
   EXPECT_TRUE(sockets.bound.empty());
   EXPECT_EQ(sockets.sessions, 0);
 }

@@ -12,9 +12,14 @@
 #include <thread>
 #include <vector>
 
+#include "http/ipv4.h"
 #include "http/sockets.h"
 
 namespace mrl {
+
+// Two cards of this machine.
+inline constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
+inline constexpr uint32_t kWireless = ipv4(10, 0, 0, 7);
 
 /// What one peer sends and what reached it. It outlives the connection.
 struct PeerFake {

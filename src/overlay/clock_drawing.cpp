@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "core/timer.h"
+#include "base/clock_text.h"
 
 namespace mrl {
 namespace {

@@ -6,11 +6,10 @@
 #include <string_view>
 
 #include "base/fnv1a.h"
-#include "core/tick.h"
+#include "core/clock_behaviour.h"
 #include "http/json_text.h"
 #include "remote/remote_refusals.h"
 #include "settings/settings_file.h"
-#include "settings_window/settings_form.h"
 
 namespace mrl {
 namespace {
@@ -206,11 +205,8 @@ bool applyControlsForm(App& app, const std::string& form, std::u16string& error)
   if (hasUnfinishedInput(app, error)) return false;
   Settings changed = app.settings;
   if (!readForm(app.settings, form, changed, error)) return false;
-  if (!adoptSettings(app, changed, error)) return false;
-  if (app.form.isOpen) {
-    refillForm(app);
-    setStatus(app, kApplied);
-  }
+  if (!adoptAndShow(app, changed, error)) return false;
+  if (app.form.isOpen) setStatus(app, kApplied);
   app.platform.clockWindow.dropRegion();  // shape and look may have changed
   applyHideRules(app);
   return true;

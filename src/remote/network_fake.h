@@ -3,14 +3,10 @@
 #include <functional>
 #include <vector>
 
-#include "http/ipv4.h"
+#include "http/sockets_fake.h"
 #include "remote/network.h"
 
 namespace mrl {
-
-// Two addresses of this machine, for tests.
-inline constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
-inline constexpr uint32_t kWireless = ipv4(10, 0, 0, 7);
 
 class NetworkFake : public Network {
  public:

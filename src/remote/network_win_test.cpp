@@ -100,33 +100,33 @@ struct SystemStory {
   ULONG flags = 0;
   std::vector<ULONG> offered;  // bytes, at each call
 };
-SystemStory story;
+SystemStory asked;
 
 ULONG WINAPI adaptersAddresses(ULONG family, ULONG flags, void* /*reserved*/,
                                IP_ADAPTER_ADDRESSES* out, ULONG* size) {
-  story.family = family;
-  story.flags = flags;
-  story.offered.push_back(*size);
-  if (story.failure != NO_ERROR) return story.failure;
-  if (*size < story.bytesNeeded) {
-    *size = story.bytesNeeded;
+  asked.family = family;
+  asked.flags = flags;
+  asked.offered.push_back(*size);
+  if (asked.failure != NO_ERROR) return asked.failure;
+  if (*size < asked.bytesNeeded) {
+    *size = asked.bytesNeeded;
     return ERROR_BUFFER_OVERFLOW;
   }
-  *out = *story.first;
+  *out = *asked.first;
   return NO_ERROR;
 }
 
 DWORD WINAPI ifEntry(MIB_IF_ROW2* row) {
   const auto index = static_cast<NET_IFINDEX>(row->InterfaceLuid.Value);
-  if (index == story.unknown) return ERROR_FILE_NOT_FOUND;
-  row->InterfaceAndOperStatusFlags.HardwareInterface = index == story.hardware ? TRUE : FALSE;
+  if (index == asked.unknown) return ERROR_FILE_NOT_FOUND;
+  row->InterfaceAndOperStatusFlags.HardwareInterface = index == asked.hardware ? TRUE : FALSE;
   return NO_ERROR;
 }
 
 class AdapterListTest : public ::testing::Test {
  protected:
   AdapterListTest() {
-    story = {.first = &card.record, .hardware = 5, .unknown = 7};
+    asked = {.first = &card.record, .hardware = 5, .unknown = 7};
     card.record.Next = &tunnel.record;
     tunnel.record.Next = &stranger.record;
     card.record.Ipv4Metric = 25;
@@ -196,25 +196,25 @@ TEST_F(AdapterListTest, AnAddressOfAnotherFamilyOrNoneIsPassedOver) {
 
 TEST_F(AdapterListTest, TheSystemIsAskedForIpv4WithGateways) {
   list();
-  EXPECT_EQ(story.family, ULONG{AF_INET});
-  EXPECT_EQ(story.flags, 0x8EU);
-  EXPECT_EQ(story.offered, std::vector<ULONG>{16384});
+  EXPECT_EQ(asked.family, ULONG{AF_INET});
+  EXPECT_EQ(asked.flags, 0x8EU);
+  EXPECT_EQ(asked.offered, std::vector<ULONG>{16384});
 }
 
 TEST_F(AdapterListTest, ABufferThatIsTooSmallIsGrownOnceToWhatIsNeeded) {
-  story.bytesNeeded = 40000;
+  asked.bytesNeeded = 40000;
   EXPECT_EQ(list().size(), 3U);
-  EXPECT_EQ(story.offered, (std::vector<ULONG>{16384, 40000}));
+  EXPECT_EQ(asked.offered, (std::vector<ULONG>{16384, 40000}));
 }
 
 TEST_F(AdapterListTest, AnyOtherFailureIsOne) {
   std::vector<NetworkAdapter> adapters;
-  story.failure = ERROR_BUFFER_OVERFLOW;  // and again
+  asked.failure = ERROR_BUFFER_OVERFLOW;  // and again
   EXPECT_FALSE(network.listAdapters(adapters));
-  EXPECT_EQ(story.offered.size(), 2U);
-  story.failure = ERROR_NO_DATA;
+  EXPECT_EQ(asked.offered.size(), 2U);
+  asked.failure = ERROR_NO_DATA;
   EXPECT_FALSE(network.listAdapters(adapters));
-  EXPECT_EQ(story.offered.size(), 3U);
+  EXPECT_EQ(asked.offered.size(), 3U);
   EXPECT_TRUE(adapters.empty());
 }
 
@@ -240,7 +240,7 @@ class Owned : public Interface {
   ULONG references = 0;
 };
 
-struct Connection : Owned<INetworkConnection> {
+struct CardState : Owned<INetworkConnection> {
   HRESULT STDMETHODCALLTYPE get_IsConnected(VARIANT_BOOL* out) override {
     *out = connected;
     return stateResult;
@@ -275,7 +275,7 @@ struct ConnectionList : Owned<IEnumNetworkConnections> {
   HRESULT STDMETHODCALLTYPE Reset() override { return E_NOTIMPL; }
   HRESULT STDMETHODCALLTYPE Clone(IEnumNetworkConnections**) override { return E_NOTIMPL; }
 
-  Connection connections[4];
+  CardState connections[4];
   size_t next = 0;
 };
 
@@ -328,7 +328,7 @@ class ConnectionsTest : public ::testing::Test {
   }
   ~ConnectionsTest() override {
     EXPECT_EQ(own.references + own.list.references, 0U) << "something is held for ever";
-    for (const Connection& each : connections) EXPECT_EQ(each.references, 0U);
+    for (const CardState& each : connections) EXPECT_EQ(each.references, 0U);
   }
   std::vector<uint32_t> connected() {
     std::vector<uint32_t> indices;
@@ -337,7 +337,7 @@ class ConnectionsTest : public ::testing::Test {
   }
 
   Manager own;
-  Connection (&connections)[4] = own.list.connections;
+  CardState (&connections)[4] = own.list.connections;
   const ReplacedImport<decltype(createInstance)> creation{"CoCreateInstance", createInstance};
   const ReplacedImport<decltype(guidToLuid)> luids{"ConvertInterfaceGuidToLuid", guidToLuid};
   const ReplacedImport<decltype(luidToIndex)> indices{"ConvertInterfaceLuidToIndex", luidToIndex};

@@ -13,7 +13,6 @@
 #include "presentation/show_poll.h"
 #include "remote/controls.h"
 #include "remote/remote_refusals.h"
-#include "settings_window/settings_form.h"
 
 namespace mrl {
 namespace {
@@ -145,16 +144,7 @@ bool skipFile(const Call& call) {
   if (!findListed(call, path) || hasUnfinishedInput(app, call.error)) return false;
   Settings changed = app.settings;
   toggleSkip(app.platform.files, changed, path);
-  if (!adoptSettings(app, changed, call.error)) return false;
-  refillForm(app);
-  reloadFileList(app);
-  return true;
-}
-
-bool changeSettings(const Call& call, const Settings& changed) {
-  if (!adoptSettings(call.app, changed, call.error)) return false;
-  refillForm(call.app);
-  return true;
+  return adoptAndShow(app, changed, call.error);
 }
 
 bool setDuration(const Call& call) {
@@ -169,7 +159,7 @@ bool setDuration(const Call& call) {
   }
   Settings changed = app.settings;
   changed.duration = static_cast<uint32_t>(seconds);
-  if (!changeSettings(call, changed)) return false;
+  if (!adoptAndShow(app, changed, call.error)) return false;
   restartElapsed(app.timer, app.platform.clock.nowMs());
   app.blinkActive = false;
   return true;
@@ -180,7 +170,7 @@ bool setSwitch(const Call& call) {
   if (hasUnfinishedInput(call.app, call.error)) return false;
   Settings changed = call.app.settings;
   changed.*kField = kValue;
-  return changeSettings(call, changed);
+  return adoptAndShow(call.app, changed, call.error);
 }
 
 struct Word {

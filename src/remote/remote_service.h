@@ -10,14 +10,12 @@ namespace mrl {
 /// mode only this machine itself is served, and neither network nor firewall is asked.
 bool startRemote(App& app, bool interactive);
 
+/// The listener alone, at the port of the settings, on these addresses and on loopback. As
+/// startServer().
+[[nodiscard]] bool startServer(App& app, const std::vector<uint32_t>& addresses,
+                               std::u16string& error);
+
 /// Ends the listener and joins its thread. Safe when nothing runs.
 void stopRemote(App& app);
-
-/// Opens the page in the browser of this computer or, where no service runs, the settings that
-/// start it.
-void openRemotePage(App& app);
-
-/// Shows the address again.
-void refreshRemoteAddress(App& app);
 
 }  // namespace mrl

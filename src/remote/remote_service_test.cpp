@@ -103,6 +103,21 @@ TEST_F(RemoteServiceTest, TestModeServesThisMachineAndAsksNobody) {
   EXPECT_TRUE(firewall.searched.empty());
 }
 
+TEST_F(RemoteServiceTest, ThePortIsThatOfTheSettingsAndRequestsGoToTheClocksWindow) {
+  ASSERT_TRUE(startRemote(app, true));
+  EXPECT_EQ(app.remote.port, kServicePort);
+  EXPECT_EQ(app.remote.targetWindow, clockWindow.handle());
+}
+
+TEST_F(RemoteServiceTest, TheEndOfTheProgramStopsTheServiceAndThenEmptiesItsQueue) {
+  ASSERT_TRUE(startRemote(app, true));
+  requests.onDrain = [this] { EXPECT_TRUE(sockets.bound.empty()); };
+  finishApp(app);
+  EXPECT_FALSE(app.remote.running);
+  EXPECT_EQ(sockets.sessions, 0);
+  EXPECT_EQ(requests.drains, 1);
+}
+
 TEST_F(RemoteServiceTest, TestModeLeavesTheKeyInAFile) {
   beInTestMode();
   ASSERT_TRUE(startRemote(app, true));

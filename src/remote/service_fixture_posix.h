@@ -16,10 +16,11 @@
 
 #include "base/clock_posix.h"
 #include "base/unique_handle.h"
-#include "http/hand_over.h"
 #include "http/ipv4.h"
 #include "http/request_queue_posix.h"
 #include "http/sockets_posix.h"
+#include "remote/remote_requests.h"
+#include "remote/remote_service.h"
 #include "remote/served_app_fake.h"
 #include "settings/settings_file.h"
 

@@ -15,11 +15,12 @@
 #include "base/geometry_win.h"
 #include "base/replaced_import_win.h"
 #include "base/unique_handle.h"
-#include "http/hand_over.h"
 #include "http/ipv4.h"
 #include "http/raw_client_win.h"
 #include "http/request_queue_win.h"
 #include "http/sockets_win.h"
+#include "remote/remote_requests.h"
+#include "remote/remote_service.h"
 #include "remote/served_app_fake.h"
 #include "settings/settings_file.h"
 

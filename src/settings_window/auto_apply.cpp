@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "base/text.h"
-#include "core/tick.h"
+#include "core/clock_behaviour.h"
 #include "overlay/clock_geometry.h"
 #include "remote/remote_service.h"
 #include "settings/settings_file.h"

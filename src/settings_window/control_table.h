@@ -31,6 +31,7 @@ enum class ControlKind {
 };
 
 inline constexpr int kPageCount = 5;
+inline constexpr int kRemotePage = 3;
 inline constexpr int kEveryPage = -1;
 inline constexpr int kNoPage = -2;
 

@@ -6,7 +6,8 @@
 #include "base/text.h"
 #include "core/commands.h"
 #include "core/tick.h"
-#include "http/hand_over.h"
+#include "remote/remote_requests.h"
+#include "remote/remote_service.h"
 #include "settings/settings_file.h"
 
 namespace mrl {
