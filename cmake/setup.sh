@@ -110,14 +110,14 @@ configure() {
   logged "configure-$1" "remove build/$1 and run this again" cmake --preset "$1"
 }
 
-# build PRESET [TARGET...]: all targets where none is named.
+# build PRESET [TARGET...]: all targets where none is named. It gives way to tests that run beside it.
 build() {
   local preset="$1"
   shift
   say "Building $preset"
   configure "$preset"
   logged "build-$preset" "the first error above tells where to look" \
-    cmake --build --preset "$preset" ${1:+--target "$@"}
+    nice cmake --build --preset "$preset" ${1:+--target "$@"}
 }
 
 # use_prefix NAME DPI: makes the Wine prefix once, and turns this shell to it. Wine moves, stacks and
