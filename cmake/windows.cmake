@@ -27,6 +27,7 @@ add_subdirectory(/usr/src/googletest googletest EXCLUDE_FROM_ALL)
 add_executable(marlune_tests ${TESTS_WIN})
 target_link_libraries(marlune_tests PRIVATE marlune_fakes marlune_edges gtest_main oleacc)
 tests(marlune_tests)
+set_target_properties(marlune_tests PROPERTIES RULE_LAUNCH_LINK ${CMAKE_SOURCE_DIR}/cmake/link_tests.sh)
 
 file(GLOB STANDIN CONFIGURE_DEPENDS tests/standin/*.cpp)
 list(FILTER STANDIN EXCLUDE REGEX "_test\\.cpp$")
@@ -47,7 +48,9 @@ if(SYSTEM_TESTS)
   add_executable(marlune_system_tests ${SYSTEM_TESTS})
   target_include_directories(marlune_system_tests PRIVATE tests)
   target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc usp10 version)
-  set_target_properties(marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+  set_target_properties(
+    marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8
+                                    RULE_LAUNCH_LINK ${CMAKE_SOURCE_DIR}/cmake/link_tests.sh)
 endif()
 
 # The firewall of the tests for a program that is not one of theirs.
