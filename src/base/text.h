@@ -1,4 +1,4 @@
-// Converts between UTF-16, the program's text, and UTF-8, which is used only in files and on the
+// Converts between UTF-16, the program's text, and UTF-8, which is used in files and on the
 // network.
 #pragma once
 
