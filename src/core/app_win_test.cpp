@@ -38,7 +38,7 @@ std::wstring shownText(HWND clock) {
   return text;
 }
 
-/// Starts the clock, and ends the program once ten seconds have been shown.
+/// Starts the timer, and ends the program once ten seconds have been shown.
 void CALLBACK watch(HWND, UINT, UINT_PTR, DWORD) {
   const HWND clock = FindWindowW(kTimerClass, L"Marlune");
   const std::wstring text = shownText(clock);

@@ -15,7 +15,7 @@ class MainLoop {
   /// Creates the drawing factories; false on failure.
   [[nodiscard]] virtual bool prepareDrawing() = 0;
   virtual void registerWindowClasses() = 0;
-  /// Starts a timer on the clock's window, or changes its period. REQUIRES: the window exists.
+  /// Starts a window timer, or changes its period. REQUIRES: the clock's window exists.
   virtual void setTimer(LoopTimer timer, uint32_t periodMs) = 0;
   virtual void killTimer(LoopTimer timer) = 0;
   /// Posts a command; it runs on a later turn of the message loop.

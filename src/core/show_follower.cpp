@@ -84,7 +84,7 @@ void followTracked(ShowFollower& follower, TimerState& timer, const Settings& se
     startTimer(timer, nowMs);
   }
   if (!seen.normalizedPath.empty() || !seen.title.empty()) {
-    // The same document keeps its path if this poll has none; another one replaces it even so.
+    // The same document keeps its path if this poll has none; for another one it is cleared.
     if (!seen.normalizedPath.empty() || differs) follower.lastPath = seen.normalizedPath;
     follower.lastTitle = seen.title;
   }

@@ -35,7 +35,7 @@ class Files {
  public:
   virtual ~Files() = default;
 
-  /// Reports what exists at `path`, following links. Absence is no error; any other trouble returns
+  /// Reports what exists at `path`, following links. Absence is no error; any other error returns
   /// false and fills `error` with the system's message.
   [[nodiscard]] virtual bool status(const std::u16string& path, FileKind& kind,
                                     std::u16string& error) = 0;
