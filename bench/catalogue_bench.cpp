@@ -1,4 +1,4 @@
-// Listing a big folder, beside the least work that could do.
+// Lists a big folder, compared with the least work that could do.
 #include <benchmark/benchmark.h>
 #include <dirent.h>
 #include <limits.h>
@@ -32,7 +32,7 @@ void listTenThousandFiles(benchmark::State& state) {
 }
 BENCHMARK(listTenThousandFiles)->Unit(benchmark::kMillisecond);
 
-/// The least: a walk of the folder that resolves each name with the system's own call.
+/// The least: iterates over the folder and resolves each name with the system's own call.
 void listTenThousandFilesMinimum(benchmark::State& state) {
   const BigFolder big;
   const std::string folder = utf8From(big.place.folder);

@@ -1,8 +1,8 @@
-// What one paint of the clock costs the processor, beside the least that a layered window could do:
-// clearing the same bitmap and handing it over. Prints both and their ratio.
+// The CPU time of one paint of the clock, compared with the least that a layered window could do:
+// clear the same bitmap and hand it over. Prints both and their ratio.
 //
-// Under Wine set "csmt" (REG_DWORD) to 0 in HKCU\Software\Wine\Direct3D first. Otherwise the thread
-// that paints waits for Wine's drawing thread in a busy loop, and that is what gets measured.
+// Under Wine set "csmt" (REG_DWORD) to 0 in HKCU\Software\Wine\Direct3D first. Otherwise the
+// painting thread waits for Wine's drawing thread in a busy loop, and that is what gets measured.
 #include <windows.h>
 
 #include <cstdint>
@@ -15,7 +15,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kWarmUpPaints = 20;  // the first ones make targets and load fonts
+constexpr int kWarmUpPaints = 20;  // the first ones create targets and load fonts
 constexpr int kPaints = 500;
 constexpr double kTargetMs = 5;
 
@@ -23,7 +23,7 @@ double msOf(const FILETIME& time) {
   return static_cast<double>((uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime) / 10'000;
 }
 
-/// Of all threads: the drawing library has threads of its own.
+/// Sums all threads: the drawing library has threads of its own.
 double processorMs() {
   FILETIME created;
   FILETIME ended;

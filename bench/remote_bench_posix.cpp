@@ -1,7 +1,7 @@
-// The remote service beside two web servers, which serve the same bytes from memory and close every
-// connection too: one client, then eight, for the page and for the state. The state of ours goes
-// through the hand-over to the UI thread and is built anew for each request; theirs stands ready.
-// No folder is listed: that is measured beside its own minimum.
+// The remote service compared with two web servers that serve the same bytes from memory and also
+// close every connection: one client, then eight, for the remote's web page and for the state. Our
+// state is requested from the UI thread and built again for each request; theirs is prebuilt. No
+// folder is listed: that has its own benchmark.
 #include <httplib.h>
 #include <microhttpd.h>
 
@@ -28,7 +28,7 @@ struct Figures {
   double p99Us = 0;
 };
 
-/// One of the servers, running. REQUIRES: `page` and `state` outlive it.
+/// A running server. REQUIRES: `page` and `state` outlive it.
 class Server {
  public:
   virtual ~Server() = default;
@@ -194,8 +194,7 @@ void compare(const std::vector<std::unique_ptr<Server>>& servers, const std::str
               target.c_str(), clients, figures[0].perSecond / bestRate, figures[0].p99Us / bestP99);
 }
 
-/// Processor time that this process takes while `work` runs on a thread and nobody calls, in ms a
-/// second.
+/// CPU time of this process in ms per second while `work` runs on a thread and no client connects.
 template <class Work>
 double idleMs(std::atomic<bool>& running, Work work) {
   const auto cpuMs = [] { return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC; };
@@ -209,7 +208,7 @@ double idleMs(std::atomic<bool>& running, Work work) {
   return used / static_cast<double>(kIdle.count());
 }
 
-/// Beside a thread that only sleeps, as often and as long.
+/// Compared with a thread that only sleeps for the same intervals.
 void showIdleCost() {
   SocketsPosix sockets;
   RequestQueuePosix queue;

@@ -1,4 +1,5 @@
-// The settings file at its largest, and the search of a title, beside the least work that could do.
+// The settings file at its largest, and the search in window titles, compared with the least work
+// that could do.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -48,7 +49,7 @@ void parse(benchmark::State& state) {
 }
 BENCHMARK(parse)->Unit(benchmark::kMillisecond);
 
-/// The least: every byte is looked at once, and every text gets its own memory.
+/// The least: every byte is read once, and every text gets its own memory.
 void parseMinimum(benchmark::State& state) {
   const std::string bytes = composeSettings(largestRecord());
   for (auto _ : state) {
@@ -79,7 +80,7 @@ void searchTitles(benchmark::State& state) {
 }
 BENCHMARK(searchTitles)->Unit(benchmark::kMillisecond);
 
-/// The least: a bare search in each title.
+/// The least: a plain search in each title.
 void searchTitlesMinimum(benchmark::State& state) {
   const std::vector<std::u16string> all = titles();
   for (auto _ : state) {

@@ -1,7 +1,7 @@
-// What an opening of the real settings window and a turn to another page cost the processor, in the
+// The CPU time that opening the real settings window and turning to another page cost in the
 // program's process. Prints the median of each. Needs marlune.exe beside it and a desktop.
 #include <windows.h>
-// After <windows.h>, which it leans on.
+// Must come after <windows.h>.
 #include <tlhelp32.h>
 
 #include <algorithm>
@@ -20,9 +20,8 @@ namespace {
 
 constexpr int kWarmUpRounds = 5;
 constexpr int kOpenings = 30;
-constexpr int kPageRounds =
-    30;  // the system counts in steps of 10 ms, so five turns make one figure
-constexpr DWORD kSettleMs = 150;  // what is painted when the loop is idle belongs to the cost
+constexpr int kPageRounds = 30;  // CPU times have a 10 ms resolution, so five turns make one figure
+constexpr DWORD kSettleMs = 150;  // includes what is painted when the loop is idle
 constexpr double kOpeningTargetMs = 300;
 constexpr double kPageTargetMs = 50;
 
@@ -41,7 +40,7 @@ double threadMs(DWORD threadId) {
   return msOf(kernel) + msOf(user);
 }
 
-/// Thread by thread, for Wine tells no other process's time as a whole.
+/// Sums the threads, because Wine does not report the total of another process.
 double processorMs(DWORD processId) {
   const HANDLE snapshot = CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
   THREADENTRY32 thread{};
@@ -70,7 +69,7 @@ void print(const char* what, std::vector<double> costs, double idle, double targ
 int measure() {
   Program program;
   Settings settings;
-  settings.windowX = GetSystemMetrics(SM_CXSCREEN) - scaled(60);  // it shall hide nothing
+  settings.windowX = GetSystemMetrics(SM_CXSCREEN) - scaled(60);  // out of the window's way
   program.prepare(settings);
   if (!program.start()) return 1;
   DWORD processId = 0;

@@ -1,4 +1,4 @@
-// The state document of a folder with 1,000 decks, beside the listing that it can't do without.
+// The state document of a folder with 1,000 decks, compared with the folder listing that it needs.
 #include <benchmark/benchmark.h>
 
 #include "base/text.h"

@@ -1,5 +1,5 @@
-// What the whole tick costs while nothing is to be done, which is nearly always: ten times a second
-// for as long as the program runs.
+// The cost of the whole tick while nothing is due, which is nearly always: ten times a second for
+// as long as the program runs.
 #include <benchmark/benchmark.h>
 
 #include "core/app_fake.h"
@@ -17,7 +17,7 @@ struct Evening : AppFake {
   }
 };
 
-// The least that a tick must do: read the clock, and make the text that it compares.
+// The least that a tick must do: read the time source and format the text that it compares.
 void bareText(benchmark::State& state) {
   const Evening evening;
   for (auto _ : state) {

@@ -1,4 +1,5 @@
-// What one tick spends on the timer itself, beside the bare reading of the clock.
+// The cost of the timer's own functions in one tick, compared with the bare reading of the time
+// source.
 #include <benchmark/benchmark.h>
 
 #include "base/clock_fake.h"
@@ -17,7 +18,7 @@ struct Talk {
   TimerState timer;
 };
 
-// The least that any function of the tick could cost: a call that reads the clock.
+// The least that any of these functions could cost: a call that reads the time source.
 [[gnu::noinline]] uint64_t readClock(const Clock& clock) { return clock.nowMs(); }
 
 void bareClockReading(benchmark::State& state) {

@@ -1,4 +1,4 @@
-// The process entry.
+// The entry point of the process.
 #include <windows.h>
 
 #include <commctrl.h>

@@ -8,7 +8,7 @@
 namespace mrl {
 namespace {
 
-/// The only range of `ranges` that may hold `unit`, or the end.
+/// The one range that can contain `unit`, or end().
 template <typename Range, size_t kCount>
 const Range* rangeFor(const Range (&ranges)[kCount], char16_t unit) {
   return std::lower_bound(std::begin(ranges), std::end(ranges), unit,

@@ -1,5 +1,5 @@
-// Character rules that decide whether two names mean the same thing. They are those of the C locale
-// and of ordinal comparison on Windows, told here so that both builds give the same answers.
+// Character rules for deciding whether two names mean the same thing: those of the C locale and of
+// ordinal comparison on Windows, implemented here so that both builds give the same answers.
 #pragma once
 
 #include <string>
@@ -7,13 +7,13 @@
 
 namespace mrl {
 
-/// Changes A to Z only.
+/// Folds A to Z only.
 char16_t toLower(char16_t unit);
 std::u16string lowerCopy(std::u16string_view text);
 /// Letters and digits of any script, by the character's type.
 bool isAlphanumeric(char16_t unit);
 bool isSpace(char16_t unit);
-/// Ordinal comparison, each unit folded by its simple upper-case mapping.
+/// Ordinal comparison after folding each unit by its simple upper-case mapping.
 bool equalsIgnoringCase(std::u16string_view a, std::u16string_view b);
 
 }  // namespace mrl

@@ -1,4 +1,4 @@
-// Our own tables against the system that they speak for.
+// Checks our own tables against the system's.
 #include <windows.h>
 
 #include <gtest/gtest.h>

@@ -1,19 +1,19 @@
-// The time: the monotonic one that every duration in the program is measured with, and the one on
-// the wall, which is only ever shown.
+// The time source: a monotonic reading, which measures every duration in the program, and the local
+// time of day, which is only ever shown.
 #pragma once
 
 #include <cstdint>
 
 namespace mrl {
 
-/// Of the day, in the user's time zone.
+/// The time of day in the user's time zone.
 struct LocalTime {
   int hour = 0;
   int minute = 0;
   int second = 0;
 };
 
-/// Any thread may call it.
+/// May be called from any thread.
 class Clock {
  public:
   virtual ~Clock() = default;

@@ -1,4 +1,4 @@
-// A clock that moves only when a test says so.
+// A time source that moves only when a test says so.
 #pragma once
 
 #include "base/clock.h"
@@ -12,7 +12,7 @@ class ClockFake : public Clock {
   void advance(uint64_t byMs) { time += byMs; }
 
   uint64_t time = 1'000'000;
-  LocalTime wall;  // set apart, as the user sets the PC's clock
+  LocalTime wall;  // independent of `time`, like the PC's own clock
 };
 
 }  // namespace mrl

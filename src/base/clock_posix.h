@@ -1,4 +1,4 @@
-// The time of a POSIX system, for tests and for the program without a desktop.
+// The time source on POSIX, for tests and for the program without a desktop.
 #pragma once
 
 #include "base/clock.h"

@@ -1,4 +1,4 @@
-// How a length of time is written. Pure, any thread.
+// Formats durations. Pure; any thread.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,7 @@
 
 namespace mrl {
 
-/// Minutes and seconds, from one hour on hours as well. A negative value counts as 0.
+/// "mm:ss", or "hh:mm:ss" from one hour on. A negative value counts as 0.
 std::u16string formatClock(int64_t seconds);
 
 }  // namespace mrl

@@ -22,7 +22,7 @@ TEST(ClockWinTest, DurationsComeFromTheTimeSinceTheSystemStarted) {
 }
 
 TEST(ClockWinTest, TheWallClockIsTheLocalOne) {
-  // Where a test runs, the local time may well be that of Greenwich.
+  // The local time of a test machine may well be UTC.
   const ReplacedImport<decltype(quarterPastThree)> system("GetLocalTime", quarterPastThree);
   const LocalTime local = ClockWin().localTime();
   EXPECT_EQ(local.hour, 3);

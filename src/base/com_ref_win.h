@@ -1,4 +1,4 @@
-// One counted reference to a COM object.
+// An owning reference to a COM object.
 #pragma once
 
 #include "base/unique_handle.h"
@@ -11,7 +11,7 @@ struct ComTraits {
   static void close(Interface* object) { object->Release(); }
 };
 
-/// Takes over the reference it is given, adds none of its own, and releases it at its end. Use and
+/// Takes ownership of the given reference without AddRef() and releases it on destruction. Use and
 /// destroy it in the object's apartment.
 template <class Interface>
 class ComRef : public UniqueHandle<ComTraits<Interface>> {

@@ -1,4 +1,4 @@
-// Ownership of counted objects.
+// Ownership of COM objects.
 #include "base/com_ref_win.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// The numbered commands: all that a user can ask of the timer outside the settings window. Menus,
-// keys and buttons send them by these numbers.
+// The command ids: everything that a user can trigger outside the settings window. Menus, keys and
+// buttons send these numbers.
 #pragma once
 
 namespace mrl {

@@ -1,4 +1,4 @@
-// The hash behind ids and revisions: FNV-1a of 64 bits. Not for anything that must resist a forger.
+// 64-bit FNV-1a, the hash for ids and revisions. Offers no protection against forged input.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@ namespace mrl {
 
 inline constexpr uint64_t kFnvOffsetBasis = 0xCBF29CE484222325;
 
-/// `hash` after one more unit, which is taken in whole.
+/// `hash` extended by one unit, mixed in as a whole and not byte by byte.
 constexpr uint64_t fnv1a(uint64_t hash, uint32_t unit) { return (hash ^ unit) * 0x100000001B3; }
 
 }  // namespace mrl

@@ -1,4 +1,4 @@
-// Owners of GDI objects, and what every painter of ours needs of them.
+// Owners of GDI objects, and helpers shared by all our painters.
 #pragma once
 
 #include <windows.h>
@@ -18,7 +18,7 @@ struct FontTraits {
 };
 using Font = UniqueHandle<FontTraits>;
 
-/// `units` of 1/96 inch high.
+/// `units` is the height in 1/96 inch.
 inline Font makeFont(std::u16string_view family, int units, int weight, int dpi) {
   return Font(CreateFontW(-toPixels(units, dpi), 0, 0, 0, weight, FALSE, FALSE, FALSE,
                           DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
@@ -26,7 +26,7 @@ inline Font makeFont(std::u16string_view family, int units, int weight, int dpi)
                           wideFrom(family).c_str()));
 }
 
-/// Gives a context its state back at the end.
+/// Restores the state of a device context on destruction.
 class SavedContext {
  public:
   explicit SavedContext(HDC context) : dc(context), saved(SaveDC(context)) {}
@@ -34,8 +34,8 @@ class SavedContext {
   SavedContext& operator=(const SavedContext&) = delete;
   ~SavedContext() { RestoreDC(dc, saved); }
 
-  /// Selects `object` and deletes it at the end, when it is out of the context again: the system
-  /// refuses to delete what is still selected.
+  /// Selects `object` and deletes it on destruction, once the context is restored: the system
+  /// refuses to delete a selected object.
   void selectAndOwn(HGDIOBJ object) {
     owned.emplace_back(object);
     SelectObject(dc, object);

@@ -17,7 +17,7 @@ struct Size {
   bool operator==(const Size&) const = default;
 };
 
-/// Right and bottom lie outside. Screen pixels, unless a user says otherwise.
+/// Right and bottom are exclusive. Screen pixels unless stated otherwise.
 struct Rect {
   int left = 0;
   int top = 0;

@@ -1,4 +1,4 @@
-// Windows' points, rectangles and handles as the logic's, and back.
+// Converts points, rectangles and window handles between Windows and our own types.
 #pragma once
 
 #include <windows.h>

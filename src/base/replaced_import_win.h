@@ -1,5 +1,5 @@
-// For tests of the edges: a function of the system, answered by the test's own for as long as this
-// lives. Only calls that this executable itself makes are led there.
+// For tests of the Windows edges: replaces an imported system function with the test's own while
+// this object lives. Affects only calls made by this executable itself.
 #pragma once
 
 #include <windows.h>
@@ -13,7 +13,7 @@ namespace mrl {
 template <class Function>
 class ReplacedImport {
  public:
-  /// REQUIRES: the executable imports a function of this name, and `own` can be called like it.
+  /// REQUIRES: the executable imports a function of this name, and `own` has its signature.
   ReplacedImport(std::string_view name, Function* own) : slot(slotOf(name)) {
     assert(slot != nullptr);
     system = exchange(own);
@@ -27,7 +27,7 @@ class ReplacedImport {
   static Part* at(char* image, DWORD offset) {
     return reinterpret_cast<Part*>(image + offset);
   }
-  /// Where the loader has put the function's address.
+  /// The import table slot with the function's address; null if it is not imported.
   static Function** slotOf(std::string_view name) {
     char* const image = reinterpret_cast<char*>(GetModuleHandleW(nullptr));
     const auto* const headers =

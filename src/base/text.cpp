@@ -8,8 +8,8 @@ constexpr char32_t kReplacement = 0xFFFD;
 bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-/// Bytes of the sequence that `lead` opens, and the smallest code point that needs as many; 0 for
-/// a byte that opens none.
+/// What a lead byte announces: the length of the sequence (0: it is no lead byte), the smallest
+/// code point that needs that length, and the payload bits of the lead itself.
 struct Sequence {
   size_t length = 0;
   char32_t smallest = 0;
@@ -24,7 +24,7 @@ Sequence sequenceOf(unsigned char lead) {
   return {};
 }
 
-/// Takes one code point from `utf8` at `at` and moves `at` behind it; false for bad bytes.
+/// Decodes the code point at `at` and moves `at` past it. False for invalid bytes.
 bool takeCodePoint(std::string_view utf8, size_t& at, char32_t& point) {
   const Sequence sequence = sequenceOf(static_cast<unsigned char>(utf8[at]));
   if (sequence.length == 0 || utf8.size() - at < sequence.length) return false;

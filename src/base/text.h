@@ -1,5 +1,5 @@
-// UTF-16 is the program's text; UTF-8 exists only in the file and on the network. This is the one
-// pair of functions between them.
+// Converts between UTF-16, the program's text, and UTF-8, which is used in files and on the
+// network.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace mrl {
 
-/// Bytes that are not valid UTF-8 give the empty text as a whole: half a text would mislead.
+/// Returns an empty text if any byte is invalid UTF-8: half a text would mislead.
 std::u16string utf16From(std::string_view utf8);
 /// An unpaired surrogate becomes U+FFFD.
 std::string utf8From(std::u16string_view utf16);

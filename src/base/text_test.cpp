@@ -29,16 +29,16 @@ TEST(TextTest, AZeroByteIsACharacterLikeAnyOther) {
 
 TEST(TextTest, BadBytesGiveTheEmptyTextAsAWhole) {
   const std::string_view bad[] = {
-      "\x80",              // a tail without a lead
-      "\xC3",              // cut in the middle
-      "\xE4\xB8",          // cut in the middle
-      "\xF0\x9F\x98",      // cut in the middle
-      "\xC3(",             // no tail
-      "\xC0\x80",          // longer than needed
-      "\xE0\x80\x80",      // longer than needed
-      "\xF0\x80\x80\x80",  // longer than needed
-      "\xED\xA0\x80",      // half of a pair
-      "\xED\xBF\xBF",      // half of a pair
+      "\x80",              // continuation byte without a lead
+      "\xC3",              // truncated
+      "\xE4\xB8",          // truncated
+      "\xF0\x9F\x98",      // truncated
+      "\xC3(",             // no continuation byte
+      "\xC0\x80",          // overlong
+      "\xE0\x80\x80",      // overlong
+      "\xF0\x80\x80\x80",  // overlong
+      "\xED\xA0\x80",      // surrogate
+      "\xED\xBF\xBF",      // surrogate
       "\xF4\x90\x80\x80",  // beyond the last code point
       "\xF8\x88\x80\x80\x80",
       "\xFF",

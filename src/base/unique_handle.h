@@ -1,4 +1,4 @@
-// One owner for a thing that must be closed exactly once: a GDI object, a file, an event.
+// Unique ownership of a resource that must be closed exactly once: a GDI object, a file, an event.
 #pragma once
 
 #include <utility>
@@ -6,7 +6,7 @@
 namespace mrl {
 
 /// `Traits` has `none()`, the value that means "nothing is held", and `close(value)`, which is
-/// never called with it. Closes the old value before it takes a new one.
+/// never called with it. Closes the old value when it takes a new one.
 template <class Traits>
 class UniqueHandle {
  public:
@@ -25,13 +25,13 @@ class UniqueHandle {
   [[nodiscard]] Value get() const { return value; }
 
   void reset(Value owned = Traits::none()) {
-    // Emptied first: closing may call back to code that looks here.
+    // Exchanged first: close() may call back into code that reads this object.
     const Value old = std::exchange(value, owned);
     if (old != Traits::none()) Traits::close(old);
   }
-  /// Gives the value up unclosed.
+  /// Releases ownership without closing.
   [[nodiscard]] Value release() { return std::exchange(value, Traits::none()); }
-  /// The address for a function that stores a new value; what was held is closed first.
+  /// The address for an out parameter; closes the held value first.
   [[nodiscard]] Value* put() {
     reset();
     return &value;

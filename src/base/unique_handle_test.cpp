@@ -1,4 +1,4 @@
-// Ownership, counted.
+// Counts what is closed, and when.
 #include "base/unique_handle.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,7 @@
 namespace mrl {
 namespace {
 
-/// Handles are numbers, -1 is none; the test owns the list of what was closed.
+/// Handles are numbers, -1 is invalid; the test owns the list of closed handles.
 struct CountedTraits {
   static int none() { return -1; }
   static void close(int handle) { closed.push_back(handle); }

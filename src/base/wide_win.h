@@ -1,4 +1,4 @@
-// Text on its way to Windows and back: the one place where char16_t and wchar_t meet.
+// Converts text between char16_t and the wchar_t of Windows. Nothing else does.
 #pragma once
 
 #include <string>

@@ -14,7 +14,8 @@ inline constexpr wchar_t kResizeClass[] = L"Marlune.Native.Resize";
 inline constexpr wchar_t kQrClass[] = L"Marlune.Native.QR";
 inline constexpr wchar_t kBlackClass[] = L"Marlune.Native.Black";
 
-/// Registers all eight. Windows that they make must be given a pointer for `procedure` to keep.
+/// Registers all eight. Every window of them must be created with a pointer as its creation
+/// parameter, which `procedure` stores.
 void registerWindowClasses(HINSTANCE instance, WNDPROC procedure);
 
 }  // namespace mrl

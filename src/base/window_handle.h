@@ -1,12 +1,12 @@
-// A window of the desktop as the logic sees it: a value to keep, compare and hand back.
+// A window handle as the portable code sees it: a value to store, compare and pass back.
 #pragma once
 
 #include <cstdint>
 
 namespace mrl {
 
-/// Opaque; only the Windows edges know what it stands for. 0 is "none". Wide enough for the
-/// negative handles that a sign-extended 32-bit number gives. Owns nothing.
+/// Opaque outside the Windows edges. 0 is invalid. Signed and 64 bits wide, because a sign-extended
+/// 32-bit handle may be negative. Owns nothing.
 struct WindowHandle {
   int64_t value = 0;
 

@@ -25,7 +25,7 @@ constexpr char16_t kTestRootArgument[] = u"--test-root=";
 constexpr char16_t kSettingsFileName[] = u"settings.dat";
 constexpr char16_t kFirstSaveFailed[] = u"初始设置保存失败：";
 constexpr uint32_t kTickPeriodMs = 100;
-// No screen reaches that far. A window made near the end of the numbers may come without a size.
+// No screen reaches that far, and a window near the limits of int may be created without a size.
 constexpr int kFarthestPlace = 1'000'000;
 
 void readArguments(App& app, const std::vector<std::u16string>& arguments) {
@@ -67,8 +67,8 @@ bool createClock(App& app) {
                                          {width, height});
 }
 
-/// Nobody has seen yet what was wrong with the settings: a service that can't start doesn't take
-/// that away.
+/// Keeps an error from loading the settings: the user has not seen it yet, and a service that can't
+/// start must not replace it.
 void startService(App& app) {
   const std::u16string early = std::exchange(app.lastError, u"");
   startRemote(app, true);
@@ -76,8 +76,8 @@ void startService(App& app) {
   app.lastError = app.lastError.empty() ? early : early + u"\n" + app.lastError;
 }
 
-/// Tells the tests that the program is up. The process id reaches the disk last, so whoever sees it
-/// finds everything else in place.
+/// Signals the tests that the program is up. The process id is written last, so that whoever reads
+/// it finds everything else in place.
 void announceReady(App& app) {
   std::u16string error;
   Files& files = app.platform.files;
@@ -124,7 +124,7 @@ void onClockDestroyed(App& app) {
 void finishApp(App& app) {
   stopServer(app.remote);
   clearRuntime(app);
-  app.platform.requests.drain();  // last: with the listener gone nothing new comes
+  app.platform.requests.drain();  // last: without the listener nothing more is queued
 }
 
 void setStatus(App& app, const std::u16string& text) {

@@ -1,6 +1,6 @@
-// The one application object: all state of the program, and the doors through which it reaches the
-// outside. It belongs to the UI thread. What it does stands in free functions beside it: the tick,
-// the expiry actions, the commands, the clock window's behaviour.
+// The application object: all state of the program, and the interfaces through which it reaches the
+// outside. UI thread only. Its behaviour is in free functions beside it: the tick, the expiry
+// actions, the commands, the clock's behaviour.
 #pragma once
 
 #include <cstdint>
@@ -37,7 +37,7 @@
 
 namespace mrl {
 
-/// The doors: real ones come from the program's entry, fakes from tests. All outlive the App.
+/// The interfaces: AppWin supplies the real ones, tests supply fakes. All outlive the App.
 struct Platform {
   Clock& clock;
   Files& files;
@@ -63,10 +63,10 @@ struct Platform {
   [[nodiscard]] PresentationAccess presentation() const { return {automation, windows, files}; }
 };
 
-/// What the process ends with.
+/// The exit codes of the process.
 enum ExitCode : int { kExitNormal = 0, kExitNoCom = 1, kExitNoDrawing = 2, kExitNoClock = 3 };
 
-/// Every time field is a reading of the clock; 0 means "not set".
+/// Every time field is a reading of the time source in milliseconds; 0 means "not set".
 struct App {
   explicit App(const Platform& doors) : platform(doors) {}
   App(const App&) = delete;
@@ -81,7 +81,7 @@ struct App {
   ShowStatus lastStatus;
 
   bool resizeMode = false;
-  bool settingsWritable = true;  // false: the file on disk was refused and is protected
+  bool settingsWritable = true;  // false: the file was refused; edits and moves do not save
   bool blackActive = false;
 
   std::u16string lastError;  // the last message for the user
@@ -103,46 +103,46 @@ struct App {
   bool hiddenByRule = false;  // a hide rule, not the user, hid the clock
   bool lastExcluded = false;
 
-  std::u16string switchTarget;  // the deck that the switch after expiry plays
-  bool switchHold = false;      // the clock stays hidden while that deck is shown
-  bool switchHoldSeen = false;  // a poll has seen it during the hold
+  std::u16string switchTarget;  // the deck of the switch after expiry; may outlive the switch
+  bool switchHold = false;      // the clock is hidden until that deck's show has come and gone
+  bool switchHoldSeen = false;  // a poll has seen that show during the hold
   bool blinkActive = false;
   uint64_t blinkStartMs = 0;
   uint64_t blinkEndMs = 0;
-  uint64_t soundStopMs = 0;  // when the sound is cut off
+  uint64_t soundStopMs = 0;  // when to stop the sound
   uint64_t switchAtMs = 0;
   uint64_t switchPulseUntilMs = 0;
   uint64_t switchPulseNextMs = 0;
-  std::u16string openPulseTarget;  // a deck that a remote command started
+  std::u16string openPulseTarget;  // a show that a remote command started
   uint64_t openPulseUntilMs = 0;
   uint64_t openPulseNextMs = 0;
 };
 
-/// Start-up: reads the arguments (without the program's name), loads the settings and brings the
-/// clock up. `defaultSettingsPath` is used outside test mode. Gives an exit code when the program
-/// is to end: it can't go on, or it runs already and shows its settings. Throws
-/// std::filesystem::filesystem_error when the file system can't even tell whether there are
-/// settings, or can't make the folder of test mode.
+/// Start-up: parses the arguments (without the program's name), loads the settings and shows the
+/// clock. `defaultSettingsPath` is used outside test mode. Returns an exit code if the program
+/// should end: start-up failed, or another instance runs and shows its settings. Throws
+/// std::filesystem::filesystem_error if the status of the settings file can't be read or the
+/// test-mode folder can't be created.
 std::optional<int> startApp(App& app, const std::vector<std::u16string>& arguments,
                             const std::u16string& defaultSettingsPath);
 
-/// First half of the shutdown, when the clock's window goes: takes the other windows along and ends
-/// the loop.
+/// First half of the shutdown, called when the clock's window is destroyed: closes the other
+/// windows and ends the message loop.
 void onClockDestroyed(App& app);
 
-/// Second half, after the loop.
+/// Second half, after the message loop.
 void finishApp(App& app);
 
-/// The one way of telling the user something outside a dialog. Never blocks.
+/// Reports `text` in the status line, the only channel to the user outside dialogs. Never blocks.
+/// If the settings window is closed, it shows the text when it opens.
 void setStatus(App& app, const std::u16string& text);
 
-/// Saves `changed` and adopts it only if that worked. Otherwise returns false, and the user is told
-/// by `error` or, without it, by the status.
+/// Saves `changed`, then makes it the live record. If the save fails, returns false, keeps the live
+/// record and reports in `error` or, without that parameter, in the status line.
 bool adoptSettings(App& app, const Settings& changed, std::u16string& error);
 bool adoptSettings(App& app, const Settings& changed);
 
-/// The same, for a change that does not come from the settings window's own input: what it shows is
-/// replaced.
+/// The same for a change from outside the settings window; refreshes what the window shows.
 bool adoptAndShow(App& app, const Settings& changed, std::u16string& error);
 
 }  // namespace mrl

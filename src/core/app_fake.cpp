@@ -1,5 +1,4 @@
-// Here once, and not in every file of tests: all that the fakes are made of is compiled where they
-// are made.
+// Out of line, so that the members of the fakes are compiled once and not in every test file.
 #include "core/app_fake.h"
 
 #include "settings_window/preview.h"

@@ -1,4 +1,4 @@
-// An App whose every door is a fake, for tests and benchmarks.
+// An App whose interfaces are all fakes, for tests and benchmarks.
 #pragma once
 
 #include "base/clock_fake.h"
@@ -47,7 +47,7 @@ struct AppFake {
   InstancesFake instances;
   App app{doors(outside.files, audio)};
 
-  /// All doors; the caller chooses those that are not always fakes.
+  /// All interfaces; the caller chooses the two that may be real.
   Platform doors(Files& files, AudioPlayer& player) {
     return {clock,           files,        outside.automation,
             outside.windows, screens,      loop,

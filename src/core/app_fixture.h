@@ -1,4 +1,4 @@
-// A whole App over fakes, and the few words that its tests speak in.
+// A complete App on fakes, with helpers for its tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -31,14 +31,14 @@ class AppFixture : public ::testing::Test, protected AppFake {
 
   FilesFake& files() { return outside.files; }
 
-  /// Start-up with a settings file that holds `settings`.
+  /// Starts the App with a settings file that holds `settings`.
   void startWith(const Settings& settings) {
     std::u16string error;
     ASSERT_TRUE(saveSettings(files(), kSettingsPath, settings, error));
     start();
   }
   void start() {
-    app.remote.running = true;  // what runs already is not started: no network, no thread
+    app.remote.running = true;  // so that the service is not started: no network, no thread
     ASSERT_EQ(startApp(app, {}, kSettingsPath), std::nullopt);
     app.remote.running = false;
   }
@@ -51,7 +51,7 @@ class AppFixture : public ::testing::Test, protected AppFake {
       clockWindow.paintIfDue();
     }
   }
-  /// Until a poll has seen the present state of things, and not a tick longer.
+  /// Ticks until the next poll, and not a tick longer.
   void waitForPoll() {
     const uint64_t before = app.lastPollMs;
     for (int ticks = 0; app.lastPollMs == before; ++ticks) {
@@ -73,7 +73,7 @@ class AppFixture : public ::testing::Test, protected AppFake {
   }
   void closeDecks() { program->decks.clear(); }
 
-  /// What the user sees of a visible clock: the picture that was painted last.
+  /// What the user sees of a visible clock: the last painted picture.
   struct Seen {
     std::u16string text;
     bool isAlert = false;

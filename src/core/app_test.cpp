@@ -99,7 +99,7 @@ TEST_F(AppTest, AFirstSaveThatFailsIsToldAndStartUpGoesOn) {
 }
 
 TEST_F(AppTest, AnEmptySettingsPathStartsWithDefaultsAndTellsThatNothingCanBeSaved) {
-  app.remote.running = true;  // its start would have the last word
+  app.remote.running = true;  // starting it would replace the last error
   EXPECT_EQ(startApp(app, {}, u""), std::nullopt);
   EXPECT_EQ(app.lastError, u"初始设置保存失败：No configuration directory");
   EXPECT_TRUE(app.settingsWritable);

@@ -119,7 +119,7 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
       break;
     }
     case WM_NCLBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK: {  // a second press soon after the first
+    case WM_NCLBUTTONDBLCLK: {  // a quick second press
       const CornerHit hit = cornerFrom(static_cast<int>(wParam));
       if (!app.resizeMode || hit == CornerHit::None) break;
       onCornerPress(app, hit);
@@ -150,7 +150,7 @@ LRESULT AppWin::handleClockMessage(HWND window, UINT message, WPARAM wParam, LPA
 LRESULT AppWin::handleToolbarMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND: runCommand(app, LOWORD(wParam)); return 0;
-    case WM_DPICHANGED: return 0;  // its size goes by the clock's resolution, not by its own
+    case WM_DPICHANGED: return 0;  // sized by the clock's DPI, not by its own
   }
   return DefWindowProcW(window, message, wParam, lParam);
 }
@@ -161,12 +161,12 @@ LRESULT AppWin::handleBlackMessage(HWND window, UINT message, WPARAM wParam, LPA
       if (!(reinterpret_cast<const WINDOWPOS*>(lParam)->flags & SWP_NOZORDER)) onBlackRaised(app);
       break;
     case WM_CLOSE:
-    case WM_LBUTTONDOWN: return 0;  // only its own ways out end the black screen
+    case WM_LBUTTONDOWN: return 0;  // neither ends the black screen
     case WM_KEYDOWN:
       if (onBlackKey(app, static_cast<int>(wParam))) return 0;
       break;
     case WM_CONTEXTMENU: openMenu(window, lParam); return 0;
-    // The rectangle that the system suggests keeps the size; this is to cover a monitor.
+    // Ignores the suggested rectangle: the window must cover its monitor.
     case WM_DPICHANGED: onScreensChanged(app); return 0;
   }
   return DefWindowProcW(window, message, wParam, lParam);

@@ -1,5 +1,5 @@
-// The program on Windows: makes the real doors, owns the App, runs the message loop and routes
-// every message of every window. UI thread.
+// The program on Windows: creates the real interfaces, owns the App, runs the message loop and
+// routes the messages of all windows. UI thread.
 #pragma once
 
 #include <windows.h>
@@ -35,8 +35,8 @@ class AppWin : private MainLoop {
   AppWin(const AppWin&) = delete;
   AppWin& operator=(const AppWin&) = delete;
 
-  /// Start-up, message loop, shutdown. `arguments` are those of the command line, without the
-  /// program's name. Returns the exit code.
+  /// Start-up, message loop, shutdown. `arguments` exclude the program's name. Returns the exit
+  /// code.
   int run(const std::vector<std::u16string>& arguments);
 
   LRESULT handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
@@ -57,7 +57,7 @@ class AppWin : private MainLoop {
   uint32_t processId() override;
 
   HINSTANCE instance;
-  InstancesWin instances;  // first, so that the user's place is given back when all else is gone
+  InstancesWin instances;  // first, so that its lock is released when all else is gone
   ClockWin clock;
   FilesWin files;
   AutomationWin automation;

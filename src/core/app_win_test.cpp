@@ -1,4 +1,4 @@
-// The whole program in this process, so that its paints can be counted.
+// Runs the whole program in this process, so that its paints can be counted.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -38,7 +38,7 @@ std::wstring shownText(HWND clock) {
   return text;
 }
 
-/// Starts the clock, and ends the program once ten seconds have been shown.
+/// Starts the timer, and ends the program once ten seconds have been shown.
 void CALLBACK watch(HWND, UINT, UINT_PTR, DWORD) {
   const HWND clock = FindWindowW(kTimerClass, L"Marlune");
   const std::wstring text = shownText(clock);
@@ -61,7 +61,7 @@ TEST(AppWinTest, ARunningClockIsPaintedOncePerSecond) {
   const HINSTANCE instance = GetModuleHandleW(nullptr);
   EXPECT_EQ(AppWin(instance).run({u"--test-root=" + root.u16string()}), kExitNormal);
 
-  // One for the command, and one for each of the ten seconds.
+  // One for the command and one for each of the ten seconds.
   EXPECT_GE(paints, 10);
   EXPECT_LE(paints, 11);
   std::printf("%d paints in ten seconds\n", paints);

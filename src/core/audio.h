@@ -1,4 +1,4 @@
-// The one sound of the program: that of an alert, or of the end of the time. UI thread.
+// The program's one sound: of a stage or of the end of the time. UI thread.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,11 @@
 
 namespace mrl {
 
-/// Plays `path` for `seconds`, or to its end when that is 0 or less; without a path it beeps. What
-/// sounded before is cut off. A failure is told, and nothing is heard.
+/// Plays `path` for `seconds`, or to its end if that is 0 or less; an empty path beeps. Stops the
+/// previous sound. A failure is reported in the status line and plays nothing.
 void playAudio(App& app, const std::u16string& path, int32_t seconds);
 
-/// Stops the sound and forgets when it was to be cut off.
+/// Stops the sound and cancels its deadline.
 void closeAudio(App& app);
 
 }  // namespace mrl

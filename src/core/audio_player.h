@@ -5,17 +5,17 @@
 
 namespace mrl {
 
-/// UI thread only. Holds one sound at most; nothing here waits for a sound to end.
+/// UI thread only. Holds at most one sound; no call waits for a sound to end.
 class AudioPlayer {
  public:
   virtual ~AudioPlayer() = default;
-  /// Opens the file, whose format the player finds out. REQUIRES: nothing is open.
+  /// Opens the file; the player detects its format. REQUIRES: no file is open.
   [[nodiscard]] virtual bool open(const std::u16string& path, std::u16string& error) = 0;
-  /// Starts what is open.
+  /// Starts playing. REQUIRES: a file is open.
   [[nodiscard]] virtual bool play(std::u16string& error) = 0;
-  /// Stops and lets go of what is open, if anything is.
+  /// Stops and closes the open file, if any.
   virtual void close() = 0;
-  /// The plain sound of the system for an exclamation.
+  /// Plays the system's exclamation sound.
   virtual void beep() = 0;
 };
 

@@ -1,4 +1,4 @@
-// The audio player for tests: it keeps a list of what it was told.
+// The audio player for tests: records its calls.
 #pragma once
 
 #include <cassert>
@@ -31,10 +31,10 @@ class AudioPlayerFake : public AudioPlayer {
     isOpen = isPlaying = false;
   }
   void beep() override { calls.emplace_back("beep"); }
-  /// The sound has run out. Nobody is told.
+  /// The sound ends; nothing reports it.
   void reachEnd() { isPlaying = false; }
 
-  std::u16string openError;  // not empty: that step fails with it
+  std::u16string openError;  // not empty: the step fails with it
   std::u16string playError;
 
   bool isOpen = false;

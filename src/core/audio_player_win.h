@@ -4,7 +4,7 @@
 
 namespace mrl {
 
-/// Through the string commands of MCI, which plays in the background.
+/// Uses the command strings of MCI, which plays in the background.
 class AudioPlayerWin : public AudioPlayer {
  public:
   AudioPlayerWin() = default;

@@ -1,4 +1,4 @@
-// The real player under the logic that uses it. What is heard is tested with the whole program.
+// The real player under the logic that uses it. What is audible is tested with the whole program.
 #include "core/audio_player_win.h"
 
 #include <windows.h>
@@ -17,7 +17,7 @@ namespace {
 
 constexpr char16_t kFailed[] = u"音频播放失败：";
 
-/// A tenth of a second of silence.
+/// A WAV file with a tenth of a second of silence.
 std::string silence() {
   constexpr uint32_t kDataBytes = 800;
   std::string bytes;
@@ -27,8 +27,8 @@ std::string silence() {
   bytes += "RIFF";
   put(36 + kDataBytes, 4);
   bytes += "WAVEfmt ";
-  put(16, 4);    // of this part
-  put(1, 2);     // as it comes
+  put(16, 4);    // size of this chunk
+  put(1, 2);     // PCM, uncompressed
   put(1, 2);     // channel
   put(8000, 4);  // samples a second
   put(8000, 4);  // bytes a second
@@ -47,7 +47,7 @@ BOOL WINAPI beep(UINT kind) {
 
 class AudioPlayerWinTest : public AppFixture {
  protected:
-  /// A file in the folder for temporary files; gone after the test.
+  /// A file in the temporary folder; removed after the test.
   std::u16string fileWith(const std::string& bytes) {
     wchar_t folder[MAX_PATH];
     GetTempPathW(MAX_PATH, folder);
@@ -62,7 +62,7 @@ class AudioPlayerWinTest : public AppFixture {
     closeAudio(real);
     DeleteFileW(path.c_str());
   }
-  /// What the device says of itself; empty while none is open.
+  /// The mode that the MCI device reports; empty if none is open.
   static std::wstring mode() {
     wchar_t answer[64] = L"";
     mciSendStringW(L"status MarluneAudio mode", answer, 64, nullptr);

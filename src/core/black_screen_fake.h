@@ -34,13 +34,13 @@ class BlackScreenFake : public BlackScreen {
     if (log != nullptr) log->emplace_back("raise black");
   }
 
-  bool coverFails = false;  // no window can be made
+  bool coverFails = false;  // no window can be created
 
   bool covering = false;
   std::map<std::u16string, Rect> covered;  // by the monitor's name
   int covers = 0;
   int raises = 0;
-  std::vector<std::string>* log = nullptr;  // of another fake, to show the order among the two
+  std::vector<std::string>* log = nullptr;  // shared with another fake; records their order
 };
 
 }  // namespace mrl

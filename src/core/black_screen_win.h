@@ -11,7 +11,7 @@ namespace mrl {
 
 class BlackScreenWin : public BlackScreen {
  public:
-  /// `creationParameter` is handed to every window, whose class the program has registered.
+  /// `creationParameter` is passed to every window; their class is already registered.
   BlackScreenWin(HINSTANCE instance, void* creationParameter);
   ~BlackScreenWin() override;
 

@@ -1,4 +1,4 @@
-// The real black windows, over places of the desktop in place of whole monitors.
+// The real black windows, over small areas of the desktop instead of whole monitors.
 #include "core/black_screen_win.h"
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ class BlackScreenWinTest : public testing::Test {
   void SetUp() override { ASSERT_TRUE(windowClass.registered); }
   void TearDown() override { black.uncover(); }
 
-  /// The one that covers `place` exactly; null where there is none.
+  /// The black window that covers exactly `place`; null if there is none.
   static HWND windowOver(const Rect& place) {
     HWND window = nullptr;
     while ((window = FindWindowExW(nullptr, window, kBlackClass, nullptr)) != nullptr) {

@@ -47,7 +47,7 @@ ClockPicture clockPicture(const App& app) {
 
 void showClock(App& app) {
   app.platform.clockWindow.show();
-  // Whatever changed while it was hidden was not painted, and it comes up with its last picture.
+  // Nothing was painted while it was hidden; it would come up with its last picture.
   app.platform.clockWindow.invalidate();
   placeToolbar(app);
 }
@@ -137,7 +137,7 @@ void onCornerRelease(App& app) {
 void onCaptureLost(App& app) { app.drag.reset(); }
 
 void onClockDpiChanged(App& app) {
-  // The size has jumped: a drag goes on from there, or the next move would undo the jump.
+  // The size has jumped: restart the drag from here, or the next mouse move would undo it.
   if (app.drag) beginCornerDrag(app, app.drag->hit);
   placeToolbar(app);
 }

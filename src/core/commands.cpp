@@ -37,7 +37,7 @@ void setClockVisible(App& app, bool visible) {
   } else {
     app.platform.clockWindow.hide();
   }
-  app.hiddenByRule = false;  // from here on it is the user's wish
+  app.hiddenByRule = false;  // from now on this is the user's choice
 }
 
 void setMode(App& app, bool automatic) {
@@ -45,7 +45,7 @@ void setMode(App& app, bool automatic) {
   changed.autoMode = automatic;
   if (!adoptSettings(app, changed)) return;
   showChangedMode(app);
-  // At once and not at the next poll: automatic mode chosen during a show starts the timer now.
+  // Now, not at the next poll: automatic mode chosen during a show starts the timer at once.
   followShow(app.follower, app.timer, app.settings,
              observe(app.platform.files, app.lastStatus, app.lastExcluded, app.switchTarget),
              app.platform.clock.nowMs());
@@ -64,7 +64,7 @@ void openRemotePage(App& app) {
   } else if (app.testMode) {
     writeTestFile(app, u"remote-opened.txt", "opened");
   } else {
-    // A browser that can't be opened tells so itself.
+    // Ignored: the shell shows its own error.
     (void)app.platform.shell.open(remoteUrlList({}, u"", app.remote.port), u"");
   }
 }

@@ -1,4 +1,4 @@
-// Carries out what a user asks of the timer outside the settings window.
+// Runs the commands that a user gives outside the settings window.
 #pragma once
 
 #include "base/command_ids.h"
@@ -6,10 +6,10 @@
 
 namespace mrl {
 
-/// Runs a command; a number that is none only repaints the clock. UI thread.
+/// Runs a command. An unknown id only repaints the clock. UI thread.
 void runCommand(App& app, int command);
 
-/// A key on the clock. True when it meant something.
+/// Handles a key on the clock. Returns true if the key was used.
 bool onClockKey(App& app, int virtualKey);
 
 }  // namespace mrl

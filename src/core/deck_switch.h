@@ -1,5 +1,5 @@
-// The switch to another deck when the time is up: leave the show, wait a moment, open and play the
-// deck, and bring its show to the front until it is there. UI thread.
+// The switch to another deck after expiry: exits the show, waits a moment, opens and plays the
+// deck, and keeps raising its show for a while. UI thread.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@
 
 namespace mrl {
 
-/// Pauses the timer, ends the running show and sets the time at which the deck is opened.
+/// Pauses the timer, exits the running show and schedules the opening of the deck.
 void beginDeckSwitch(App& app, uint64_t nowMs);
 
-/// Opens the deck when that is due. While its show is on, the clock is hidden. A deck that can't be
-/// played ends the switch; the user is told.
+/// Opens and plays the deck when it is due, then hides the clock until the deck's show has come and
+/// gone. A deck that can't be played ends the switch and is reported.
 void continueDeckSwitch(App& app, uint64_t nowMs);
 
-/// Brings the shows that were just started to the front, four times a second for two seconds: a
-/// show window comes up late, and the system may refuse a change of the foreground.
+/// Raises the shows that were just started, four times a second for two seconds: a show window may
+/// appear late, and the system may refuse to change the foreground window.
 void raiseStartedShows(App& app, uint64_t nowMs);
 
 }  // namespace mrl

@@ -27,12 +27,12 @@ class DeckSwitchTest : public AppFixture {
     program->nextShowWindow = 600;
     outside.automation.beforeCall = [this](const std::string& entry) {
       if (entry == "method view.Exit") outside.windows.windows.clear();
-      // No show to a scan of the desktop: only automation tells of it.
+      // A window scan sees no show here; only automation reports it.
       if (entry == "method settings.Run") outside.addEditWindow(600, u"other.pptx");
     };
   }
 
-  /// The show of the first deck runs until its time is up, to the tick.
+  /// Runs the first deck's show until its time is up, to the tick.
   void runOut() {
     startShow(kDeck);
     waitForPoll();
@@ -42,7 +42,7 @@ class DeckSwitchTest : public AppFixture {
     runOut();
     runFor(kExitDelayMs);
   }
-  /// What goes on while an application is waited for.
+  /// Runs `work` during `call`, while the program waits for the application.
   void during(const std::string& call, const std::function<void()>& work) {
     outside.automation.beforeCall =
         [call, work, before = outside.automation.beforeCall](const std::string& entry) {
@@ -50,14 +50,14 @@ class DeckSwitchTest : public AppFixture {
           if (entry == call) work();
         };
   }
-  /// An application that takes its time for one call.
+  /// Makes the application take `byMs` for one call.
   void slowDown(const std::string& call, uint64_t byMs) {
     during(call, [this, byMs] { clock.advance(byMs); });
   }
   void resetDuring(const std::string& call) {
     during(call, [this] { runCommand(app, kCommandReset); });
   }
-  /// What polls at the end of the deck that was switched to will see.
+  /// Ends the target's show for the polls that follow.
   void endTarget() {
     program->shows.clear();
     outside.windows.windows.clear();
@@ -214,7 +214,7 @@ TEST_F(DeckSwitchTest, UntilTheDeckIsSeenTheClockStaysHiddenWhateverAnEarlierSwi
   app.switchHoldSeen = true;
   outside.automation.beforeCall = [&](const std::string& entry) {
     if (entry != "get show.HWND") return;
-    program->shows.clear();  // its window takes long to come up
+    program->shows.clear();  // its window takes long to appear
     outside.windows.windows.clear();
   };
   runFor(kExitDelayMs);
@@ -391,7 +391,7 @@ TEST_F(DeckSwitchTest, ARaiseThatHasBegunIsOfTheDeckThatItWasMeantFor) {
   switchOver();
   const long before = times("topmost 600");
   resetDuring("get slide.SlideIndex");
-  app.lastPollMs = clock.nowMs() + kTickMs;  // only the pulse asks in this tick
+  app.lastPollMs = clock.nowMs() + kTickMs;  // only the pulse polls in this tick
   app.switchPulseNextMs = 0;
   runFor(kTickMs);
   EXPECT_EQ(times("topmost 600"), before + 1);

@@ -21,7 +21,7 @@ void fireStage(App& app, int index) {
 
 void fireExpiry(App& app, uint64_t nowMs) {
   const Settings& settings = app.settings;
-  // The black screen leaves the overtime on display, and it is to be noticed there.
+  // The overtime stays visible above the black screen; blink so that it is noticed.
   if (settings.blink || settings.black) startBlink(app, settings.blinkSeconds);
   if (settings.black) setBlack(app, true);
   if (settings.exitShow) exitShow(app);

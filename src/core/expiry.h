@@ -1,4 +1,4 @@
-// What fires when the time is up or an alert is due, and the timed after-effects. UI thread.
+// What happens when the time is up or a stage is due, and the timed work that follows. UI thread.
 #pragma once
 
 #include <cstdint>
@@ -7,23 +7,23 @@
 
 namespace mrl {
 
-/// Fires stage alert `index` (0 or 1). A stage never does more than blink and sound.
+/// Fires stage `index` (0 or 1). A stage only blinks and plays a sound.
 void fireStage(App& app, int index);
 
-/// Fires the expiry actions, in their fixed order. One that fails is told and stops no other.
+/// Runs the expiry actions in their fixed order. A failed action is reported and stops no other.
 void fireExpiry(App& app, uint64_t nowMs);
 
-/// Lets the clock blink for `seconds`, or until something stops it when that is 0. A blink that
-/// runs already starts anew.
+/// Starts a blink of `seconds`, or of no fixed length if that is 0. Restarts one that is running.
 void startBlink(App& app, uint32_t seconds);
 
-/// Ends whatever has reached its time.
+/// Runs timed work that is due: the deck switch, raising started shows, the end of sound and blink.
 void runTimedWork(App& app, uint64_t nowMs);
 
-/// Undoes everything that is in flight. The black screen and the timer are left as they are.
+/// Stops blink and sound, and a deck switch at any step. Leaves the timer, the black screen and the
+/// raising of a show that a remote command started as they are.
 void clearRuntime(App& app);
 
-/// Ends the running show; a failure is told.
+/// Exits the running show; a failure is reported.
 void exitShow(App& app);
 
 }  // namespace mrl

@@ -1,4 +1,4 @@
-// Long random lives of a timer and its follower, with what must hold after every step of them.
+// Long random runs of a timer and its follower, with invariants checked after every step.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -42,7 +42,7 @@ constexpr const char16_t* kSlideKeys[] = {u"", u"#0", u"a#1", u"a#2"};
 constexpr uint32_t kDurations[] = {0, 1, 5, 60, 900, std::numeric_limits<uint32_t>::max()};
 constexpr uint32_t kDelays[] = {0, 0, 1, 30, 3'600};
 
-/// The text of the clock, worked out once more and from nothing but the elapsed time.
+/// The text of the clock, computed independently from the elapsed time alone.
 std::u16string textOf(int64_t elapsedMs, const Settings& settings) {
   const long long used = elapsedMs / 1000;
   const long long left = static_cast<long long>(settings.duration) - used;
@@ -127,7 +127,7 @@ class Life {
     observed = timer;
     afterObserving = follower;
     followShow(follower, timer, settings, seen, nowMs);
-    // What is seen twice at once counts once.
+    // The same observation twice at one time counts once.
     EXPECT_EQ(timer, observed);
     EXPECT_EQ(follower, afterObserving);
     applyPendingReset(follower, timer, settings, nowMs);
@@ -136,7 +136,7 @@ class Life {
   void tick() {
     applyPendingReset(follower, timer, settings, nowMs);
     for (const int stage : {0, 1}) {
-      // An alert fires only on a timer that runs, counts down and has time to spend.
+      // An alert fires only on a running countdown with a duration.
       if (stageDue(timer, stage, nowMs, settings)) expectMayFire();
     }
     if (expiryDue(timer, nowMs, settings)) expectMayFire();
@@ -168,11 +168,11 @@ class Life {
   }
 
   void checkTimer() {
-    // Time is never negative, at whatever reading it is asked for.
+    // Elapsed time is never negative, whatever the reading.
     EXPECT_GE(timer.elapsedMs, 0);
     EXPECT_GE(elapsedAt(timer, nowMs), 0);
     EXPECT_GE(elapsedAt(timer, random()), 0);
-    // The text says the elapsed time and nothing else.
+    // The text depends on the elapsed time and the settings alone.
     EXPECT_EQ(timeText(timer, nowMs, settings), textOf(elapsedAt(timer, nowMs), settings));
     // An idle timer has used nothing and fired nothing.
     if (timer.phase == TimerPhase::Idle) {
@@ -180,7 +180,7 @@ class Life {
       EXPECT_FALSE(timer.expiredFired);
       EXPECT_EQ(timer.promptsFired, 0u);
     }
-    // A paused timer stands still, whatever the clock does.
+    // A paused timer does not change, whatever the time source does.
     if (timer.phase == TimerPhase::Paused) {
       EXPECT_EQ(elapsedAt(timer, nowMs), timer.elapsedMs);
       EXPECT_EQ(elapsedAt(timer, random()), timer.elapsedMs);
@@ -195,7 +195,7 @@ class Life {
     }
   }
 
-  /// Flags are set by the tests of the tick alone, and cleared by the named events alone.
+  /// Fired flags are set only by the tick and cleared only by the events named here.
   void checkFlags() {
     const bool set = (timer.expiredFired && !before.expiredFired) ||
                      (timer.promptsFired & ~before.promptsFired) != 0;
@@ -243,31 +243,31 @@ class Life {
     const bool tracked = seen.showing && !seen.excluded;
     EXPECT_TRUE(follower.primed);
     EXPECT_EQ(follower.lastAutoMode, settings.autoMode);
-    // A reset waits only in automatic mode and without a tracked show.
+    // A delayed reset is pending only in automatic mode and without a tracked show.
     if (!settings.autoMode || follower.wasTracked) {
       EXPECT_EQ(follower.resetAtMs, 0u);
     }
-    // A slide is remembered only of a tracked show with the clock restarting per slide.
+    // A slide is recorded only for a tracked show with `perSlide` on.
     if (!follower.wasTracked || !settings.perSlide) {
       EXPECT_TRUE(follower.lastSlideKey.empty());
     }
     if (follower.switchPending) {
-      // During a switch no show is tracked and the timer can at most be paused.
+      // During a switch no show is tracked and the timer is at most paused.
       EXPECT_FALSE(follower.wasTracked);
       EXPECT_EQ(elapsedAt(timer, nowMs), elapsedAt(before, nowMs));
       return;
     }
     if (followerBefore.switchPending) return;
     EXPECT_EQ(follower.wasTracked, tracked);
-    // A show is nothing to a manual timer.
+    // In manual mode shows do not change the timer.
     if (!settings.autoMode) {
       EXPECT_EQ(timer, before);
     }
-    // A followed show that has just appeared runs the timer.
+    // A tracked show that has just appeared starts the timer.
     if (settings.autoMode && tracked && !followerBefore.wasTracked) {
       EXPECT_EQ(timer.phase, TimerPhase::Running);
     }
-    // One that has just gone never leaves it running.
+    // One that has just ended never leaves it running.
     if (settings.autoMode && !tracked && followerBefore.wasTracked) {
       EXPECT_NE(timer.phase, TimerPhase::Running);
     }

@@ -1,4 +1,4 @@
-// The starts of this program that one session's desktop has seen, as one of them meets the others.
+// The other running instances of this program in the user's session.
 #pragma once
 
 #include <cstdint>
@@ -9,15 +9,15 @@
 
 namespace mrl {
 
-/// In whose name a process runs, and whether with an administrator's rights.
+/// The account a process runs under, and whether it is elevated.
 struct Account {
-  std::u16string user;  // empty when it can't be told
+  std::u16string user;  // empty if unknown
   bool isElevated = false;
 
   bool operator==(const Account&) const = default;
 };
 
-/// A window that has the clock's class, of another process. Anyone can make one.
+/// A window of the clock's class in another process. Any process can create one.
 struct OtherClock {
   WindowHandle window;
   bool isAnnounced = false;  // its process has called announce() for it
@@ -29,16 +29,18 @@ class Instances {
  public:
   virtual ~Instances() = default;
 
-  /// Takes the place of the user's one running program in this session; it is given back when the
-  /// process ends, however it ends. Waits up to `waitMs` for it. False: somebody else holds it.
+  /// Claims the lock of the user's one running instance in this session; it is released when the
+  /// process ends, however it ends. Waits up to `waitMs`. False: another process holds it, or it
+  /// can't be created.
   [[nodiscard]] virtual bool claim(uint32_t waitMs) = 0;
-  /// Lets later starts find this one by its clock, for as long as that window lives.
+  /// Marks the clock so that later instances find this one, for as long as the window lives.
   virtual void announce(WindowHandle clock) = 0;
 
   [[nodiscard]] virtual Account own() = 0;
   [[nodiscard]] virtual std::vector<OtherClock> others() = 0;
-  /// Lets the clock's process come to the front and asks it for its settings. One that hangs gets
-  /// to it later. False: the window has gone.
+  /// Allows the clock's process to take the foreground and posts it the command that opens its
+  /// settings. Waits up to two seconds for a busy process; a hung one runs the command later.
+  /// False: it can't be posted, as when the window is gone.
   [[nodiscard]] virtual bool askForSettings(WindowHandle clock) = 0;
 };
 

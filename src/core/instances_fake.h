@@ -24,9 +24,9 @@ class InstancesFake : public Instances {
 
   Account account{u"S-1-5-21-1", true};
   std::vector<OtherClock> clocks;
-  uint64_t busyMs = 0;    // until then somebody else holds the place
-  uint64_t hiddenMs = 0;  // until then the clocks are not made yet
-  bool goes = false;      // the window that is asked has just gone
+  uint64_t busyMs = 0;    // until then another process holds the lock
+  uint64_t hiddenMs = 0;  // until then there are no clocks yet
+  bool goes = false;      // the window that is asked is gone
 
   uint64_t waitedMs = 0;
   WindowHandle announced;

@@ -69,12 +69,12 @@ BOOL CALLBACK addClock(HWND window, LPARAM list) {
 }  // namespace
 
 bool InstancesWin::claim(uint32_t waitMs) {
-  // A session's own names: in another session the user could not see what this one shows.
+  // Local to the session: the user could not see the settings of an instance in another session.
   const std::wstring name = L"Local\\Marlune.Native." + wideFrom(own().user);
   if (!place) place.reset(CreateMutexW(nullptr, FALSE, name.c_str()));
   if (!place) return false;
   const DWORD result = WaitForSingleObject(place.get(), waitMs);
-  return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;  // abandoned: the other was ended
+  return result == WAIT_OBJECT_0 || result == WAIT_ABANDONED;  // abandoned: its owner was killed
 }
 
 void InstancesWin::announce(WindowHandle clock) {
@@ -92,7 +92,7 @@ std::vector<OtherClock> InstancesWin::others() {
 bool InstancesWin::askForSettings(WindowHandle clock) {
   const HWND window = windowFrom(clock);
   AllowSetForegroundWindow(processOf(window));
-  // While it is busy ending it doesn't answer, and what is posted then may never be read.
+  // Wait for an answer: a process that is shutting down may never read what is posted to it.
   SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerMs, nullptr);
   return PostMessageW(window, WM_COMMAND, kCommandOpenSettings, 0) != FALSE;
 }

@@ -1,4 +1,4 @@
-// The starts of this program, known by a named object of the session and by their clocks' windows.
+// Finds the other instances by a named mutex of the session and by their clocks' windows.
 #pragma once
 
 #include <windows.h>
@@ -23,7 +23,7 @@ class InstancesWin : public Instances {
  private:
   struct PlaceTraits {
     static HANDLE none() { return nullptr; }
-    // It may be another's: then nothing is given back.
+    // Harmless if another process owns the mutex: the release then fails.
     static void close(HANDLE place) {
       ReleaseMutex(place);
       CloseHandle(place);

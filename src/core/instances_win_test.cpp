@@ -1,5 +1,5 @@
-// The real named object and the real windows. Other processes are played by this one's threads, and
-// by the whole program where only a process will do.
+// The real mutex and the real windows. Threads of this process play the other processes, except
+// where only the whole program will do.
 #include "core/instances_win.h"
 
 #include <gtest/gtest.h>

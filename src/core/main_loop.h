@@ -1,24 +1,24 @@
-// What start-up and shutdown ask of the process and its message loop.
+// What start-up and shutdown need from the process and its message loop.
 #pragma once
 
 #include <cstdint>
 
 namespace mrl {
 
-/// The window timers; the number is the timer's id.
+/// The window timers; the value is the timer's id.
 enum class LoopTimer : uint32_t { Tick = 1, TrayRetry = 2 };
 
 /// UI thread only.
 class MainLoop {
  public:
   virtual ~MainLoop() = default;
-  /// Makes the drawing factories; false when there are none.
+  /// Creates the drawing factories; false on failure.
   [[nodiscard]] virtual bool prepareDrawing() = 0;
   virtual void registerWindowClasses() = 0;
-  /// Starts a timer on the clock's window, or changes its period. REQUIRES: the window exists.
+  /// Starts a window timer, or changes its period. REQUIRES: the clock's window exists.
   virtual void setTimer(LoopTimer timer, uint32_t periodMs) = 0;
   virtual void killTimer(LoopTimer timer) = 0;
-  /// Runs a command later, when the loop is back.
+  /// Posts a command; it runs on a later turn of the message loop.
   virtual void postCommand(int command) = 0;
   virtual void quit() = 0;
   [[nodiscard]] virtual uint32_t processId() = 0;

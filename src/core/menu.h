@@ -7,14 +7,13 @@
 
 namespace mrl {
 
-/// What the menu of `window` holds now.
+/// The current items of the menu of `window`.
 std::vector<MenuItem> menuItems(const App& app, WindowHandle window);
 
-/// Opens it at `point` and runs what is chosen.
+/// Opens the menu at `point` and runs the chosen command.
 void showMenu(App& app, WindowHandle window, Point point);
 
-/// The user asks for the menu; an x of -1 means by the keyboard, and the menu then opens at the
-/// cursor.
+/// The user requested the menu; an x of -1 means by keyboard, and the menu opens at the cursor.
 void onContextMenu(App& app, WindowHandle window, Point point);
 
 }  // namespace mrl

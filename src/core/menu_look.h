@@ -1,4 +1,4 @@
-// How an item of the menu is laid out and coloured.
+// Layout and colours of a menu item.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ inline constexpr uint32_t kMenuPillTextColour = 0x1B4D9B;
 enum class MenuItemLook {
   Plain,       // the menu's own colours
   Pill,        // a light rounded rectangle under the text
-  Highlighted  // the system's colours for a selection, as high contrast demands
+  Highlighted  // the system's selection colours, as high contrast demands
 };
 
 MenuItemLook menuItemLook(bool selected, bool highContrast);

@@ -11,7 +11,7 @@ namespace mrl {
 
 struct MenuItem {
   int command = 0;
-  std::u16string_view text;  // none: a separator
+  std::u16string_view text;  // empty: a separator
   bool checked = false;
   bool operator==(const MenuItem&) const = default;
 };
@@ -20,8 +20,8 @@ struct MenuItem {
 class PopupMenu {
  public:
   virtual ~PopupMenu() = default;
-  /// Brings `owner` to the foreground, opens the menu and waits for the user: the command of the
-  /// item, or 0 if none was chosen. Messages and so the tick go on meanwhile.
+  /// Brings `owner` to the foreground, opens the menu and waits for the user. Returns the chosen
+  /// command, or 0. Messages are still dispatched meanwhile, so the tick keeps running.
   [[nodiscard]] virtual int choose(WindowHandle owner, Point point,
                                    const std::vector<MenuItem>& items) = 0;
 };

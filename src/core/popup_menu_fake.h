@@ -1,4 +1,4 @@
-// A menu for tests: its user has made up his mind beforehand.
+// A menu for tests that returns a preset choice.
 #pragma once
 
 #include <vector>

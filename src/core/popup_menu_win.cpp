@@ -39,7 +39,7 @@ void drawPill(HDC dc, const MenuItemPlaces& places) {
   RoundRect(dc, pill.left, pill.top, pill.right, pill.bottom, places.pillCorner, places.pillCorner);
 }
 
-/// The text of an item of ours; null for anything else.
+/// The text of one of our items; null for any other.
 const wchar_t* textOf(UINT controlType, ULONG_PTR data) {
   return controlType == ODT_MENU ? reinterpret_cast<const wchar_t*>(data) : nullptr;
 }
@@ -59,7 +59,7 @@ int PopupMenuWin::choose(WindowHandle owner, Point point, const std::vector<Menu
     AppendMenuW(menu.get(), MF_OWNERDRAW | (item.checked ? MF_CHECKED : MF_UNCHECKED),
                 static_cast<UINT_PTR>(item.command), texts.back().c_str());
   }
-  SetForegroundWindow(windowFrom(owner));  // a menu of a window in the background would not close
+  SetForegroundWindow(windowFrom(owner));  // the menu of a background window would not close
   return TrackPopupMenu(menu.get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, point.x, point.y, 0,
                         windowFrom(owner), nullptr);
 }

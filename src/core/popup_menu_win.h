@@ -1,5 +1,5 @@
-// The menu on Windows. It is drawn by us, so the procedure of every window that owns one hands two
-// messages on.
+// The menu on Windows. It is owner-drawn, so the window procedure of every owner must forward two
+// messages.
 #pragma once
 
 #include <windows.h>
@@ -13,11 +13,11 @@ class PopupMenuWin : public PopupMenu {
   int choose(WindowHandle owner, Point point, const std::vector<MenuItem>& items) override;
 };
 
-/// WM_MEASUREITEM and WM_DRAWITEM: false when the item is not one of a menu of ours.
+/// WM_MEASUREITEM and WM_DRAWITEM. False if the item is not from one of our menus.
 bool measureMenuItem(HWND owner, MEASUREITEMSTRUCT& item);
 bool drawMenuItem(HWND owner, const DRAWITEMSTRUCT& item, bool highContrast);
 
-/// Whether the user has asked the system for high contrast.
+/// Whether high contrast is on in the system.
 bool isHighContrast();
 
 }  // namespace mrl

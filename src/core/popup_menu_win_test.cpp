@@ -1,4 +1,4 @@
-// The real menu: what it is made of, what a choice gives, and how its items are drawn.
+// The real menu: its structure, the result of a choice, and how its items are drawn.
 #include "core/popup_menu_win.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ constexpr wchar_t kClass[] = L"Marlune test menu owner";
 constexpr COLORREF kPill = RGB(0xE8, 0xF1, 0xFF);
 constexpr COLORREF kPillText = RGB(0x1B, 0x4D, 0x9B);
 
-/// A window that owns menus, and gives a user's hand the chance to act while one is open.
+/// A window that owns menus and lets a test act as the user while one is open.
 class MenuOwner {
  public:
   MenuOwner() {
@@ -39,7 +39,7 @@ class MenuOwner {
     UnregisterClassW(kClass, GetModuleHandleW(nullptr));
   }
 
-  /// Opens the menu; `act` is called once with it, and must bring its end about.
+  /// Opens the menu; `act` is called once with it and must close it.
   int open(const std::vector<MenuItem>& items, std::function<void(HMENU)> act) {
     hand = std::move(act);
     SetTimer(window, 1, 10, nullptr);
@@ -95,7 +95,7 @@ RealItem itemOf(HMENU menu, UINT position) {
   return {info.wID, info.fType, info.fState, text != nullptr ? text : L""};
 }
 
-/// Takes the small pieces of memory that were given back, and writes over them.
+/// Reallocates small freed blocks and overwrites them.
 std::vector<std::string> overwriteFreedMemory() {
   std::vector<std::string> blocks;
   for (const size_t bytes : {32, 64, 128, 256}) {
@@ -169,7 +169,7 @@ TEST(PopupMenuWinTest, ItIsDestroyedAfterwards) {
   EXPECT_FALSE(IsMenu(seen));
 }
 
-/// One item, drawn into a bitmap.
+/// One item drawn into a bitmap.
 class MenuItemDrawingTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -205,8 +205,7 @@ class MenuItemDrawingTest : public testing::Test {
   MenuItemPlaces places() const { return menuItemPlaces({0, 0, size.width, size.height}, dpi()); }
   COLORREF corner() const { return GetPixel(dc, 0, 0); }
   COLORREF pillPixel() const { return GetPixel(dc, size.width / 2, places().pill.top + 1); }
-  /// Whether anything in the area has another colour than its upper left pixel, and whether one of
-  /// its pixels is `colour`.
+  /// Whether any pixel in the area differs from its upper left one, and whether any is `colour`.
   bool hasInk(const Rect& area) const { return !isAll(area, pixel(area)); }
   bool has(const Rect& area, COLORREF colour) const {
     return find(area, [&](COLORREF found) { return found == colour; });
@@ -223,7 +222,7 @@ class MenuItemDrawingTest : public testing::Test {
     return !find(area, [&](COLORREF found) { return found != colour; });
   }
   bool find(const Rect& area, const std::function<bool(COLORREF)>& wanted) const {
-    // The first rows may belong to the rim of a pill.
+    // The first rows may belong to the edge of a pill.
     for (int y = area.top + 3; y < area.bottom - 4; ++y) {
       for (int x = area.left; x < area.right; ++x) {
         if (wanted(GetPixel(dc, x, y))) return true;

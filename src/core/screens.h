@@ -9,15 +9,15 @@
 namespace mrl {
 
 struct Monitor {
-  std::u16string name;  // the system's, which outlives another resolution or arrangement
-  Rect rect;            // with its task bar
+  std::u16string name;  // the system's; survives a change of resolution or arrangement
+  Rect rect;            // including its taskbar
 };
 
 /// UI thread only. Pixels of the virtual screen.
 class Screens {
  public:
   virtual ~Screens() = default;
-  /// The primary monitor less the task bar.
+  /// The primary monitor without its taskbar.
   [[nodiscard]] virtual Rect primaryWorkArea() = 0;
   [[nodiscard]] virtual int systemDpi() = 0;
   /// In the system's order.

@@ -8,7 +8,7 @@
 namespace mrl {
 namespace {
 
-/// A monitor whose task bar stands at the top.
+/// A monitor whose taskbar is at the top.
 BOOL WINAPI withTaskBar(HMONITOR /*monitor*/, MONITORINFO* info) {
   info->rcMonitor = {0, 0, 1000, 800};
   info->rcWork = {0, 50, 1000, 800};

@@ -6,7 +6,8 @@ namespace {
 constexpr uint32_t kWaitMs = 200;
 constexpr int kAttempts = 25;
 
-/// Others may take the name or show a window like ours. Whoever has our rights needs no such trick.
+/// Another process may hold the mutex or fake the window, so its account must be ours with at least
+/// our rights. A process that has those gains nothing by it.
 bool isOurs(const OtherClock& clock, const Account& own) {
   return clock.isAnnounced && !own.user.empty() && clock.account.user == own.user &&
          (clock.account.isElevated || !own.isElevated);

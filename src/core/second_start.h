@@ -1,14 +1,14 @@
-// A user who starts the program again wants to see it: two clocks would overwrite each other's
-// settings.
+// Starting the program again shows the settings of the running instance: two instances would
+// overwrite each other's settings file.
 #pragma once
 
 #include "core/instances.h"
 
 namespace mrl {
 
-/// True when the program runs already and shows its settings: this start has nothing left to do.
-/// False when this start is to go on. Waits a few seconds for a first start that is just ending or
-/// has no clock yet; one that is not surely ours keeps nobody from starting.
+/// Returns true if a running instance was asked to show its settings, so that this one should exit;
+/// false if this one should go on. Waits up to about five seconds for an instance that is just
+/// ending or has no clock yet. One that can't be verified as ours stops nobody.
 [[nodiscard]] bool handOver(Instances& instances);
 
 }  // namespace mrl

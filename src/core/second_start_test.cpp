@@ -16,7 +16,7 @@ class SecondStartTest : public testing::Test {
     instances.clocks = {{kFirstClock, true, instances.account}};
   }
   OtherClock& first() { return instances.clocks.front(); }
-  /// The start is not stopped, and not held up for long either.
+  /// This instance goes on, and without a long wait.
   void expectItGoesOn() {
     EXPECT_FALSE(handOver(instances));
     EXPECT_TRUE(instances.asked.empty());

@@ -1,4 +1,4 @@
-// Hands something over to the user's desktop.
+// Opens things in the user's desktop shell.
 #pragma once
 
 #include <string>
@@ -9,9 +9,9 @@ namespace mrl {
 class Shell {
  public:
   virtual ~Shell() = default;
-  /// Opens an address or a document with the program that the user has for it, which starts in
-  /// `folder`, or in this program's own folder where that is empty. False when the system refuses.
-  /// Does not wait for that program.
+  /// Opens an address or a document with the user's program for it, which starts in `folder` or, if
+  /// that is empty, in this program's own folder. Does not wait for that program. False when the
+  /// system refuses.
   [[nodiscard]] virtual bool open(const std::u16string& target, const std::u16string& folder) = 0;
 };
 

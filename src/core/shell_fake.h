@@ -15,7 +15,7 @@ class ShellFake : public Shell {
   }
 
   std::vector<std::u16string> opened;
-  std::vector<std::u16string> folders;  // in which each of them was opened
+  std::vector<std::u16string> folders;  // the folder of each
   bool fails = false;
 };
 

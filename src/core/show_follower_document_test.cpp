@@ -1,4 +1,4 @@
-// When a show is that of another document, and what is remembered of a document.
+// When a show counts as another document, and what is kept of a document.
 #include "core/show_follower_fixture.h"
 
 namespace mrl {
@@ -6,7 +6,7 @@ namespace {
 
 class DocumentTest : public FollowerFixture {
  protected:
-  /// Whether a show of `now` counts as another document after one of `last`.
+  /// Whether a show of `now` after one of `last` counts as another document.
   bool differs(const ShowObservation& last, const ShowObservation& now) {
     follower = {};
     timer = {};
@@ -92,7 +92,7 @@ TEST_F(DocumentTest, ADocumentThatComesBackAfterAnotherStartsFromZero) {
   EXPECT_EQ(elapsedMs(), 0);
 }
 
-// What is remembered.
+// What is kept.
 
 TEST_F(DocumentTest, PathAndTitleOfTheShowAreRemembered) {
   see(showNaming(kTalk, kTalkTitle));

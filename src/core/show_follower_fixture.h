@@ -1,4 +1,4 @@
-// The words in which the tests of the follower tell a talk.
+// Helpers for the tests of the follower.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ inline constexpr char16_t kOther[] = u"C:\\Talks\\other.pptx";
 inline constexpr char16_t kTalkTitle[] = u"talk.pptx - PowerPoint";
 inline constexpr char16_t kOtherTitle[] = u"other.pptx - PowerPoint";
 
-/// A show whose application tells the path.
+/// A show whose application reports the path.
 inline ShowObservation showOf(const std::u16string& path, char16_t slide = u'1') {
   return {.showing = true,
           .slideKey = path + u"#" + slide,
@@ -22,7 +22,7 @@ inline ShowObservation showOf(const std::u16string& path, char16_t slide = u'1')
           .normalizedPath = path};
 }
 
-/// A show of which only the window's title is known.
+/// A show known only by its window title.
 inline ShowObservation showTitled(const std::u16string& title) {
   return {.showing = true, .slideKey = u"#0", .documentState = DocumentState::Open, .title = title};
 }
@@ -39,19 +39,19 @@ inline ShowObservation targetShowOf(const std::u16string& path) {
   return seen;
 }
 
-/// No show; what was shown last is in `state`.
+/// No show; `state` is that of the document shown last.
 inline ShowObservation noShow(DocumentState state = DocumentState::Open) {
   return {.slideKey = u"#0", .documentState = state};
 }
 
-/// A timer, its follower and the time that passes.
+/// A timer, its follower and the current time.
 class FollowerFixture : public testing::Test {
  protected:
   void see(const ShowObservation& seen) { followShow(follower, timer, settings, seen, nowMs); }
   void waitSeconds(uint64_t seconds) { nowMs += seconds * 1000; }
   /// What the tick does after its poll.
   void tick() { applyPendingReset(follower, timer, settings, nowMs); }
-  /// Both alerts and the expiry of this run have fired.
+  /// Both stages and the expiry of this run have fired.
   void fireAll() {
     timer.expiredFired = true;
     timer.promptsFired = 3;
@@ -60,7 +60,7 @@ class FollowerFixture : public testing::Test {
   [[nodiscard]] bool allFired() const { return timer.expiredFired && timer.promptsFired == 3; }
   [[nodiscard]] bool noneFired() const { return !timer.expiredFired && timer.promptsFired == 0; }
 
-  /// The talk has run for a minute, both alerts and the expiry have fired.
+  /// The talk has run for a minute; both stages and the expiry have fired.
   void runTalkForAMinute() {
     see(showOf(kTalk));
     waitSeconds(60);

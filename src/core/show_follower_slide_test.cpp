@@ -1,4 +1,4 @@
-// The clock that restarts on each slide.
+// The timer that restarts on each slide.
 #include "core/show_follower_fixture.h"
 
 namespace mrl {
@@ -7,7 +7,7 @@ namespace {
 class PerSlideTest : public FollowerFixture {
  protected:
   PerSlideTest() { settings.perSlide = true; }
-  /// A minute on the first slide, both alerts and the expiry fired.
+  /// Spends a minute on the first slide; both stages and the expiry have fired.
   void spendAMinuteOnSlideOne() {
     see(showOf(kTalk, u'1'));
     waitSeconds(60);
@@ -84,7 +84,7 @@ TEST_F(PerSlideTest, TheFirstSlideOfAShowThatCameBackRestartsNothing) {
 TEST_F(PerSlideTest, SlidesAreComparedUnitForUnit) {
   see(showOf(kTalk));
   waitSeconds(60);
-  see(showOf(u"c:\\talks\\TALK.pptx"));  // the same document, yet another key
+  see(showOf(u"c:\\talks\\TALK.pptx"));  // the same document with another key
   EXPECT_EQ(elapsedMs(), 0);
 }
 

@@ -1,5 +1,4 @@
-// Whole stories: each way from one phase of the timer to the next, delays, and clocks that
-// misbehave.
+// Whole sequences: every transition of the timer, delays, and time sources that misbehave.
 #include <limits>
 
 #include "core/show_follower_fixture.h"
@@ -119,7 +118,7 @@ TEST_F(PhaseTest, APausedTimerIsIdleWhenTheDelayIsOver) {
 
 class PendingResetTest : public FollowerFixture {
  protected:
-  /// The talk's document closed just now, with half a minute to go.
+  /// The talk's document has just closed; the reset is due in half a minute.
   void closeTalk() {
     settings.resetDelay = 30;
     runTalkForAMinute();
@@ -198,7 +197,7 @@ TEST_F(PendingResetTest, HoldsNoMatterHowTheDelayIsChangedMeanwhile) {
   EXPECT_EQ(timer.phase, TimerPhase::Idle);
 }
 
-// Talks as they go.
+// Typical talks.
 
 class TalkTest : public FollowerFixture {};
 
@@ -316,7 +315,7 @@ TEST_F(TalkTest, GoingManualDropsThePendingResetAndLeavesTheTimerPaused) {
   runTalkForAMinute();
   see(noShow(DocumentState::Closed));
   settings.autoMode = false;
-  see(noShow(DocumentState::Closed));  // as the change of mode itself asks for
+  see(noShow(DocumentState::Closed));  // as the mode change itself does
   EXPECT_EQ(follower.resetAtMs, 0u);
   settings.autoMode = true;
   see(noShow(DocumentState::Closed));
@@ -336,7 +335,7 @@ TEST_F(TalkTest, AFailedPollPausesTheTimerAndTheNextGoodOneResumesIt) {
   EXPECT_EQ(elapsedMs(), 60'000);
 }
 
-// Clocks that misbehave.
+// Time sources that misbehave.
 
 class FollowerClockTest : public FollowerFixture {};
 

@@ -1,4 +1,4 @@
-// A switch to another deck after the time is up: who follows what while it lasts.
+// A switch to another deck after expiry: what is followed while it lasts.
 #include "core/show_follower_fixture.h"
 
 namespace mrl {
@@ -6,7 +6,7 @@ namespace {
 
 class SwitchTest : public FollowerFixture {
  protected:
-  /// The talk ran for a minute; then the time was up and the switch began.
+  /// The talk has run for a minute; then the time was up and the switch began.
   void beginSwitch() {
     runTalkForAMinute();
     pauseTimer(timer, nowMs);
@@ -69,7 +69,7 @@ TEST_F(SwitchTest, UnderTheTargetATimerStartedByHandRunsOn) {
   EXPECT_EQ(elapsedMs(), 70'000);
 }
 
-// Before the target has come.
+// Before the target has appeared.
 
 TEST_F(SwitchTest, UntilTheTargetHasComeNothingElseCounts) {
   beginSwitch();

@@ -88,7 +88,7 @@ TEST_F(ShowFollowerTest, TurningAutomaticAsTheShowEndsPausesTheTimerButForgetsTh
   see(showOf(kTalk));
   settings.autoMode = true;
   see(noShow(DocumentState::Closed));
-  EXPECT_EQ(timer.phase, TimerPhase::Paused);  // and not reset
+  EXPECT_EQ(timer.phase, TimerPhase::Paused);  // not reset
 }
 
 TEST_F(ShowFollowerTest, TurningAutomaticAsTheShowTurnsExcludedResets) {
@@ -368,7 +368,7 @@ TEST_F(ShowFollowerTest, ATrackedShowIsNeverClosed) {
   EXPECT_TRUE(follower.followedShow);
 }
 
-// What is left for the next update.
+// What is kept for the next update.
 
 TEST_F(ShowFollowerTest, TheSlideIsRememberedOnlyOfATrackedShowWithPerSlide) {
   see(showOf(kTalk));

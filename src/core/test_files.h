@@ -1,4 +1,4 @@
-// The small files by which the program tells a test what it has done. They exist in test mode only.
+// Small files that report to a test what the program has done. Test mode only.
 #pragma once
 
 #include <string>
@@ -7,10 +7,10 @@
 
 namespace mrl {
 
-/// Path of `name` in the folder that the test has chosen.
+/// Path of `name` in the folder chosen by the test.
 std::u16string inTestRoot(const App& app, const std::u16string& name);
 
-/// Replaces what stands there. A failure is not told: whoever waits for the file will notice.
+/// Replaces an existing file. A failure is not reported: whoever waits for the file will notice.
 void writeTestFile(App& app, const std::u16string& name, const std::string& bytes);
 
 }  // namespace mrl

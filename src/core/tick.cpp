@@ -13,7 +13,7 @@ namespace {
 
 constexpr int64_t kPollPeriodMs = 1500;
 
-/// The target was seen and is gone: the clock may come back.
+/// The target's show was seen and is gone: the clock may come back.
 void endHoldIfLeft(App& app, bool isSwitchTarget) {
   if (!app.switchHold) return;
   if (isSwitchTarget) {

@@ -1,4 +1,4 @@
-// What comes before what in one tick.
+// The order of the steps in one tick.
 #include "core/commands.h"
 #include "core/tick.h"
 #include "settings_window/settings_fixture.h"
@@ -36,7 +36,7 @@ TEST_F(TickOrderTest, TheHideZeroRuleHidesTheClockAtZeroAndNotEarlier) {
 
 TEST_F(TickOrderTest, AProgramThatAnswersSlowlyIsAskedNoLessOften) {
   tick(app);
-  // Each look at the program takes longer than the time between two looks may be.
+  // Each poll takes 1400 ms, so the next one is due at the next tick.
   outside.automation.beforeCall = [this](const std::string& entry) {
     if (entry == "running PowerPoint.Application") clock.advance(1400);
   };

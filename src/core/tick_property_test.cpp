@@ -1,5 +1,5 @@
-// Whole random evenings: shows that come and go, a user who presses everything, a clock that jumps,
-// a disk that fails. After each step a few things must be true whatever happened.
+// Random evenings: shows that come and go, a user who presses everything, a time source that jumps,
+// a disk that fails. Invariants are checked after each step.
 #include <algorithm>
 #include <random>
 
@@ -31,7 +31,7 @@ class TickPropertyTest : public AppFixture {
 
   void passTime() {
     if (oneIn(200)) {
-      clock.advance(static_cast<uint64_t>(upTo(20)) * 3'600'000);  // the machine slept
+      clock.advance(static_cast<uint64_t>(upTo(20)) * 3'600'000);  // the machine was asleep
     } else if (oneIn(200)) {
       clock.time -= std::min<uint64_t>(clock.time - 1, static_cast<uint64_t>(upTo(100'000)));
     } else {
@@ -92,7 +92,7 @@ class TickPropertyTest : public AppFixture {
     runCommand(app, kCommands[upTo(std::size(kCommands) - 1)]);
   }
 
-  /// One tick, and what must be true of it.
+  /// One tick and its invariants.
   void tickAndCheck() {
     const uint64_t pollBefore = app.lastPollMs;
     const std::u16string textBefore = app.lastClockText;

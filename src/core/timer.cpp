@@ -21,7 +21,7 @@ int64_t secondsAt(const TimerState& timer, uint64_t nowMs) {
 int64_t elapsedAt(const TimerState& timer, uint64_t nowMs) {
   if (timer.phase != TimerPhase::Running) return timer.elapsedMs;
   const int64_t stretch = std::max<int64_t>(0, static_cast<int64_t>(nowMs - timer.startedAtMs));
-  // Two jumps of the clock could add up to more than the type holds.
+  // Saturates: two jumps of the time source could overflow.
   return std::min(timer.elapsedMs, std::numeric_limits<int64_t>::max() - stretch) + stretch;
 }
 
@@ -68,7 +68,7 @@ bool overlayHidden(const Settings& settings, const TimerState& timer, uint64_t n
   if (settings.hideExcluded && excluded) return true;
   if (settings.hideNoDocument && !presentationsOpen) return true;
   if (!settings.hideZero || !settings.down) return false;
-  // A black screen is there to show the overtime, so the clock stays on it.
+  // The black screen is there to show the overtime, so the clock stays visible.
   return !settings.black && secondsAt(timer, nowMs) >= settings.duration;
 }
 

@@ -1,4 +1,4 @@
-// What the clock shows and when it is out of sight: the part of the timer that eyes meet.
+// The text of the clock, and when the clock is hidden.
 #include <gtest/gtest.h>
 
 #include <limits>

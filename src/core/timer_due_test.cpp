@@ -1,4 +1,4 @@
-// When the time is up and when the alerts before it are due.
+// When the time is up and when the stages before it are due.
 #include <gtest/gtest.h>
 
 #include <limits>

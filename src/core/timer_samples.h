@@ -1,4 +1,4 @@
-// Timers as the tests of the timer need them.
+// Sample timers for tests.
 #pragma once
 
 #include "core/timer.h"

@@ -12,7 +12,7 @@ namespace {
 constexpr uint64_t kLatestMs = std::numeric_limits<uint64_t>::max();
 constexpr int64_t kLongestMs = std::numeric_limits<int64_t>::max();
 
-/// Whatever could survive a reset does stand in it.
+/// Every field that a reset might miss is set.
 TimerState wornOut(TimerPhase phase) {
   return {.phase = phase,
           .elapsedMs = 5'000,
@@ -119,7 +119,7 @@ TEST(TimerTest, ARestartClearsTimeAndFlagsButKeepsThePhase) {
   }
 }
 
-// Clocks that misbehave.
+// Time sources that misbehave.
 
 TEST(TimerClockTest, AClockThatRunsBackwardsCountsAsNoTime) {
   TimerState timer = pausedAt(3'000);
@@ -142,8 +142,8 @@ TEST(TimerClockTest, AJumpOfHoursCountsInFull) {
 
 TEST(TimerClockTest, TheDifferenceIsSigned) {
   EXPECT_EQ(elapsedAt(runningSince(kLatestMs - 10), kLatestMs), 10);
-  EXPECT_EQ(elapsedAt(runningSince(kLatestMs), 5), 6);  // past the wrap of the reading
-  EXPECT_EQ(elapsedAt(runningSince(5), kLatestMs), 0);  // six before the start
+  EXPECT_EQ(elapsedAt(runningSince(kLatestMs), 5), 6);  // across the wrap of the reading
+  EXPECT_EQ(elapsedAt(runningSince(5), kLatestMs), 0);  // six ms before the start
   EXPECT_EQ(elapsedAt(runningSince(0), uint64_t{1} << 63), 0);
 }
 

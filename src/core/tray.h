@@ -7,10 +7,10 @@ namespace mrl {
 class Tray {
  public:
   virtual ~Tray() = default;
-  /// False when there is no shell yet, or when the icon stands there already. REQUIRES: the clock's
-  /// window exists; it gets the icon's messages.
+  /// False if there is no shell yet or the icon already exists. REQUIRES: the clock's window
+  /// exists; it receives the icon's messages.
   [[nodiscard]] virtual bool add() = 0;
-  /// Gives an icon that stands its picture anew; false when none stands. REQUIRES: as add().
+  /// Updates an existing icon; false if there is none. REQUIRES: as add().
   [[nodiscard]] virtual bool refresh() = 0;
   virtual void remove() = 0;
 };

@@ -16,7 +16,7 @@ constexpr uint32_t kRightButtonUp = 0x0205;
 }  // namespace
 
 void addTrayIcon(App& app) {
-  // The shell also announces itself when its resolution has changed, and then still has the icon.
+  // The shell also announces itself after a change of DPI, and then still has the icon.
   app.trayAdded = app.platform.tray.add() || app.platform.tray.refresh();
   if (app.trayAdded) {
     app.platform.loop.killTimer(LoopTimer::TrayRetry);

@@ -1,4 +1,4 @@
-// When the tray icon is there, and what a click on it does. UI thread.
+// Keeps the tray icon present and handles clicks on it. UI thread.
 #pragma once
 
 #include <cstdint>
@@ -7,19 +7,19 @@
 
 namespace mrl {
 
-/// Adds the icon. Where that fails, the program may have started before the shell: it is then tried
-/// again until it works.
+/// Adds the icon. Retries every 5 s until it succeeds: at logon the program may start before the
+/// shell.
 void addTrayIcon(App& app);
 
-/// The timer for that has fired.
+/// LoopTimer::TrayRetry has fired.
 void retryTrayIcon(App& app);
 
-/// A new shell runs, and knows of no icon.
+/// The shell has announced itself; it may be a new one without our icon.
 void onShellStarted(App& app);
 
 void removeTrayIcon(App& app);
 
-/// The mouse on the icon; `message` is Windows' number.
+/// A mouse message of the icon; `message` is the Windows message number.
 void onTrayMouse(App& app, uint32_t message);
 
 }  // namespace mrl

@@ -38,7 +38,7 @@ TrayWin::TrayWin(HINSTANCE programInstance, const ClockWindowWin& clockWindow)
       shellStarted(RegisterWindowMessageW(L"TaskbarCreated")) {}
 
 bool TrayWin::add() {
-  // The shell has fewer rights than the program, and its message would be held back.
+  // The shell has fewer rights than the program, so its message would be blocked.
   ChangeWindowMessageFilterEx(clock.window(), shellStarted, MSGFLT_ALLOW, nullptr);
   return send(NIM_ADD);
 }

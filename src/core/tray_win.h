@@ -7,22 +7,22 @@
 
 namespace mrl {
 
-/// What the icon sends to the clock's window; the lParam is the mouse message.
+/// Sent by the icon to the clock's window; the lParam is the mouse message.
 inline constexpr UINT kTrayNotify = WM_APP + 1;
-/// The same, posted on to oneself. The shell's message is sent, so it can come while a call into a
-/// presentation program waits; a menu's own loop must not run below that call.
+/// The same message, re-posted to ourselves. The shell sends kTrayNotify, so it can arrive inside a
+/// blocking call into a presentation program, where a menu's own message loop must not run.
 inline constexpr UINT kTrayAction = WM_APP + 2;
 
 class TrayWin : public Tray {
  public:
-  /// `instance` holds the icon; `clock` must outlive this object.
+  /// `instance` contains the icon resource; `clock` must outlive this object.
   TrayWin(HINSTANCE instance, const ClockWindowWin& clock);
 
   bool add() override;
   bool refresh() override;
   void remove() override;
 
-  /// The message by which a new shell makes itself known.
+  /// The message with which a shell announces itself.
   UINT shellStartedMessage() const { return shellStarted; }
 
  private:

@@ -19,8 +19,8 @@ bool meansMissing(uint32_t systemCode) {
     case 3:    // path not found
     case 53:   // network path not found
     case 64:   // network name gone
-    case 123:  // no valid name
-    case 267:  // a folder on the way is none
+    case 123:  // invalid name
+    case 267:  // a parent is not a folder
       return true;
     default: return false;
   }

@@ -1,4 +1,4 @@
-// What stands at a path, for those who have no use for an answer other than that.
+// The kind of a path, for callers to whom every error but absence is an exception.
 #pragma once
 
 #include <cstdint>
@@ -8,15 +8,15 @@
 
 namespace mrl {
 
-/// A std::filesystem::filesystem_error that tells what was tried, on what, and the system's words.
+/// Throws std::filesystem::filesystem_error with the operation, the system's message and the path.
 [[noreturn]] void throwFileError(std::u16string operation, const std::u16string& words,
                                  const std::u16string& path);
 
-/// Whether Windows' error code means that nothing stands there: the name, a folder on the way, or
-/// the server or share that holds it is not to be found.
+/// Whether a Windows error code means that nothing exists at the path: the name, a parent folder,
+/// the server or the share was not found.
 bool meansMissing(uint32_t systemCode);
 
-/// Links are followed. Throws as above on any trouble but absence.
+/// Follows links. Throws as above on any error but absence.
 FileKind fileKindOf(Files& files, const std::u16string& path,
                     const std::u16string& operation = u"status");
 

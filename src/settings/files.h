@@ -1,4 +1,4 @@
-// The file system as the logic sees it.
+// The file system interface.
 #pragma once
 
 #include <memory>
@@ -10,47 +10,47 @@ namespace mrl {
 
 enum class FileKind { Missing, Regular, Directory, Other };
 
-/// What a folder holds under one name.
+/// One entry of a folder.
 struct FolderEntry {
   std::u16string name;
-  FileKind kind = FileKind::Missing;  // links followed; Missing also when it can't be told
+  FileKind kind = FileKind::Missing;  // links followed; Missing also if unknown
 
   bool operator==(const FolderEntry&) const = default;
 };
 
 enum class CanonicalResult { Found, Missing, Failed };
 
-/// A file that is being written. Destroying it closes it.
+/// A file open for writing. Destroying it closes the file.
 class FileWriter {
  public:
   virtual ~FileWriter() = default;
-  /// One write of all bytes; false when fewer went in.
+  /// Writes all bytes in one call; false if fewer were written.
   [[nodiscard]] virtual bool write(std::string_view bytes) = 0;
   /// True when the bytes are on the disk.
   [[nodiscard]] virtual bool flush() = 0;
 };
 
-/// UI thread only. Paths are those of the platform.
+/// UI thread only. Paths are in the platform's syntax.
 class Files {
  public:
   virtual ~Files() = default;
 
-  /// What stands at `path`, links followed. Any trouble but absence returns false and fills `error`
-  /// with the system's words.
+  /// Reports what exists at `path`, following links. Absence is no error; any other error returns
+  /// false and fills `error` with the system's message.
   [[nodiscard]] virtual bool status(const std::u16string& path, FileKind& kind,
                                     std::u16string& error) = 0;
-  /// The whole file, shared with other readers and writers. On failure `bytes` is untouched.
+  /// Reads the whole file, shared with other readers and writers. On failure `bytes` is unchanged.
   [[nodiscard]] virtual bool read(const std::u16string& path, std::string& bytes) = 0;
-  /// A new, empty file that nobody else can open until the writer is gone; an old one is truncated.
-  /// Null on failure.
+  /// Creates an empty file, truncating an existing one. Nobody else can open it until the writer is
+  /// destroyed. Null on failure.
   [[nodiscard]] virtual std::unique_ptr<FileWriter> create(const std::u16string& path) = 0;
-  /// Moves `from` over `to` in one step, through to the disk. On failure both stand as they were.
+  /// Moves `from` over `to` atomically and flushes it to the disk. On failure both are unchanged.
   [[nodiscard]] virtual bool replace(const std::u16string& from, const std::u16string& to) = 0;
   virtual void remove(const std::u16string& path) = 0;
-  /// Makes the folder and those above it; one that exists is success.
+  /// Creates the folder and its parents; succeeds if it exists.
   [[nodiscard]] virtual bool createFolders(const std::u16string& path, std::u16string& error) = 0;
-  /// The entries of a folder, not those of its subfolders, in any order. Trouble on opening or on
-  /// the way ends the list; what came before it counts. REQUIRES: `folder` is not empty.
+  /// The entries of a folder, not recursively, in any order. An error ends the list; the entries
+  /// before it are returned. REQUIRES: `folder` is not empty.
   [[nodiscard]] virtual std::vector<FolderEntry> list(const std::u16string& folder) = 0;
   /// The final, absolute form of an existing path, links resolved and in the case found on disk.
   [[nodiscard]] virtual CanonicalResult canonical(const std::u16string& path,

@@ -1,4 +1,4 @@
-// What every Files promises. Each implementation runs these tests in its own *_test.cpp:
+// The contract of every Files. Each implementation runs these tests in its own *_test.cpp:
 //   INSTANTIATE_TYPED_TEST_SUITE_P(Name, FilesContract, Place);
 // where `Place` has a member `files` and an existing, empty `folder`.
 #pragma once

@@ -1,4 +1,4 @@
-// A file system in memory. It can refuse any step, and it can lose power behind any step.
+// An in-memory file system that can fail any step and lose power after any step.
 #pragma once
 
 #include <cassert>
@@ -15,7 +15,7 @@
 
 namespace mrl {
 
-/// With '\\' it ignores case but keeps it, and knows drive C; with '/' case counts.
+/// With '\\' it ignores but preserves case and has drive C; with '/' it is case-sensitive.
 class FilesFake : public Files {
  public:
   enum class Operation {
@@ -43,25 +43,25 @@ class FilesFake : public Files {
     nodes[key(root)] = {.path = root, .kind = FileKind::Directory};
   }
 
-  // What steers it.
+  // Controls.
   std::set<Operation> failing;     // these always fail
-  size_t failingStep = kNever;     // counted from 0: this one step fails
-  size_t stepsUntilDark = kNever;  // after that many steps the power is gone: all else fails
+  size_t failingStep = kNever;     // the index, from 0, of one step that fails
+  size_t stepsUntilDark = kNever;  // the power fails after that many steps; later ones fail
   std::u16string systemWords = u"Access is denied.";
   void denyAccess(const std::u16string& path) { denied.insert(key(resolve(path))); }
-  /// Another process has the file open and shares nothing.
+  /// Another process holds the file open without sharing.
   void holdOpen(const std::u16string& path) { held.insert(key(resolve(path))); }
-  /// The machine is up again: what had not reached the disk is gone.
+  /// The machine restarts: what was not flushed is lost.
   void restorePower() {
     for (auto& [name, node] : nodes) node.bytes = node.flushed;
     held.clear();
     stepsUntilDark = kNever;
   }
 
-  // What it was told.
+  // The recorded steps.
   std::vector<Step> done;
 
-  // What stands on it. These are no steps.
+  // The content of the disk. These calls are no steps.
   void putFolder(const std::u16string& path) { makeFolders(resolve(path)); }
   void putFile(const std::u16string& path, std::string bytes) {
     const std::u16string full = resolve(path);
@@ -210,7 +210,7 @@ class FilesFake : public Files {
     return denied.contains(key(resolve(path)));
   }
 
-  /// Absolute and tidy, links followed.
+  /// Absolute and normalised, links followed.
   [[nodiscard]] std::u16string resolve(const std::u16string& path) const {
     std::u16string full = lexicallyNormal(rootLength(path, mark) == 0 ? root + path : path, mark);
     const size_t start = rootLength(full, mark);
@@ -242,7 +242,7 @@ class FilesFake : public Files {
     return paths;
   }
 
-  /// The name as asked for, below the folder as it stands.
+  /// The name as given, below the folder as it was spelled when it was made.
   [[nodiscard]] std::u16string spelled(const std::u16string& full) const {
     const std::u16string parent = parentOf(full);
     const Node* folder = find(parent);

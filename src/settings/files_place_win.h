@@ -18,7 +18,7 @@ struct WinPlace {
     wchar_t base[MAX_PATH];
     wchar_t name[MAX_PATH];
     GetTempPathW(MAX_PATH, base);
-    GetTempFileNameW(base, L"mrl", 0, name);  // makes a file, whose name is then ours
+    GetTempFileNameW(base, L"mrl", 0, name);  // creates a file; we need its unique name
     DeleteFileW(name);
     CreateDirectoryW(name, nullptr);
     folder = u16From(name);

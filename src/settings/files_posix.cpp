@@ -58,7 +58,7 @@ FileKind kindFrom(mode_t mode) {
   return S_ISDIR(mode) ? FileKind::Directory : FileKind::Other;
 }
 
-/// Most file systems tell the kind with the name; all else, and links, cost a look.
+/// Most file systems report the kind with the name; others, and links, need a stat.
 FileKind kindOf(int folder, const dirent& entry) {
   if (entry.d_type == DT_REG) return FileKind::Regular;
   if (entry.d_type == DT_DIR) return FileKind::Directory;
@@ -100,7 +100,7 @@ bool FilesPosix::read(const std::u16string& path, std::string& bytes) {
 }
 
 std::unique_ptr<FileWriter> FilesPosix::create(const std::u16string& path) {
-  // The lock stands for "no sharing"; so the old bytes may go only once it is held.
+  // The lock stands in for exclusive access, so truncate only once it is held.
   auto writer =
       std::make_unique<Writer>(open(utf8From(path).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
   return writer->isExclusive() ? std::move(writer) : nullptr;
@@ -108,8 +108,8 @@ std::unique_ptr<FileWriter> FilesPosix::create(const std::u16string& path) {
 
 bool FilesPosix::replace(const std::u16string& from, const std::u16string& to) {
   if (std::rename(utf8From(from).c_str(), utf8From(to).c_str()) != 0) return false;
-  // The new name lives in the folder, which has its own way to the disk. Its trouble can't undo
-  // the move any more.
+  // The new name is an entry of the folder, which needs its own fsync. A failure of that is
+  // ignored: the move can't be undone any more.
   const std::string folder = utf8From(parentFolder(to));
   const Descriptor opened(open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_CLOEXEC));
   if (opened.isOpen()) fsync(opened.number);

@@ -1,4 +1,4 @@
-// The in-memory file system against the contract, and its own powers.
+// The in-memory file system: the contract, and its own controls.
 #include "settings/files.h"
 
 #include <gtest/gtest.h>

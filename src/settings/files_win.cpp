@@ -30,7 +30,7 @@ struct SearchTraits {
   static void close(HANDLE search) { FindClose(search); }
 };
 
-/// Null on failure; the last error then tells why.
+/// Null on failure; GetLastError() then has the reason.
 FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD disposition,
                     DWORD flags) {
   const HANDLE handle =
@@ -41,7 +41,7 @@ FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD
   return file;
 }
 
-/// Opens what exists, a folder too, to look at it and no more.
+/// Opens an existing file or folder, for its attributes only.
 FileHandle openToLook(const std::u16string& path) {
   return openFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
 }
@@ -141,7 +141,7 @@ std::vector<FolderEntry> FilesWin::list(const std::u16string& folder) {
   do {
     FolderEntry entry{u16From(found.cFileName), kindFrom(found.dwFileAttributes)};
     if (entry.name == u"." || entry.name == u"..") continue;
-    if (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) {  // told of the link itself
+    if (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) {  // reported for the link itself
       std::u16string ignored;
       entry.kind = FileKind::Missing;
       (void)status(joinedPath(folder, entry.name, separator()), entry.kind, ignored);

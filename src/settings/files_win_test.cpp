@@ -20,7 +20,7 @@ namespace {
 
 INSTANTIATE_TYPED_TEST_SUITE_P(Win, FilesContract, WinPlace);
 
-/// Plays the other process: a handle that shares as told.
+/// Plays another process: a handle with the given access and sharing.
 class OtherHandle {
  public:
   OtherHandle(const std::u16string& path, DWORD access, DWORD share)
@@ -83,7 +83,7 @@ TEST_F(FilesWinTest, NamesThatWindowsRefusesCountAsMissing) {
 }
 
 TEST_F(FilesWinTest, AnyOtherTroubleIsNotAbsence) {
-  // A pipe whose only place is taken can't be opened, and yet it is there.
+  // A pipe whose only instance is in use can't be opened, and yet exists.
   const std::u16string busy = u"\\\\.\\pipe\\marlune-busy-" + decimal(GetCurrentProcessId());
   const HANDLE pipe = CreateNamedPipeW(wideFrom(busy).c_str(), PIPE_ACCESS_DUPLEX, PIPE_TYPE_BYTE,
                                        1, 64, 64, 0, nullptr);

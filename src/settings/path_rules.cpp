@@ -8,7 +8,7 @@
 namespace mrl {
 namespace {
 
-/// Resolves as much of a tidy path as exists. False when the file system can't tell.
+/// Resolves the part of a normalised path that exists. False on a file system error.
 bool resolveExistingPart(Files& files, const std::u16string& tidy, std::u16string& result) {
   const size_t root = rootLength(tidy, files.separator());
   std::u16string walked = tidy.substr(0, root);
@@ -31,7 +31,7 @@ bool resolveExistingPart(Files& files, const std::u16string& tidy, std::u16strin
   return true;
 }
 
-/// Moves `end` past an extension of a presentation, if one stands there.
+/// Returns `end`, moved past a presentation extension if there is one.
 size_t skipExtension(std::u16string_view title, size_t end) {
   for (const std::u16string_view extension : kPresentationExtensions) {
     if (title.substr(end).starts_with(extension)) return end + extension.size();
@@ -48,7 +48,7 @@ bool isCleanRight(std::u16string_view title, size_t end) {
   return end == title.size() || isSpace(title[end]) || kClean.find(title[end]) != kClean.npos;
 }
 
-/// The part that a C string would show.
+/// The part before the first NUL, where a C string would end.
 std::u16string_view untilZero(std::u16string_view text) { return text.substr(0, text.find(u'\0')); }
 
 }  // namespace

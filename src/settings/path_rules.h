@@ -1,4 +1,4 @@
-// The rules by which two names mean the same document.
+// Rules for deciding whether two names mean the same document.
 #pragma once
 
 #include <string>
@@ -9,24 +9,25 @@
 
 namespace mrl {
 
-/// Of the files that presentation programs show, in lower case. One that begins with another stands
-/// before it.
+/// The extensions of presentation files, in lower case. One that begins with another
+/// comes before it.
 inline constexpr std::u16string_view kPresentationExtensions[] = {u".pptx", u".ppsx", u".ppt",
                                                                   u".pps", u".dps"};
 
-/// The one form in which paths are compared and stored: final and absolute for what exists, tidy
-/// for what does not. Never fails. Letter case is not folded.
+/// The form in which paths are compared and stored: the part that exists is final and absolute, the
+/// rest normalised as text. On a file system error the whole path is normalised as text; never
+/// fails. Case is not folded.
 std::u16string normalizePath(Files& files, const std::u16string& path);
 
-/// Equality that ignores case; the caller normalises first where that matters.
+/// Case-insensitive equality; the caller normalises first where needed.
 bool samePath(std::u16string_view a, std::u16string_view b);
 
-/// Whether a window title speaks of the document at `path`. Folders play no part.
+/// Whether a window title names the document at `path`. Folders are ignored.
 bool titleNamesDocument(std::u16string_view title, std::u16string_view path);
 
-/// Whether `path` is in the list of files that are excluded from timing.
+/// Whether `path` is on the list of presentations that are excluded from timing.
 bool isSkipped(Files& files, const Settings& settings, const std::u16string& path);
-/// The same for a path that is normalised already, without asking the file system again.
+/// The same for a path that is already normalised, without file system access.
 bool isSkipped(const Settings& settings, const std::u16string& normal);
 
 }  // namespace mrl

@@ -20,7 +20,7 @@ size_t componentEnd(std::u16string_view path, size_t at, char16_t separator) {
   return at;
 }
 
-/// "C:" or "\\server"; the root's separator behind it is not part of it.
+/// The length of "C:" or "\\server", without the separator after it.
 size_t rootNameLength(std::u16string_view path, char16_t separator) {
   if (separator != u'\\' || path.size() < 2) return 0;
   const char16_t letter = toLower(path[0]);
@@ -29,7 +29,8 @@ size_t rootNameLength(std::u16string_view path, char16_t separator) {
   return componentEnd(path, 2, separator);
 }
 
-/// Components that are left of `path` from `at` on. `endsAsFolder`: a separator closes them.
+/// The components of `path` from `at` on, with "." and ".." resolved. `endsAsFolder`: a separator
+/// follows the last one.
 std::vector<std::u16string_view> foldComponents(std::u16string_view path, size_t at, bool rooted,
                                                 char16_t separator, bool& endsAsFolder) {
   std::vector<std::u16string_view> parts;
@@ -41,7 +42,7 @@ std::vector<std::u16string_view> foldComponents(std::u16string_view path, size_t
     if (part == u"..") {
       if (!parts.empty() && parts.back() != u"..") {
         parts.pop_back();
-      } else if (!rooted) {  // above a root there is nothing
+      } else if (!rooted) {  // there is nothing above a root
         parts.push_back(part);
       }
     } else if (part != u".") {
@@ -82,7 +83,7 @@ std::u16string lexicallyNormal(std::u16string_view path, char16_t separator) {
 std::u16string joinedPath(std::u16string_view folder, std::u16string_view name,
                           char16_t separator) {
   std::u16string path(folder);
-  // A drive without a root stands for its current folder and must not become its root.
+  // A drive without a root means its current folder; a separator would turn it into the root.
   const bool isRoot = rootLength(folder, separator) == folder.size();
   if (!isRoot && !isSeparator(folder.back(), separator)) path += separator;
   return path.append(name);

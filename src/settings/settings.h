@@ -7,7 +7,7 @@
 
 namespace mrl {
 
-/// One of the two alerts before the end of the time.
+/// A stage: one of the two alerts before the end of the time.
 struct PromptStage {
   bool enabled = false;
   bool blinkWindow = true;
@@ -21,9 +21,9 @@ struct PromptStage {
   bool operator==(const PromptStage&) const = default;
 };
 
-/// A plain value. The fields stand in the order of the file. Colours are 0xRRGGBB; durations are
+/// A plain value. The fields are in the order of the file. Colours are 0xRRGGBB; durations are
 /// seconds unless named otherwise. Every change goes the same way: copy the live record, change the
-/// copy, save it, and adopt it only when the save succeeded.
+/// copy, save it, and make it the live record only if the save succeeded.
 struct Settings {
   uint32_t duration = 900;
   bool down = true;
@@ -67,7 +67,8 @@ struct Settings {
   bool operator==(const Settings&) const = default;
 };
 
-/// A black screen can't stand together with leaving the show or with another deck.
+/// Whether the black screen is combined with exiting the show or switching decks, which it
+/// excludes.
 bool hasBlackConflict(const Settings& settings);
 
 }  // namespace mrl

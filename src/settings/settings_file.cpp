@@ -29,7 +29,7 @@ bool replaceFile(Files& files, const std::u16string& path, const Settings& recor
   const std::string body = composeSettings(record);
   const std::u16string temporary = path + u".tmp";
   std::unique_ptr<FileWriter> writer = files.create(temporary);
-  if (!writer) {  // it may be another writer's: leave it alone
+  if (!writer) {  // another writer may own it: leave it alone
     error = u"Cannot create temporary configuration";
     return false;
   }

@@ -1,4 +1,4 @@
-// Reading and writing settings.dat. UI thread only.
+// Reads and writes settings.dat. UI thread only.
 #pragma once
 
 #include <string>
@@ -8,14 +8,14 @@
 
 namespace mrl {
 
-/// True when the record was read or when there is no file (the record then stays as it is). On
-/// false `error` holds the message for the user, and `record` and the file are untouched.
-/// Throws std::filesystem::filesystem_error when the file's status can't be told.
+/// Returns true if the record was read, or if there is no file (`record` is then unchanged). On
+/// failure `error` holds the message for the user, and `record` and the file are unchanged. Throws
+/// std::filesystem::filesystem_error if the status of the file can't be determined.
 [[nodiscard]] bool loadSettings(Files& files, const std::u16string& path, Settings& record,
                                 std::u16string& error);
 
-/// Replaces the file in one step. On false `error` tells which step failed and the old file, if
-/// any, is whole. No exception leaves it.
+/// Replaces the file atomically. On failure `error` names the step that failed, and the old file,
+/// if any, is intact. Never throws.
 [[nodiscard]] bool saveSettings(Files& files, const std::u16string& path, const Settings& record,
                                 std::u16string& error);
 

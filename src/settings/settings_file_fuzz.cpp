@@ -1,5 +1,5 @@
-// Any bytes as settings.dat: a refusal leaves the record alone, and what loads is in range and
-// saves and loads to itself.
+// Fuzzes settings.dat: a refused file leaves the record unchanged; a record that loads is in range
+// and survives a save and a load.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

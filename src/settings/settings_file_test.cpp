@@ -19,7 +19,7 @@ const std::u16string kFolder = u"C:\\Local\\Marlune-Native";
 const std::u16string kPath = kFolder + u"\\settings.dat";
 const std::u16string kTemporary = kPath + u".tmp";
 
-/// Steps of a save that goes through.
+/// The steps of a successful save.
 const std::vector<FilesFake::Step> kSaveSteps = {{Operation::CreateFolders, kFolder},
                                                  {Operation::Create, kTemporary},
                                                  {Operation::Write, kTemporary},
@@ -305,7 +305,7 @@ TEST_F(SettingsFileTest, WhereverThePowerGoesOnTheFirstSaveThereIsNoneOrAWholeFi
   }
 }
 
-/// Runs out of memory on the way.
+/// Runs out of memory during a save.
 class ExhaustedFiles : public FilesFake {
  public:
   bool createFolders(const std::u16string&, std::u16string&) override { throw std::bad_alloc(); }

@@ -28,7 +28,7 @@ constexpr FieldRange<Settings> kClockRanges[] = {
     {&Settings::windowHeight, 40, 1000},
 };
 
-// soundSeconds has no row: any length is taken as it stands.
+// soundSeconds has no row: any value is accepted.
 constexpr FieldRange<Settings> kExtensionRanges[] = {
     {&Settings::resetDelay, 0, 3600},
     {&Settings::blinkSeconds, 0, 3600},
@@ -86,8 +86,8 @@ void addPrompt(std::string& body, const PromptStage& stage) {
 
 // --- reading ---
 
-/// Reads as std::quoted does, without its guarded extraction of every single byte: a long list
-/// would take several times as long.
+/// Reads like std::quoted, but without a sentry per byte: a long list would take several times as
+/// long.
 void takeQuoted(std::istream& in, std::string& bytes) {
   if ((in >> std::ws).peek() != '"') {
     in >> bytes;
@@ -112,7 +112,8 @@ void take(std::istream& in, std::u16string& field) {
 }
 void take(std::istream& in, bool& field) { in >> field; }
 void take(std::istream& in, int32_t& field) { in >> field; }
-/// A stream would make a large number of a negative one, which may then lie in its range.
+/// Reads through int64_t: a stream would turn a negative number into a large one, which may then be
+/// in range.
 template <std::unsigned_integral Number>
 void take(std::istream& in, Number& field) {
   int64_t value = 0;
@@ -120,7 +121,7 @@ void take(std::istream& in, Number& field) {
   if (!std::in_range<Number>(value)) in.setstate(std::ios::failbit);
   field = static_cast<Number>(value);
 }
-/// For the one number that nothing checks.
+/// The one number whose range is not checked.
 struct Unchecked {
   uint32_t& field;
 };

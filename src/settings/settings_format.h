@@ -1,4 +1,4 @@
-// The bytes of settings.dat: the record as text and back, without a file.
+// The format of settings.dat: the record to bytes and back, without file access.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace mrl {
 
-/// More entries of the skip list make a file that is refused.
+/// A file with more entries in the skip list is refused.
 inline constexpr uint64_t kMaxSkipped = 10000;
 
 /// The whole file, in the current version.

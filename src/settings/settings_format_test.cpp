@@ -53,7 +53,7 @@ constexpr std::string_view kFullFile =
     "1 0 0 1 604800 3600 3598 \"C:\\\\one.wav\"\n"
     "0 0 0 1 1 2 3 \"C:\\\\two.wav\"\n";
 
-/// The default file with one piece of it put in another's place.
+/// The default file with one piece of text replaced.
 std::string withText(std::string_view piece, std::string_view other) {
   std::string file(kDefaultFile);
   const size_t at = file.find(piece);
@@ -70,7 +70,7 @@ Settings loaded(const std::string& file) {
   return record;
 }
 
-/// The message of a file that is refused; a refused file must leave the record alone.
+/// The message for a refused file; the record must be unchanged.
 std::u16string refusal(const std::string& file) {
   const Settings before = fullRecord();
   Settings record = before;
@@ -394,7 +394,7 @@ TEST(ParseSettingsTest, EveryRangeLoadsAtBothItsEnds) {
 
 TEST(ParseSettingsTest, EveryRangeRefusesWhatLiesBeyondItsEnds) {
   for (const RangeRow& row : kRangeRows) {
-    for (const uint32_t value : {row.low - 1, row.high + 1}) {  // below 0 lies the highest number
+    for (const uint32_t value : {row.low - 1, row.high + 1}) {  // 0 - 1 wraps to the largest number
       const Settings record = changedBy([&](Settings& s) { row.set(s, value); });
       EXPECT_EQ(refusal(composeSettings(record)), row.message) << row.name << value;
     }
@@ -403,7 +403,7 @@ TEST(ParseSettingsTest, EveryRangeRefusesWhatLiesBeyondItsEnds) {
 
 // --- damage ---
 
-/// Whatever the bytes are: a record that a file may give, or a refusal that changed nothing.
+/// For any bytes: a loadable record, or a refusal that changes nothing.
 void expectSound(const std::string& file) {
   const Settings before = fullRecord();
   Settings record = before;

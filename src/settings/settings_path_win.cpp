@@ -15,7 +15,7 @@ std::u16string settingsPath() {
   if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_LocalAppData, 0, nullptr, &folder))) {
     path = u16From(folder) + u"\\Marlune-Native\\settings.dat";
   }
-  CoTaskMemFree(folder);  // needed after a failure too
+  CoTaskMemFree(folder);  // required after a failure too
   return path;
 }
 

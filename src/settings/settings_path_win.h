@@ -1,4 +1,4 @@
-// Where settings.dat lives on this machine.
+// The location of settings.dat on this machine.
 #pragma once
 
 #include <string>

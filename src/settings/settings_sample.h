@@ -1,4 +1,5 @@
-// Records for tests, and what a loaded record may hold, told apart from the reader's own tables.
+// Sample records for tests, and the ranges of a loadable record, stated independently of the
+// reader's own tables.
 #pragma once
 
 #include <string>
@@ -7,7 +8,8 @@
 
 namespace mrl {
 
-/// No field has its default, and every kind of character that needs care occurs.
+/// Every field but `black`, which excludes others, differs from its default, and every kind of
+/// character that needs care occurs.
 inline Settings fullRecord() {
   Settings s;
   s.duration = 604800;
@@ -59,7 +61,7 @@ inline bool isLoadable(const PromptStage& stage) {
   return stage.advance <= 604800 && stage.blinkSeconds <= 3600 && stage.soundSeconds <= 3600;
 }
 
-/// Whether a file may give this record.
+/// Whether a file can load as this record.
 inline bool isLoadable(const Settings& s) {
   return s.duration <= 604800 && isBetween(s.windowWidth, 90, 1600) &&
          isBetween(s.windowHeight, 40, 1000) && s.skipList.size() <= 10000 &&
