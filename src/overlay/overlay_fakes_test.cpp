@@ -1,5 +1,4 @@
 // The overlay's fakes meet the contracts of the real windows, and fail on request.
-
 #include <gtest/gtest.h>
 
 #include "overlay/clock_window_contract.h"

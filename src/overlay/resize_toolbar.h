@@ -14,7 +14,7 @@ class ResizeToolbar {
 
   /// Creates it if necessary, places it and shows it without activating it.
   virtual void show(Point topLeft, int dpi) = 0;
-  /// Moves it, if it exists, and repeats the layout if `dpi` has changed.
+  /// Moves it, if it exists, and redoes the layout if `dpi` has changed.
   virtual void place(Point topLeft, int dpi) = 0;
   virtual void remove() = 0;
 };
