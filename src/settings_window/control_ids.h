@@ -1,4 +1,4 @@
-// The numbers of the settings window's controls. Tests and other programs find them by these.
+// The ids of the settings window's controls. Tests and other programs find the controls by them.
 #pragma once
 
 namespace mrl {
@@ -128,7 +128,7 @@ enum ControlId : int {
   kShowTitle = 656,
 };
 
-/// Where the controls of the two stage alerts begin; what each of them is tells the offset.
+/// First ids of the two stages' controls; a control's id is this base plus its StageControl offset.
 inline constexpr int kFirstStage = 400;
 inline constexpr int kSecondStage = 420;
 inline constexpr int kStageBases[] = {kFirstStage, kSecondStage};
