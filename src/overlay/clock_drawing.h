@@ -13,7 +13,7 @@
 
 namespace mrl {
 
-/// What one paint shows.
+/// The input of one paint.
 struct ClockPicture {
   const Settings& settings;  // only appearance is read; must outlive the picture
   std::u16string text;

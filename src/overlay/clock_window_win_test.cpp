@@ -42,7 +42,7 @@ class ClockWindowWinTest : public RealClockWindowFixture {
   }
 };
 
-/// Another window that wants to be above all others.
+/// Another always-on-top window, competing for the top.
 class Rival {
  public:
   Rival() {

@@ -16,7 +16,7 @@ enum class FieldKind {
   Flag,
   DownRadio,   // one of the pair of radio buttons
   Number,      // whole, within the range
-  Time,        // minutes, with a box of seconds beside it
+  Time,        // boxes of minutes and seconds; stored in seconds
   Colour,      // #RRGGBB
   ShapeRow,    // stored as the row's index
   FontWeight,  // kFontWeights[row]

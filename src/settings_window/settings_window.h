@@ -37,7 +37,7 @@ struct HeldKeys {
 /// be dispatched further.
 bool onSettingsKey(App& app, int virtualKey, HeldKeys held);
 
-/// Writes only what differs, so that nothing flickers and no box reports a change.
+/// Writes only a different text, so that nothing flickers and no box reports a change.
 void setTextIfChanged(App& app, int id, const std::u16string& text);
 
 /// While it lives, notifications of controls are ignored, so that filling them queues no edits.
