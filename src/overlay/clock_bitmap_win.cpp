@@ -16,7 +16,7 @@ bool ClockBitmap::ensure(Size wanted) {
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = wanted.width;
-  info.bmiHeader.biHeight = -wanted.height;  // the top row first
+  info.bmiHeader.biHeight = -wanted.height;  // negative: top-down rows
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
   info.bmiHeader.biCompression = BI_RGB;

@@ -1,5 +1,5 @@
-// The picture that a layered window is made of: a 32-bit bitmap with premultiplied alpha, and the
-// device context that holds it.
+// The bitmap of a layered window: 32 bits with premultiplied alpha, and the memory device context
+// that it is selected into.
 #pragma once
 
 #include <windows.h>
@@ -11,7 +11,7 @@
 
 namespace mrl {
 
-/// UI thread only. Made on first use, made anew when the size changes.
+/// UI thread only. Created on first use, recreated when the size changes.
 class ClockBitmap {
  public:
   ClockBitmap() = default;
@@ -19,7 +19,7 @@ class ClockBitmap {
   ClockBitmap& operator=(const ClockBitmap&) = delete;
   ~ClockBitmap();
 
-  /// The contents are undefined after a change of size. On failure there is no bitmap.
+  /// The contents are undefined after a change of size. On failure returns false, without a bitmap.
   [[nodiscard]] bool ensure(Size wanted);
 
   HDC dc() const { return context.get(); }
@@ -40,7 +40,7 @@ class ClockBitmap {
   void drop();
 
   UniqueHandle<ContextTraits> context;
-  HGDIOBJ oldBitmap = nullptr;  // the context's own; it must be back in before its end
+  HGDIOBJ oldBitmap = nullptr;  // the context's own; reselected before ours is deleted
   UniqueHandle<BitmapTraits> bitmap;
   Size bitmapSize;
   const uint32_t* pixels = nullptr;  // the bitmap's memory

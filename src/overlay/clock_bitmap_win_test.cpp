@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-// Where this program keeps the address of the system's function.
+// The import table's entry for the function.
 extern "C" HDC(WINAPI* __imp_CreateCompatibleDC)(HDC);  // NOLINT(bugprone-reserved-identifier)
 
 namespace mrl {
 namespace {
 
-/// While it lives, the system makes no context in memory.
+/// While it lives, CreateCompatibleDC fails.
 class NoContexts {
  public:
   NoContexts() : original(exchange(refuse)) {}

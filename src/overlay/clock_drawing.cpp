@@ -1,4 +1,4 @@
-// The looks of the clock: see clock_drawing.h.
+// The appearance of the clock: see clock_drawing.h.
 #include "overlay/clock_drawing.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// What the clock and its preview look like, decided without a screen: colours, shape, the size of
-// the digits, the handles. The painter only carries the list out. Pure functions, any thread.
+// What the clock and its preview look like, computed without a screen: colours, shape, size of the
+// digits, handles. The painter only executes the list. Pure functions, any thread.
 //
 // Lengths are in units of 1/96 inch from the window's top left corner.
 #pragma once
@@ -13,13 +13,13 @@
 
 namespace mrl {
 
-/// What one paint shows.
+/// The input of one paint.
 struct ClockPicture {
-  const Settings& settings;  // only the look counts; must outlive the picture
+  const Settings& settings;  // only appearance is read; must outlive the picture
   std::u16string text;
   bool blinkOn = false;  // the bright phase of a blink
   bool isPreview = false;
-  bool handles = false;  // resize mode; a preview has them always
+  bool handles = false;  // resize mode; a preview always has them
 };
 
 /// 0 to 1 each, not premultiplied.
@@ -56,7 +56,7 @@ struct ClockText {
   bool operator==(const ClockText&) const = default;
 };
 
-/// To be done in the order of the members.
+/// Drawn in the order of the members.
 struct ClockDrawing {
   ColourF clear;
   ClockShape shape = ClockShape::Rectangle;
@@ -66,27 +66,28 @@ struct ClockDrawing {
   std::vector<RectF> handles;
 };
 
-/// How wide a text comes out; the font engine behind a seam.
+/// Measures text; the interface to the font engine.
 class TextMeasurer {
  public:
   virtual ~TextMeasurer() = default;
-  /// The advance width at the text's size; empty when the font can't be had.
+  /// The advance width at the text's size; empty if it can't be measured.
   [[nodiscard]] virtual std::optional<float> widthOf(const ClockText& text) = 0;
 };
 
-/// A text that can't be measured is left out; shape and handles stay.
+/// A text that can't be measured is left out; shape and handles are still drawn.
 ClockDrawing drawClock(const ClockPicture& picture, float width, float height,
                        TextMeasurer& measurer);
 
 struct Blink {
   bool active = false;
   uint64_t startMs = 0;
-  uint64_t endMs = 0;  // 0: until something stops it
+  uint64_t endMs = 0;  // 0: until it is stopped
 };
 /// Whether the blink is in its bright phase, which comes first.
 bool isBlinkOn(const Blink& blink, const Settings& settings, uint64_t nowMs);
 
-/// What the preview shows in the settings window's phases: 1 an alert, 2 overtime, else normal.
+/// What the preview shows in the phase chosen in the settings window: 1 alert, 2 overtime, any
+/// other normal.
 std::u16string previewText(const Settings& settings, uint32_t phase);
 bool previewBlinkOn(const Settings& settings, uint32_t phase);
 

@@ -1,4 +1,4 @@
-// The looks of the clock, with a font engine of plain arithmetic.
+// The appearance of the clock, with an arithmetic fake of the font engine.
 #include "overlay/clock_drawing.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace mrl {
 namespace {
 
-/// Every unit of text is as wide as `widthPerUnit` times the size.
+/// Every UTF-16 unit of the text is `widthPerUnit` times the size wide.
 class TextMeasurerFake : public TextMeasurer {
  public:
   std::optional<float> widthOf(const ClockText& text) override {
@@ -39,7 +39,7 @@ TEST(ColourTest, AChannelIsItsByteOver255) {
   EXPECT_EQ(colourFrom(0x0080FF, 0.5F), (ColourF{0, 128.0F / 255, 1, 0.5F}));
 }
 
-// The ground under the shape.
+// The background under the shape.
 
 TEST_F(ClockDrawingTest, TheClockClearsToFullyTransparent) {
   EXPECT_EQ(draw().clear, (ColourF{0, 0, 0, 0}));

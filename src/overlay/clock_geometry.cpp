@@ -1,4 +1,4 @@
-// Sizes and places of the clock: see clock_geometry.h.
+// Size and position of the clock: see clock_geometry.h.
 #include "overlay/clock_geometry.h"
 
 #include <algorithm>

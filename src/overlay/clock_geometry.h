@@ -1,5 +1,5 @@
-// Where the clock may stand, how large it may be and what its corners do. Pure functions on plain
-// rectangles; pixels of the screen unless a name says units, which are 1/96 inch.
+// Position, size limits and corner drags of the clock. Pure functions on plain rectangles; screen
+// pixels unless a name says units, which are 1/96 inch.
 #pragma once
 
 #include <array>
@@ -23,18 +23,18 @@ SizeLimits clockSizeLimits(int dpi);
 Size clockPixels(Size units, int dpi);
 Size clockUnits(Size pixels, int dpi);
 
-/// The numbers are those of the system's hit-test answers.
+/// Values of the system's hit-test codes (HTTOPLEFT etc.).
 enum class CornerHit { None = 0, TopLeft = 13, TopRight = 14, BottomLeft = 16, BottomRight = 17 };
 CornerHit hitTest(Point cursor, const Rect& window, int dpi);
-/// The corner that the system's answer names; None for any other part of a window.
+/// The corner of a hit-test code; None for any other part of a window.
 CornerHit cornerFrom(int hitAnswer);
 
-/// The window's rectangle after the cursor went `way` since the drag began at `start`. The corner
-/// opposite `hit` stays; a preview, which lies in a page, keeps its top left corner instead.
+/// The window's rectangle after the cursor moved by `way` since the drag began at `start`. The
+/// corner opposite `hit` stays; a preview keeps its top left corner, whichever corner is dragged.
 /// REQUIRES: `hit` is a corner.
 Rect dragCorner(const Rect& start, CornerHit hit, Point way, int dpi, bool isPreview);
 
-/// A drag of a corner: what stood at its start.
+/// The state at the start of a corner drag.
 struct CornerDrag {
   CornerHit hit = CornerHit::None;
   Point cursor;
@@ -43,9 +43,9 @@ struct CornerDrag {
 /// The window's rectangle with the cursor at `cursor`.
 Rect draggedTo(Point cursor, const CornerDrag& drag, int dpi, bool isPreview);
 
-/// Where a clock goes of which no part lies in the work area; empty when it may stay.
+/// The new top left corner of a clock that is entirely outside the work area, otherwise empty.
 std::optional<Point> offScreenCorrection(const Rect& window, const Rect& workArea);
-/// Top left corner of a clock that has never been placed.
+/// The top left corner of a clock without a saved position.
 Point firstRunPlace(const Rect& workArea, int widthUnits, int dpi);
 
 /// The toolbar of resize mode; all in units.
@@ -65,7 +65,7 @@ constexpr Size kToolbarUnits{222, 40};
 constexpr const char16_t* kToolbarTitle = u"调整大小";
 constexpr const char16_t* kToolbarFont = u"Segoe UI";
 constexpr int kToolbarFontUnits = 14;
-/// Top left corner of the toolbar below the clock.
+/// The top left corner of the toolbar, below the clock.
 Point toolbarPlace(const Rect& clock, int dpi);
 
 }  // namespace mrl

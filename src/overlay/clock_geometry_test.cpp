@@ -1,4 +1,4 @@
-// Sizes, corners and places of the clock.
+// Size, corners and position of the clock.
 #include "overlay/clock_geometry.h"
 
 #include <gtest/gtest.h>
@@ -32,7 +32,7 @@ TEST(ClockSizeTest, TheDefaultSizeIsThatOfTheSettings) {
 
 TEST(ClockSizeTest, UnitsBecomePixelsByTheDpi) {
   EXPECT_EQ(clockPixels({183, 82}, 96), (Size{183, 82}));
-  EXPECT_EQ(clockPixels({183, 82}, 144), (Size{275, 123}));  // 274.5 goes up
+  EXPECT_EQ(clockPixels({183, 82}, 144), (Size{275, 123}));  // 274.5 is rounded up
 }
 
 TEST(ClockSizeTest, PixelsBecomeUnitsByTheDpi) {
@@ -206,7 +206,7 @@ TEST(FirstRunTest, TheClockStarts30UnitsFromTheTopRightCorner) {
 }
 
 TEST(FirstRunTest, TheDistanceIsScaledByTheDpi) {
-  EXPECT_EQ(firstRunPlace(kWorkArea, 183, 144), (Point{1000 - 320, 85}));  // 319.5 goes up
+  EXPECT_EQ(firstRunPlace(kWorkArea, 183, 144), (Point{1000 - 320, 85}));  // 319.5 is rounded up
 }
 
 // The toolbar.

@@ -1,4 +1,4 @@
-// The clock and its preview painted on real windows, and looked at on the screen.
+// The clock and its preview painted on real windows, with pixels read back from the screen.
 #include <gtest/gtest.h>
 
 #include "base/replaced_import_win.h"
@@ -10,7 +10,7 @@
 namespace mrl {
 namespace {
 
-/// What is on the screen now.
+/// The colour now on the screen.
 COLORREF screenPixel(int x, int y) {
   GdiFlush();
   const HDC screen = GetDC(nullptr);
@@ -24,7 +24,7 @@ void pump() {
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
 }
 
-/// A desktop draws in its own time.
+/// Waits up to 5 s for the pixel: the desktop composes asynchronously.
 bool comesToShow(int x, int y, COLORREF wanted) {
   const ULONGLONG limitMs = GetTickCount64() + 5000;
   while (GetTickCount64() < limitMs) {

@@ -1,5 +1,5 @@
-// What a paint does when the drawing library refuses. The library is the real one; a test replaces
-// one entry of an interface's function table for its own length.
+// What a paint does when the drawing library fails. The library is the real one; each test
+// temporarily replaces one entry of an interface's function table.
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -50,7 +50,7 @@ class Refusal {
   void* original = nullptr;
 };
 
-// The name is overloaded; meant is the entry of the table.
+// The name is overloaded; this picks the virtual function.
 HRESULT(STDMETHODCALLTYPE ID2D1RenderTarget::*const kCreateBrush)
 (const D2D1_COLOR_F*, const D2D1_BRUSH_PROPERTIES*,
  ID2D1SolidColorBrush**) = &ID2D1RenderTarget::CreateSolidColorBrush;
@@ -92,7 +92,7 @@ class ClockPainterFailureTest : public testing::Test {
   Settings settings;
   ClockPicture picture{.settings = settings, .text = u"15:00"};
   ClockPainterWin painter;
-  // Of the same classes as those that the painter has inside.
+  // Of the same classes as the painter's own, so they share its function tables.
   ComRef<ID2D1Factory> factory;
   ComRef<IDWriteFactory> fonts;
   ComRef<ID2D1DCRenderTarget> target;
@@ -187,7 +187,7 @@ TEST_F(ClockPainterFailureTest, ATextThatCantBeMeasuredIsLeftOut) {
                               DWRITE_FONT_STRETCH_NORMAL, 20, L"zh-CN", format.put()),
       S_OK);
   ASSERT_EQ(fonts->CreateTextLayout(L"15", 2, format.get(), 183, 82, layout.put()), S_OK);
-  // The overload that takes the plain record.
+  // The overload that takes the plain struct.
   HRESULT(STDMETHODCALLTYPE IDWriteTextLayout::*const measure)
   (DWRITE_TEXT_METRICS*) = &IDWriteTextLayout::GetMetrics;
   const Refusal refusal(*layout, measure, E_FAIL);

@@ -1,4 +1,4 @@
-// Painting on windows: see clock_painter_win.h.
+// Paints the clock's windows: see clock_painter_win.h.
 #include "overlay/clock_painter_win.h"
 
 #include "base/geometry_win.h"
@@ -7,7 +7,7 @@
 namespace mrl {
 namespace {
 
-/// Tells the system that the paint is answered, however it went.
+/// Validates the window on every path, so that the system doesn't send WM_PAINT again and again.
 class PaintScope {
  public:
   explicit PaintScope(HWND window) : window(window) { BeginPaint(window, &paint); }
@@ -82,7 +82,7 @@ void ClockPainterWin::paintPreview(HWND window, const ClockPicture& picture) {
         softwareTarget({DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_IGNORE}, dpi);
     if (FAILED(drawingFactory->CreateDCRenderTarget(&properties, previewTarget.put()))) return;
   }
-  // Into the paint's own context: the preview lies in a pane that the system composes.
+  // Draws into the DC of this paint: the preview is inside a WS_EX_COMPOSITED pane.
   const RECT box{0, 0, size.width, size.height};
   if (FAILED(previewTarget->BindDC(paint.dc(), &box))) return;
   if (renderClock(*previewTarget, *fonts, picture, size, dpi)) previewTarget.reset();

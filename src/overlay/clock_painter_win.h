@@ -1,9 +1,9 @@
-// Answers WM_PAINT of the clock and of its preview. The clock is painted into a bitmap which is
-// handed to the desktop as a layered window; the preview is painted on its window.
+// Handles WM_PAINT of the clock and of its preview. The clock is rendered into a bitmap that
+// updates its layered window; the preview is painted directly.
 #pragma once
 
 #include <windows.h>
-// After <windows.h>, which they lean on.
+// Must come after <windows.h>.
 #include <d2d1.h>
 #include <dwrite.h>
 
@@ -13,7 +13,7 @@
 
 namespace mrl {
 
-/// UI thread only. A paint that fails leaves the last picture; the next paint tries again.
+/// UI thread only. A failed paint leaves the previous picture; the next paint retries.
 class ClockPainterWin {
  public:
   /// REQUIRES: called before anything is painted.
@@ -23,15 +23,15 @@ class ClockPainterWin {
   void paintClock(HWND window, const ClockPicture& picture);
   /// REQUIRES: the WM_PAINT of `window` is being handled.
   void paintPreview(HWND window, const ClockPicture& picture);
-  /// To be called when the preview's window goes.
+  /// Call when the preview's window is destroyed.
   void dropPreview() { previewTarget.reset(); }
 
-  /// Paints the clock's bitmap, without any window. False if there is no new picture.
+  /// Renders the clock into its bitmap; needs no window. False if there is no new picture.
   [[nodiscard]] bool renderBitmap(const ClockPicture& picture, Size size, int dpi);
   const ClockBitmap& bitmap() const { return clockBitmap; }
 
  private:
-  // The factories go last.
+  // The factories come first so that they are released last.
   ComRef<ID2D1Factory> drawingFactory;
   ComRef<IDWriteFactory> fonts;
   ClockBitmap clockBitmap;

@@ -1,4 +1,4 @@
-// The clock as pixels, read back from the bitmap that the desktop gets.
+// The clock as pixels, read back from the bitmap of its layered window.
 #include "overlay/clock_painter_win.h"
 
 #include <gtest/gtest.h>
@@ -14,14 +14,14 @@ namespace {
 
 constexpr uint32_t alphaOf(uint32_t pixel) { return pixel >> 24; }
 
-/// The digits are far redder than the blue ground, and opaque.
+/// The digits are far redder than the blue background.
 constexpr uint32_t redOf(uint32_t pixel) { return (pixel >> 16) & 0xFF; }
 
 bool isInk(uint32_t pixel) { return redOf(pixel) > 128; }
 
 class ClockPainterTest : public testing::Test {
  protected:
-  // One for all tests: the first paint of a painter takes the longest by far.
+  // Shared by all tests: a painter's first paint is by far the slowest.
   static void SetUpTestSuite() {
     shared = std::make_unique<ClockPainterWin>();
     ASSERT_TRUE(shared->createFactories());
@@ -47,7 +47,7 @@ class ClockPainterTest : public testing::Test {
     }
     return found;
   }
-  /// The smallest rectangle that holds all ink; empty without any.
+  /// The bounding rectangle of all ink; empty if there is none.
   Rect inkBox() const {
     Rect box{size.width, size.height, 0, 0};
     for (int y = 0; y < size.height; ++y) {

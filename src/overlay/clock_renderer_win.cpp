@@ -1,4 +1,4 @@
-// Direct2D and DirectWrite: see clock_renderer_win.h.
+// Rendering with Direct2D and DirectWrite: see clock_renderer_win.h.
 #include "overlay/clock_renderer_win.h"
 
 #include "base/com_ref_win.h"
@@ -7,7 +7,7 @@
 namespace mrl {
 namespace {
 
-/// Measures by laying the text out, and keeps the layout to be drawn.
+/// Measures by laying the text out, and keeps the layout for drawing.
 class TextLayouter : public TextMeasurer {
  public:
   TextLayouter(IDWriteFactory& fonts, float width, float height)
@@ -34,7 +34,7 @@ class TextLayouter : public TextMeasurer {
     return metrics.width;
   }
 
-  /// The measured text at its final size. REQUIRES: it was measured.
+  /// The measured text at its final size. REQUIRES: widthOf() succeeded.
   IDWriteTextLayout* layoutOf(const ClockText& text) {
     layout->SetFontSize(text.size, {0, static_cast<UINT32>(text.text.size())});
     return layout.get();

@@ -1,4 +1,4 @@
-// How a target is set up before anything is drawn on it.
+// How a target and the text are set up for drawing.
 #include "overlay/clock_renderer_win.h"
 
 #include <gtest/gtest.h>
@@ -12,8 +12,8 @@
 namespace mrl {
 namespace {
 
-/// While it lives, it notes for which language the library is asked for text. The library is the
-/// real one, but for that entry of its function table.
+/// While it lives, records the language passed to CreateTextFormat. The library is the real one,
+/// except for that entry of its function table.
 class LanguageNote {
  public:
   explicit LanguageNote(IDWriteFactory& fonts) {
@@ -98,7 +98,7 @@ TEST_F(ClockRendererTest, TheTargetTakesTheDpiOfThePaint) {
 }
 
 TEST_F(ClockRendererTest, ItsCharactersAreChineseOnesWhateverTheSystemSpeaks) {
-  // Each language draws the characters that it shares with others in its own way.
+  // The glyphs of shared characters depend on the language.
   const LanguageNote language(*fonts);
   ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
   EXPECT_EQ(LanguageNote::noted, L"zh-CN");
@@ -108,7 +108,7 @@ TEST_F(ClockRendererTest, UnitsAreScaledByTheDpi) {
   picture.handles = true;
   settings.shape = 0;
   ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
-  EXPECT_EQ(bitmap.pixel(11, 11), 0xFFFFFFFFU);  // a handle of 8 units
+  EXPECT_EQ(bitmap.pixel(11, 11), 0xFFFFFFFFU);  // a handle is 8 units wide
   EXPECT_EQ(bitmap.pixel(12, 12), 0xCC0066CCU);
 }
 

@@ -1,5 +1,5 @@
-// The floating window of the clock, as App handles it. It has no frame, no title bar and no taskbar
-// button, and nothing here ever activates it.
+// The clock's window as App uses it. It has no frame, title bar or taskbar button, and nothing here
+// ever activates it.
 #pragma once
 
 #include <string>
@@ -10,13 +10,13 @@
 namespace mrl {
 
 /// UI thread only. Screen pixels. Before create() and after destroy() there is no window: commands
-/// then do nothing and questions give empty answers.
+/// then do nothing and queries return empty values, except dpi() and cursor().
 class ClockWindow {
  public:
   virtual ~ClockWindow() = default;
 
-  /// Makes the window, not shown yet. Any place will do, also one that no monitor reaches.
-  /// REQUIRES: there is none.
+  /// Creates the window, hidden. Any position is accepted, even outside every monitor.
+  /// REQUIRES: there is no window.
   [[nodiscard]] virtual bool create(Point topLeft, Size size) = 0;
   virtual void destroy() = 0;
   [[nodiscard]] virtual WindowHandle handle() const = 0;
@@ -25,30 +25,29 @@ class ClockWindow {
   /// Shows the window above all other always-on-top windows.
   virtual void show() = 0;
   virtual void hide() = 0;
-  /// To the top of the always-on-top windows, shown or not as it was.
+  /// Moves it to the top of the always-on-top windows, without showing it.
   virtual void raise() = 0;
 
   [[nodiscard]] virtual Rect rect() const = 0;
   /// 96 while there is no window.
   [[nodiscard]] virtual int dpi() const = 0;
-  /// The monitor nearest to the window, without taskbars.
+  /// The work area, without taskbars, of the monitor nearest to the window.
   [[nodiscard]] virtual Rect nearestWorkArea() const = 0;
   virtual void moveTo(Point topLeft) = 0;
   virtual void resize(Size size) = 0;
-  /// Place and size in one step, on top of all windows.
+  /// Sets position and size in one step, and moves it to the top as raise() does.
   virtual void setRect(const Rect& rect) = 0;
 
-  /// Asks for a new paint of the whole window.
+  /// Requests a repaint of the whole window.
   virtual void invalidate() = 0;
-  /// Carries out a paint that was asked for, now instead of when the loop is idle.
+  /// Runs a requested repaint now instead of when the message loop is idle.
   virtual void paintNow() = 0;
-  /// Takes away any region that clips the window: its shape comes from its picture alone.
+  /// Removes any clipping region and requests a repaint: the shape comes from the picture alone.
   virtual void dropRegion() = 0;
-  /// Publishes what the clock shows. It is painted as pixels only, so this is how other programs
-  /// can read it.
+  /// Publishes the clock's text for other programs, which could otherwise only see pixels.
   virtual void setText(const std::u16string& text) = 0;
 
-  /// Lets the system move the window with the mouse until the button goes up; returns after that.
+  /// Runs the system's modal move loop; returns when the mouse button is released.
   virtual void beginMove() = 0;
   virtual void captureMouse() = 0;
   virtual void releaseMouse() = 0;

@@ -1,4 +1,4 @@
-// What every ClockWindow does, whether real or fake. A test gives a fixture with `window()`.
+// Contract tests for every ClockWindow, real or fake. A test supplies a fixture with `window()`.
 #pragma once
 
 #include <gtest/gtest.h>

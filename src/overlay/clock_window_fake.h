@@ -1,5 +1,4 @@
-// The clock's window for tests: a rectangle that remembers what was done to it, and the picture
-// that was painted last.
+// A ClockWindow for tests: a rectangle that records its calls and whether a paint is due.
 #pragma once
 
 #include <cassert>
@@ -29,7 +28,7 @@ class ClockWindowFake : public ClockWindow {
   WindowHandle handle() const override { return exists ? WindowHandle{1} : WindowHandle{}; }
 
   bool isVisible() const override { return visible; }
-  /// Comes up with the picture that it was hidden with, as a layered window does.
+  /// Shows the picture it was hidden with, without a repaint, as a layered window does.
   void show() override {
     calls.emplace_back("show");
     visible = exists;
@@ -60,7 +59,7 @@ class ClockWindowFake : public ClockWindow {
     if (exists) place = rect;
   }
 
-  /// Lost on a hidden window, as on the real one.
+  /// Ignored while hidden, as by the real window.
   void invalidate() override {
     calls.emplace_back("invalidate");
     requestPaint();
@@ -89,7 +88,7 @@ class ClockWindowFake : public ClockWindow {
   }
   Point cursor() const override { return cursorAt; }
 
-  /// What the loop does when it is idle.
+  /// What the message loop does when it is idle.
   void paintIfDue() {
     if (!paintDue) return;
     paintDue = false;
@@ -108,7 +107,7 @@ class ClockWindowFake : public ClockWindow {
   Rect place;
   std::u16string text;
   bool paintDue = false;
-  int invalidations = 0;           // that were not lost
+  int invalidations = 0;           // without the ignored ones
   std::vector<std::string> calls;  // by name, in order
 
  private:

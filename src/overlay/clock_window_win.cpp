@@ -31,7 +31,7 @@ bool ClockWindowWin::create(Point topLeft, Size size) {
 void ClockWindowWin::destroy() {
   if (!hwnd) return;
   removeText();
-  // Still answering while the window goes: its last messages may ask about it.
+  // Clear the handle only afterwards: messages sent during destruction may query this window.
   DestroyWindow(hwnd);
   hwnd = nullptr;
 }
@@ -42,7 +42,7 @@ bool ClockWindowWin::isVisible() const { return IsWindowVisible(hwnd) != FALSE; 
 
 void ClockWindowWin::show() {
   ShowWindow(hwnd, SW_SHOWNOACTIVATE);
-  // Out of the always-on-top windows and in again, which lifts it wherever among them it was.
+  // Leaving and re-entering the always-on-top windows moves it to the top of them.
   SetWindowPos(hwnd, HWND_NOTOPMOST, 0, 0, 0, 0, kStayInPlace);
   SetWindowPos(hwnd, HWND_TOPMOST, 0, 0, 0, 0, kStayInPlace | SWP_SHOWWINDOW);
 }
@@ -85,7 +85,7 @@ void ClockWindowWin::setRect(const Rect& rect) {
 }
 
 void ClockWindowWin::invalidate() {
-  // Without a window this call would mean every window of the desktop.
+  // A null handle would invalidate every window of the desktop.
   if (hwnd) InvalidateRect(hwnd, nullptr, FALSE);
 }
 

@@ -1,5 +1,5 @@
-// The clock's layered window. Its class "Marlune.Native.Timer" and the window procedure belong to
-// the program's message routing.
+// The clock's layered window. The program's message routing owns its class "Marlune.Native.Timer"
+// and the window procedure.
 #pragma once
 
 #include <windows.h>
@@ -8,10 +8,10 @@
 
 namespace mrl {
 
-/// UI thread only. Destroys the window at its own end.
+/// UI thread only. The destructor destroys the window.
 class ClockWindowWin : public ClockWindow {
  public:
-  /// `creationParameter` reaches the window procedure with WM_NCCREATE. REQUIRES: the class is
+  /// `creationParameter` is passed to the window procedure with WM_NCCREATE. REQUIRES: the class is
   /// registered for `instance` before create().
   ClockWindowWin(HINSTANCE instance, void* creationParameter);
   ClockWindowWin(const ClockWindowWin&) = delete;
@@ -37,7 +37,7 @@ class ClockWindowWin : public ClockWindow {
   void invalidate() override;
   void paintNow() override;
   void dropRegion() override;
-  /// As the window property "Marlune.Text", an atom of the global table.
+  /// Published as the window property "Marlune.Text": an atom of the global table.
   void setText(const std::u16string& text) override;
 
   void beginMove() override;

@@ -32,7 +32,7 @@ class ClockWindowWinTest : public RealClockWindowFixture {
     ASSERT_TRUE(clock.create(kContractPlace, kContractSize));
   }
   LONG_PTR style(int index) const { return GetWindowLongPtrW(clock.window(), index); }
-  /// As another program reads it.
+  /// As another program would read it.
   std::u16string publishedText() const {
     wchar_t text[256] = L"";
     const HANDLE atom = GetPropW(clock.window(), L"Marlune.Text");
@@ -42,7 +42,7 @@ class ClockWindowWinTest : public RealClockWindowFixture {
   }
 };
 
-/// Another window that wants to be above all others.
+/// Another always-on-top window, competing for the top.
 class Rival {
  public:
   Rival() {
@@ -149,7 +149,7 @@ TEST_F(ClockWindowWinTest, DroppingTheRegionFreesTheWholeWindow) {
   ValidateRect(clock.window(), nullptr);
   clock.dropRegion();
   RECT box{};
-  EXPECT_EQ(GetWindowRgnBox(clock.window(), &box), ERROR);  // it has none
+  EXPECT_EQ(GetWindowRgnBox(clock.window(), &box), ERROR);  // there is no region
   EXPECT_TRUE(GetUpdateRect(clock.window(), nullptr, FALSE));
 }
 

@@ -1,4 +1,4 @@
-// The fakes of the overlay keep the contracts of the real windows, and fail when told to.
+// The overlay's fakes meet the contracts of the real windows, and fail on request.
 #include <gtest/gtest.h>
 
 #include "overlay/clock_window_contract.h"

@@ -1,5 +1,5 @@
-// What every ResizeToolbar does, whether real or fake. A test gives a fixture with `toolbar()` and
-// `exists()`.
+// Contract tests for every ResizeToolbar, real or fake. A test supplies a fixture with `toolbar()`
+// and `exists()`.
 #pragma once
 
 #include <gtest/gtest.h>

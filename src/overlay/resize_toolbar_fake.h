@@ -1,4 +1,4 @@
-// The toolbar of resize mode for tests.
+// A ResizeToolbar for tests.
 #pragma once
 
 #include <string>

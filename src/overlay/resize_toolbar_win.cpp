@@ -61,7 +61,7 @@ void ResizeToolbarWin::remove() {
   font.reset();
 }
 
-// The clock takes its toolbar along when it is destroyed, and tells nobody.
+// Destroying the clock's window destroys the toolbar without notice, so the handle may be stale.
 HWND ResizeToolbarWin::window() const { return IsWindow(hwnd) ? hwnd : nullptr; }
 
 }  // namespace mrl

@@ -1,5 +1,5 @@
-// The toolbar of resize mode: a small popup window with two buttons. Its class
-// "Marlune.Native.Resize" and the window procedure belong to the program's message routing.
+// The toolbar of resize mode: a small popup window with two buttons. The program's message routing
+// owns its class "Marlune.Native.Resize" and the window procedure.
 #pragma once
 
 #include <windows.h>
@@ -34,7 +34,7 @@ class ResizeToolbarWin : public ResizeToolbar {
   HINSTANCE instance;
   void* creationParameter;
   const ClockWindowWin& clock;
-  Font font;  // outlives the buttons that draw with it
+  Font font;  // must outlive the buttons, which draw with it
   int layoutDpi = 0;
   HWND hwnd = nullptr;
 };

@@ -1,4 +1,4 @@
-// A window class for tests, under a name that the program uses: it records what arrives.
+// A window class for tests that records its messages; usually under a name that the program uses.
 #pragma once
 
 #include <windows.h>
@@ -10,8 +10,8 @@
 
 namespace mrl {
 
-/// Registered for the length of a test. Windows of the class must be gone before its end. They must
-/// be made with this object as creation parameter.
+/// Registered while this object lives. Windows of the class must be created with this object as
+/// creation parameter, and destroyed before it.
 class TestWindowClass {
  public:
   struct Message {
@@ -40,8 +40,8 @@ class TestWindowClass {
 
   bool registered = false;
   std::vector<Message> messages;
-  Point createdAt;                    // the latest window, on the screen
-  std::vector<HWND> insertedAfter;    // what each change of the z-order asked for
+  Point createdAt;                    // of the latest window, in screen pixels
+  std::vector<HWND> insertedAfter;    // as requested by each z-order change
   std::function<void(HWND)> onPaint;  // must validate the window
   std::function<void(HWND)> onDestroy;
 
@@ -66,7 +66,7 @@ class TestWindowClass {
         const auto* change = reinterpret_cast<const WINDOWPOS*>(narrow);
         if (!(change->flags & SWP_NOZORDER)) self->insertedAfter.push_back(change->hwndInsertAfter);
       }
-      // The system's move loop would wait for the mouse.
+      // The system's move loop would block, waiting for the mouse.
       if (number == WM_NCLBUTTONDOWN) return 0;
     }
     return DefWindowProcW(window, number, wide, narrow);

@@ -28,18 +28,20 @@ constexpr char16_t kPortApplied[] = u"端口已更新，遥控服务已停止；
 constexpr char16_t kOthersWait[] = u"设置已生效；另有输入尚未完成。";
 constexpr char16_t kApplied[] = u"设置已自动保存并生效。";
 
+/// A port that was typed but not applied counts too, although it is not queued.
 void recomputeDirty(App& app) {
   app.form.settingsDirty = !app.form.pendingEdits.empty() || app.form.portDirty;
 }
 
-/// The edit stays until it is corrected or a forced pass tries it again.
+/// Keeps the edit queued but never due: the tick no longer tries it, a forced pass does.
 bool keepWaiting(App& app, int id, const std::u16string& status) {
   app.form.pendingEdits[id] = kNotDue;
   setStatus(app, status);
   return false;
 }
 
-/// Of two actions that exclude each other the one touched last wins. True when the other went off.
+/// Of two conflicting actions the one changed last wins. Returns true if the other was switched
+/// off. An edit that switches none of them on leaves an existing conflict alone.
 bool resolveConflicts(int id, Settings& candidate) {
   if (!hasBlackConflict(candidate)) return false;
   if (id == kBlackCheck) {
@@ -53,6 +55,7 @@ bool resolveConflicts(int id, Settings& candidate) {
   return wins;
 }
 
+/// Shows the actions as they were resolved, in the controls and in the form's settings.
 void showActions(App& app) {
   SettingsView& view = app.platform.settingsView;
   {
@@ -64,7 +67,7 @@ void showActions(App& app) {
   syncForm(app);
 }
 
-/// The clock follows what was just adopted.
+/// Updates the clock's window from the adopted settings. It is resized only if the size was edited.
 void showOnClock(App& app, int id) {
   ClockWindow& clock = app.platform.clockWindow;
   if (id == kWidthBox || id == kHeightBox) {
@@ -81,22 +84,25 @@ struct Applied {
   bool portOfRunning = false;  // the port changed under the running service
 };
 
+/// Side effects on other settings or on the service are reported even while other input is pending.
 std::u16string appliedStatus(const App& app, const Applied& applied) {
   if (applied.conflict) return kConflict;
   if (applied.portOfRunning) return kPortApplied;
   return app.form.settingsDirty ? kOthersWait : kApplied;
 }
 
-/// The rest of an apply, once the record is saved and adopted.
+/// The effects of an edit whose settings are already saved and adopted.
 void carryOut(App& app, const Field& field, const Applied& applied) {
   if (applied.conflict) showActions(app);
   clearInvalid(app, field.id);
   if (field.kind == FieldKind::Time) clearInvalid(app, field.secondsId);
   showOnClock(app, field.id);
+  // The running service keeps its old port, so it is stopped; the user starts it again.
   if (applied.portOfRunning) {
     stopRemote(app);
     refreshRemotePage(app);
   }
+  // Switching auto-start on also starts the service now; switching it off doesn't stop it.
   bool startFailed = false;
   if (field.id == kAutoStartCheck && app.settings.remoteAutoStart && !app.remote.running) {
     startFailed = !startRemote(app, true);
@@ -105,7 +111,7 @@ void carryOut(App& app, const Field& field, const Applied& applied) {
   applyHideRules(app);
   app.platform.clockWindow.invalidate();
   if (field.id == kFolderBox || field.id == kToggleExclusion) reloadFileList(app);
-  // The start has told why it failed.
+  // A failed start has already set the status line to its reason.
   if (!startFailed) setStatus(app, appliedStatus(app, applied));
   refreshEnableStates(app);
 }
@@ -113,6 +119,7 @@ void carryOut(App& app, const Field& field, const Applied& applied) {
 bool applyField(App& app, const Field& field) {
   Settings candidate = app.settings;
   const FieldCheck check = takeField(app, field, candidate);
+  // An empty box that has the focus is not an error: no mark. Leaving it forces another pass.
   if (check.typing) return keepWaiting(app, field.id, kTyping);
   if (!check.valid) {
     app.platform.settingsView.setMark(check.errorId, Mark::Invalid, true);
@@ -120,14 +127,16 @@ bool applyField(App& app, const Field& field) {
     return keepWaiting(app, field.id, check.error + kNotApplied);
   }
   Applied applied{.conflict = resolveConflicts(field.id, candidate)};
-  // A move of the clock that has not been saved goes along.
+  // Include the clock's current position: it may have moved since the last save.
   const Rect clock = app.platform.clockWindow.rect();
   candidate.windowX = clock.left;
   candidate.windowY = clock.top;
+  // Save before adopting: a failed save leaves the live settings as they were.
   std::u16string error;
   if (!saveSettings(app.platform.files, app.settingsPath, candidate, error)) {
     return keepWaiting(app, field.id, kSaveFailed + error);
   }
+  // Before adopting, which overwrites the previous port.
   applied.portOfRunning = app.remote.running && candidate.remotePort != app.settings.remotePort;
   app.settings = candidate;
   app.form.pendingEdits.erase(field.id);
@@ -137,8 +146,8 @@ bool applyField(App& app, const Field& field) {
   return true;
 }
 
-/// Whatever the button was pressed over before, nothing but the button applies what stands there
-/// now.
+/// Drops the edit of an earlier press of the button that failed, so that no forced pass applies the
+/// text typed since: that takes another press. While the port differs, portDirty marks the form.
 void notePortInput(App& app) {
   app.form.pendingEdits.erase(kPortBox);
   app.form.portDirty = app.platform.settingsView.text(kPortBox) != decimal(app.settings.remotePort);
@@ -162,7 +171,7 @@ void bookEdit(App& app, int id, uint64_t delayMs) {
 
 void markEdited(App& app, int id, bool immediate) {
   if (!app.form.isOpen || app.form.controlsSuppressed) return;
-  // A port takes effect only by its button: it stops the service.
+  // A typed port waits for its button, because applying it stops the service.
   if (id == kPortBox && !immediate) return notePortInput(app);
   bookEdit(app, id, immediate ? 0 : kEditDelayMs);
   if (immediate) {
@@ -186,6 +195,7 @@ bool applyEdit(App& app, int id) {
   if (!app.settingsWritable) return keepWaiting(app, id, kReadOnly);
   const Field* field = findField(id);
   if (field) return applyField(app, *field);
+  // The id of no field: nothing to apply, so drop it.
   app.form.pendingEdits.erase(id);
   recomputeDirty(app);
   return true;

@@ -1,30 +1,33 @@
-// Input takes effect by itself: one edit is one field of the live record, saved and adopted a
-// moment after the last key, or at once for a click. UI thread.
+// Applies the user's input automatically: each edit is one field, checked, saved and adopted into
+// the live settings shortly after the last key, or at once for a click. UI thread.
 #pragma once
 
 #include "core/app.h"
 
 namespace mrl {
 
-/// How long after the last key an edit waits.
+/// Delay between the last key and the attempt to apply.
 inline constexpr uint64_t kEditDelayMs = 700;
-/// The due time of an edit that waits for a forced pass: it can't be applied as it stands.
+/// Due time of an edit that could not be applied: the tick skips it, a forced pass retries it.
 inline constexpr uint64_t kNotDue = ~uint64_t{0};
 
-/// Books the input of a control; applies it at once when `immediate`.
+/// Queues the input of a control, and applies it at once if `immediate`. A typed port is not
+/// queued: it waits for its button. Does nothing without an open window or while controls are
+/// suppressed.
 void markEdited(App& app, int id, bool immediate);
 
-/// Books without a word and without applying. REQUIRES: the window is open.
+/// Queues an edit without applying it and without touching the status line. REQUIRES: the window is
+/// open.
 void bookEdit(App& app, int id, uint64_t delayMs);
 
-/// Applies what is due, or everything when `force`.
+/// Applies the queued edits that are due, or all of them if `force`, in the order of their ids.
 void applyPending(App& app, bool force);
 
-/// Checks and applies one booked edit. True when it is done with. Without an open window, or with
-/// nothing booked, it does nothing and gives true.
+/// Checks and applies one queued edit. False if it stays queued: input incomplete or invalid, or
+/// not saved. True otherwise, also without an open window or a queued edit, where it does nothing.
 bool applyEdit(App& app, int id);
 
-/// Takes the red off a box, on the screen too.
+/// Clears a box's invalid mark and repaints its frame.
 void clearInvalid(App& app, int id);
 
 }  // namespace mrl

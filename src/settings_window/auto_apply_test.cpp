@@ -107,7 +107,7 @@ TEST_F(AutoApplyTest, TypingTakesTheRedAwayAtOnce) {
   EXPECT_FALSE(isRed(kSecondsBox));
   EXPECT_EQ(view().redrawnFrames, std::vector{int{kSecondsBox}});
   view().type(kSecondsBox, u"8");
-  EXPECT_EQ(view().redrawnFrames.size(), 1u);  // there was no red to take away
+  EXPECT_EQ(view().redrawnFrames.size(), 1u);  // there was no mark to clear
 }
 
 TEST_F(AutoApplyTest, OneRedBoxHoldsUpNoOtherField) {
@@ -443,7 +443,7 @@ TEST_F(AutoApplyTest, TheClockTakesItsNewHeightToo) {
 }
 
 TEST_F(AutoApplyTest, AnActionThatIsTakenAwayPutsNothingElseOut) {
-  app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;  // by whatever road
+  app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;  // however it came
   refillForm(app);
   view().click(kExitShowCheck);
   EXPECT_EQ(status(), kApplied);

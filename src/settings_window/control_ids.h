@@ -1,10 +1,10 @@
-// The numbers of the settings window's controls. Tests and other programs find them by these.
+// The ids of the settings window's controls. Tests and other programs find the controls by them.
 #pragma once
 
 namespace mrl {
 
 enum ControlId : int {
-  kContentPane = 0,  // no control: the pane that carries the pages
+  kContentPane = 0,  // no control: the pane that holds the pages
   kEnterKey = 1,     // no control: what a dialog sends for Enter and Escape
   kEscapeKey = 2,
   kApplyAll = 200,  // no control: applies all pending input
@@ -17,7 +17,7 @@ enum ControlId : int {
   kToggleButton = 278,
   kResetButton = 279,
   kModeCombo = 280,
-  kFirstSection = 500,  // and one more for each further page
+  kFirstSection = 500,  // plus the page's index
 
   // Timing and actions.
   kDownRadio = 203,
@@ -84,7 +84,7 @@ enum ControlId : int {
   kColourTitle = 652,
   kFontTitle = 653,
 
-  // The two stage alerts; the rest of their controls are counted from kStageBases.
+  // The two stages; the ids of their other controls start at kStageBases.
   kFirstStageTitle = 630,
   kFirstStageAdvanceLabel = 631,
   kFirstStageLengthLabel = 632,
@@ -128,7 +128,7 @@ enum ControlId : int {
   kShowTitle = 656,
 };
 
-/// Where the controls of the two stage alerts begin; what each of them is tells the offset.
+/// First ids of the two stages' controls; a control's id is this base plus its StageControl offset.
 inline constexpr int kFirstStage = 400;
 inline constexpr int kSecondStage = 420;
 inline constexpr int kStageBases[] = {kFirstStage, kSecondStage};

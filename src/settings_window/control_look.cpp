@@ -11,7 +11,7 @@ namespace {
 
 struct ButtonLook {
   uint32_t rest, hover, pressed;
-  std::optional<uint32_t> outline;  // none: the fill's colour
+  std::optional<uint32_t> outline;  // empty: same as the fill
   uint32_t text;
   Face face;
 };
@@ -37,7 +37,7 @@ const ButtonLook& buttonLook(const ControlState& button) {
   }
 }
 
-/// What is half typed has a colour too: as much as reads as a number.
+/// Half-typed text gives a colour too, from the part that parses as a number.
 uint32_t swatchColour(const std::u16string& text) {
   if (text.empty()) return 0;
   const std::wstring digits(text.begin() + 1, text.end());

@@ -1,5 +1,5 @@
-// What the controls of the settings window look like, decided without a screen: colours, fonts, and
-// what is painted for a control in a given state. Pixels; colours are 0xRRGGBB. Pure functions, any
+// What the controls of the settings window look like, computed without a screen: colours, fonts and
+// the drawing of a control in a given state. Pixels; colours are 0xRRGGBB. Pure functions, any
 // thread.
 #pragma once
 
@@ -21,14 +21,14 @@ inline constexpr uint32_t kPageFill = 0xF5F7FB;
 inline constexpr uint32_t kReadOnlyFill = 0xF6F8FC;
 inline constexpr uint32_t kHairline = 0xDCE3ED;
 inline constexpr uint32_t kCardLine = 0xE6EBF3;
-inline constexpr uint32_t kWarnText = 0xA06812;     // the status line while input waits
+inline constexpr uint32_t kWarnText = 0xA06812;     // the status line while input is not applied
 inline constexpr uint32_t kInvalidLine = 0xCC424A;  // around an invalid box
 inline constexpr uint32_t kHostDark = 0x273346;     // behind a preview of text alone
 inline constexpr uint32_t kHostLight = 0xEEF3F9;
 
 struct Typeface {
   const char16_t* family;
-  int units;  // height of 1/96 inch, without the leading
+  int units;  // height in 1/96 inch, without internal leading
   int weight;
 };
 /// In the order of Face.
@@ -36,10 +36,10 @@ inline constexpr Typeface kTypefaces[] = {
     {u"Segoe UI", 14, 400}, {u"Segoe UI", 14, 600}, {u"Segoe UI", 12, 400},
     {u"Segoe UI", 26, 600}, {u"Segoe UI", 17, 600}, {u"Consolas", 25, 600},
 };
-/// What a control has as its own font.
+/// The font of a control.
 Face faceOf(int id);
 
-/// Heights of the rows, 1/96 inch.
+/// Row heights in 1/96 inch.
 inline constexpr int kComboRowUnits = 32;
 inline constexpr int kFileRowUnits = 54;
 
@@ -64,23 +64,23 @@ struct BoxState {
   bool isInvalid = false;
   bool isFocused = false;
 };
-/// The frame of an edit box; its client area is left out of the painting.
+/// The frame of an edit box. It covers the client area too, which the painter has to exclude.
 Drawing drawBoxFrame(const BoxState& box, int dpi);
-/// What the frame leaves of the system's client area.
+/// What our frame leaves of `client`, the client area that the system computed.
 Rect withinBoxFrame(const Rect& client, int dpi);
 
-/// Who asks for the colours of a text that the system paints.
+/// The kind of control that asks for its colours before the system paints it.
 enum class ColourAsker { Box, List, ScrollBar, Static };
 struct ChildState {
   int id = 0;
   bool isEnabled = true;
   bool isReadOnly = false;
-  bool hasUnsavedInput = false;  // the form, not the control
+  bool hasUnsavedInput = false;  // state of the form, not of the control
 };
 struct ChildColours {
   uint32_t text = kMuted;
   uint32_t fill = kWhite;
-  bool isTransparent = false;  // the text stands on what is there
+  bool isTransparent = false;  // the text is drawn without a background
   bool operator==(const ChildColours&) const = default;
 };
 ChildColours childColours(ColourAsker asker, const ChildState& child);

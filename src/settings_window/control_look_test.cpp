@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kDpi = 96;
 
-/// The shape of that kind in a drawing, counted from 0; a default one where there is none.
+/// The shape of that kind at `index`, counted from 0. Fails the test if there is none.
 template <class Kind>
 Kind nth(const Drawing& drawing, int index = 0) {
   for (const Shape& shape : drawing) {
@@ -119,7 +119,7 @@ struct ButtonRow {
   std::set<int> ids;
   bool isActive;
   uint32_t rest, hover, pressed;
-  std::optional<uint32_t> outline;  // none: as the fill
+  std::optional<uint32_t> outline;  // empty: same as the fill
   uint32_t text;
   Face face;
 };

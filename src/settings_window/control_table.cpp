@@ -31,7 +31,7 @@ constexpr Control kControls[] = {
     {kSecondsLabel, Caption, u"秒", 0},
     {.id = kDownRadio, .kind = Radio, .text = u"倒计时", .page = 0, .startsGroup = true},
     {kUpRadio, Radio, u"正计时", 0},
-    // The end of the radio buttons' group.
+    // Ends the group of the radio buttons.
     {.id = kHideNoDocumentCheck,
      .kind = Check,
      .text = u"无文档时自动隐藏",

@@ -1,5 +1,5 @@
-// Every control of the settings window, in the order of creation, which is also that of the Tab
-// key. Constant data, any thread.
+// Every control of the settings window, in order of creation, which is also the Tab order. Constant
+// data, any thread.
 #pragma once
 
 #include <optional>
@@ -15,9 +15,9 @@ enum class ControlKind {
   Button,
   Check,
   Radio,
-  Title,       // static text at the head of a card
+  Title,       // static text, the heading of a card
   Caption,     // other static text, on one line
-  Paragraph,   // the same, on several lines if need be
+  Paragraph,   // the same, wrapped if necessary
   TimerLine,   // static text on one line, cut with an ellipsis
   StatusLine,  // static text, owner-drawn
   NumberBox,
@@ -41,24 +41,25 @@ struct Control {
   const char16_t* text;
   int page;                                    // 0 to 4, kEveryPage or kNoPage
   const char16_t* cue = nullptr;               // shown in an empty box
-  bool startsGroup = false;                    // that the arrow keys go round in
-  std::span<const char16_t* const> rows = {};  // of a combo; the names of the tabs
+  bool startsGroup = false;                    // of controls that the arrow keys move within
+  std::span<const char16_t* const> rows = {};  // rows of a combo, or names of the tabs
 };
 
-/// A page's control is a child of the content pane, any other of the window itself.
+/// Controls of a page are children of the content pane (the preview: of its host), all others of
+/// the window itself.
 constexpr bool isOnPane(const Control& control) { return control.page >= 0; }
 constexpr bool isEditBox(ControlKind kind) {
   return kind == ControlKind::NumberBox || kind == ControlKind::TextBox ||
          kind == ControlKind::AddressBox;
 }
-/// Whether the Tab key stops there.
+/// Whether it is a Tab stop.
 constexpr bool isInteractive(ControlKind kind) {
   return kind == ControlKind::Tabs || kind == ControlKind::Section || kind == ControlKind::Button ||
          kind == ControlKind::Check || kind == ControlKind::Radio || isEditBox(kind) ||
          kind == ControlKind::Combo || kind == ControlKind::List;
 }
 
-/// A button that shows the colour of the box beside it, and picks another.
+/// A button that shows the colour of the box beside it and opens the colour picker.
 struct ColourPicker {
   int id;
   int box;
@@ -72,8 +73,8 @@ inline constexpr ColourPicker kColourPickers[] = {
 /// The box of a picker; empty for any other control.
 std::optional<int> colourBoxOf(int id);
 
-/// What a screen reader calls a control whose own text, or the label right before it, is not enough
-/// to know it by.
+/// The accessible name of a control that its own text, or the label right before it, doesn't
+/// identify.
 struct SpokenName {
   int id;
   const char16_t* name;
@@ -81,7 +82,7 @@ struct SpokenName {
 std::span<const SpokenName> spokenNames();
 
 std::span<const Control> allControls();
-/// Null where there is none of that number.
+/// Null for an unknown id.
 const Control* findControl(int id);
 
 }  // namespace mrl

@@ -116,7 +116,7 @@ Look lookOf(ControlKind kind) {
 struct Shown {
   int id;
   Look look;
-  std::u16string text;  // of a combo and the tabs the rows, with a bar between them
+  std::u16string text;  // for a combo and the tabs their rows, separated by a bar
   std::u16string cue;
 };
 
@@ -272,7 +272,7 @@ TEST(ControlTableTest, EveryControlIsOfItsKindAndSaysItsText) {
 
 TEST(ControlTableTest, AnUnknownIdIsNoControl) { EXPECT_EQ(findControl(214), nullptr); }
 
-/// What a screen reader says: the name given, or the control's own text, or the label before it.
+/// The name a screen reader uses: the explicit one, else the control's text, else the label before.
 std::u16string spokenOf(const Control& control) {
   for (const SpokenName& spoken : spokenNames()) {
     if (spoken.id == control.id) return spoken.name;

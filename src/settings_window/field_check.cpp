@@ -53,7 +53,7 @@ void takePath(App& app, const Field& field, FileKind wanted, const char16_t* err
   }
 }
 
-/// A row of a combo, as an index below `count`.
+/// The selected row of a combo, clamped to an index below `count`.
 size_t rowIn(App& app, int id, size_t count) {
   const int row = std::max(app.platform.settingsView.row(id), 0);
   return std::min(static_cast<size_t>(row), count - 1);

@@ -1,4 +1,4 @@
-// Takes one field from its control, if what stands there is valid. UI thread.
+// Validates the input of one field and reads it into a Settings candidate. UI thread.
 #pragma once
 
 #include <string>
@@ -10,13 +10,13 @@ namespace mrl {
 
 struct FieldCheck {
   bool valid = true;
-  bool typing = false;  // an empty box in which the user still is: neither valid nor invalid
+  bool typing = false;  // an empty number box that has the focus: neither valid nor invalid
   std::u16string error;
-  int errorId = 0;  // the control that is to blame
+  int errorId = 0;  // the control with the invalid input
 };
 
-/// Puts the control's value into `candidate`; an invalid one leaves the field as it was. An empty
-/// number box that the user has left gets a 0. REQUIRES: the window is open.
+/// Reads the control's value into `candidate`; invalid or unfinished input leaves the field
+/// unchanged. Writes 0 into an empty number box without the focus. REQUIRES: the window is open.
 FieldCheck takeField(App& app, const Field& field, Settings& candidate);
 
 }  // namespace mrl

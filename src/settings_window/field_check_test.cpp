@@ -1,4 +1,4 @@
-// Every field of the form: what it takes, what it refuses, and that it changes nothing else.
+// Every field of the form: what it accepts, what it rejects, and that it changes nothing else.
 #include "settings_window/field_check.h"
 
 #include "base/text.h"
@@ -177,7 +177,7 @@ TEST_F(FieldCheckTest, ACorrectedPairLosesItsRed) {
   for (const TimeCase& row : kTimes) {
     openWith(Settings{});
     enter(row.seconds, u"70");
-    view().texts[row.seconds] = u"7";  // not by typing, which would clear the mark by itself
+    view().texts[row.seconds] = u"7";  // typing would clear the mark by itself
     enter(row.minutes, u"3");
     EXPECT_EQ(status(), kApplied);
     EXPECT_FALSE(isRed(row.seconds));
@@ -264,7 +264,7 @@ TEST_F(FieldCheckTest, AnyFontNameGoesButNone) {
 struct PathCase {
   int id;
   const char16_t* fits;
-  const char16_t* isOther;  // something stands there, but of the wrong kind
+  const char16_t* isOther;  // exists, but is of the wrong kind
   const char16_t* error;
   std::u16string& (*field)(Settings&);
 };

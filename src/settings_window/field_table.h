@@ -1,5 +1,5 @@
-// Which control edits which field of the record: the one table that checking, filling and reading
-// back go by. Constant data, any thread.
+// Which control edits which field of Settings: the one table used to check input and to copy
+// between controls and form. Constant data, any thread.
 #pragma once
 
 #include <cstdint>
@@ -16,18 +16,18 @@ enum class FieldKind {
   Flag,
   DownRadio,   // one of the pair of radio buttons
   Number,      // whole, within the range
-  Time,        // minutes, with a box of seconds beside it
+  Time,        // boxes of minutes and seconds; stored in seconds
   Colour,      // #RRGGBB
-  ShapeRow,    // the row itself
-  FontWeight,  // one of kFontWeights by the row
-  FontName,    // any text but none
-  Folder,      // of these three, empty stands for none
+  ShapeRow,    // stored as the row's index
+  FontWeight,  // kFontWeights[row]
+  FontName,    // any text that is not empty
+  Folder,      // this and the next two may be empty: no path chosen
   File,
   StageSound,
-  SkipList,  // edited in the list of files
+  SkipList,  // edited in the list of files, has no box
 };
 
-/// A field of the record, or of one of its stages.
+/// A member of Settings, or of one of its two stages.
 template <class T>
 struct FieldOf {
   T Settings::*direct = nullptr;
@@ -46,12 +46,12 @@ using NumberField = FieldOf<uint32_t>;
 using TextField = FieldOf<std::u16string>;
 
 struct Field {
-  int id;  // of the control; for a time that of the minutes
+  int id;  // of the control; for a time the box of the minutes
   FieldKind kind;
   std::variant<std::monostate, FlagField, NumberField, TextField> place;
-  uint32_t lowest = 0;  // of a number
+  uint32_t lowest = 0;  // of a number, or of a time's minutes
   uint32_t highest = 0;
-  int secondsId = 0;  // of a time
+  int secondsId = 0;  // for a time, the box of the seconds
 
   [[nodiscard]] const FlagField& flag() const { return std::get<FlagField>(place); }
   [[nodiscard]] const NumberField& number() const { return std::get<NumberField>(place); }
@@ -65,9 +65,9 @@ inline constexpr int kOtherWeightRow = 2;
 inline constexpr int kShapeCount = 3;
 
 std::span<const Field> allFields();
-/// Null for a control that edits none.
+/// Null for a control that edits no field.
 const Field* findField(int id);
-/// The control under which an edit is booked: that of the minutes for a box of seconds, else `id`.
+/// The id that an edit is queued under: for a box of seconds its box of minutes, else `id`.
 int bookedId(int id);
 
 }  // namespace mrl

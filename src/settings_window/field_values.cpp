@@ -9,7 +9,7 @@ namespace {
 constexpr std::u16string_view kHexDigits = u"0123456789ABCDEF";
 constexpr size_t kColourLength = 7;
 
-/// Empty when one of them is no digit in `base`, or the value outgrows 32 bits.
+/// Empty if a character is not a digit in `base`, or the value exceeds 32 bits.
 std::optional<uint32_t> valueOf(std::u16string_view digits, uint32_t base) {
   uint64_t value = 0;
   for (const char16_t unit : digits) {
@@ -22,7 +22,7 @@ std::optional<uint32_t> valueOf(std::u16string_view digits, uint32_t base) {
   return static_cast<uint32_t>(value);
 }
 
-/// Chinese input methods type digits of full width too, and a box for numbers takes them.
+/// Chinese input methods can type full-width digits, and the number boxes accept them.
 char16_t plainDigit(char16_t unit) {
   return unit >= u'０' && unit <= u'９' ? static_cast<char16_t>(unit - u'０' + u'0') : unit;
 }

@@ -1,4 +1,4 @@
-// The text forms of what the boxes hold. Pure functions, any thread.
+// Converts between values and the text of the boxes. Pure functions, any thread.
 #pragma once
 
 #include <cstdint>
@@ -8,10 +8,11 @@
 
 namespace mrl {
 
-/// Decimal digits and nothing else, but for blanks before them; within 32 bits.
+/// Parses decimal digits, full-width ones too, after optional blanks and tabs. Empty for anything
+/// else, or beyond 32 bits.
 std::optional<uint32_t> numberFrom(std::u16string_view text);
 
-/// Exactly #RRGGBB, in either case.
+/// Parses exactly #RRGGBB, in either case. Empty for anything else.
 std::optional<uint32_t> colourFromText(std::u16string_view text);
 std::u16string colourText(uint32_t rgb);
 

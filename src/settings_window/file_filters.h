@@ -1,4 +1,4 @@
-// Which files the pickers of the settings window offer. Constant data, any thread.
+// The file types offered by the settings window's pickers. Constant data, any thread.
 #pragma once
 
 #include "settings_window/settings_view.h"
@@ -6,8 +6,8 @@
 namespace mrl {
 
 struct OfferedFiles {
-  const char16_t* name;      // as the user reads it
-  const char16_t* patterns;  // divided by ";"
+  const char16_t* name;      // shown to the user
+  const char16_t* patterns;  // separated by ";"
 };
 const OfferedFiles& offeredFiles(FileFilter filter);
 

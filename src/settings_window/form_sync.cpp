@@ -13,7 +13,7 @@ namespace {
 
 constexpr uint32_t kSecondsPerMinute = 60;
 
-/// The shown record's value where the box can't be read.
+/// The number in the box, or `present` if it can't be parsed.
 uint32_t numberOr(App& app, int id, uint32_t present) {
   return numberFrom(app.platform.settingsView.text(id)).value_or(present);
 }

@@ -1,25 +1,27 @@
-// The form's record and its controls, one into the other. UI thread. Without an open window nothing
-// here has a meaning, and the two that follow the live record do nothing.
+// Copies between the form's settings and its controls. UI thread. REQUIRES an open window, except
+// for showChangedSize() and showChangedMode(), which do nothing without one.
 #pragma once
 
 #include "core/app.h"
 
 namespace mrl {
 
-/// Reads all controls into the form's record. A box that can't be read leaves its field alone.
+/// Reads all controls into the form's settings. A box that can't be parsed leaves its field
+/// unchanged.
 void syncForm(App& app);
 
-/// Writes the form's record into all controls, and refreshes what depends on it.
+/// Writes the form's settings into all controls, and refreshes the preview and what can be used.
 void fillControls(App& app);
 
-/// Writes the clock's size alone.
+/// Writes only the two boxes of the clock's size.
 void fillSizeBoxes(App& app);
 
-/// The clock's size, or its mode, was changed in the live record from outside the window.
+/// Call when the clock's size, or the automatic or manual mode, was changed in the live settings
+/// other than by a field of this form: copies it into the form's settings and the controls.
 void showChangedSize(App& app);
 void showChangedMode(App& app);
 
-/// Which controls can be used now.
+/// Enables or disables the controls that depend on other settings, a selection or the service.
 void refreshEnableStates(App& app);
 
 }  // namespace mrl

@@ -8,7 +8,7 @@ namespace {
 
 class FormSyncTest : public SettingsFixture {
  protected:
-  /// No field has its default, and the controls can show them all.
+  /// Every field differs from its default and can be shown by its control.
   static Settings record() {
     Settings record = fullRecord();
     record.fontWeight = 900;
@@ -130,7 +130,7 @@ TEST_F(FormSyncTest, ControlsThatHaveNothingToSayAreGrey) {
        [](Settings& s) { s.prompt2.enabled = false; }},
       {{426, 427, 429}, [](Settings& s) { s.prompt2.sound = false; }},
   };
-  const std::set<int> always = {272, 274, 215, 275};  // no service runs, no file is selected
+  const std::set<int> always = {272, 274, 215, 275};  // the service is stopped, no file is selected
   for (const EnableCase& row : cases) {
     app.settings = all;
     refillForm(app);

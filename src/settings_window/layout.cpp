@@ -13,9 +13,9 @@ namespace {
 constexpr int kLineUnits = 56;  // a step of the scroll bar, a notch of the wheel
 constexpr int kWheelNotch = 120;
 constexpr int kSightUnits = 12;   // between a control and the pane's edge
-constexpr int kSideBySide = 660;  // from this width of the cards the two stages share a row
+constexpr int kSideBySide = 660;  // from this Columns::all on, the stages share a row
 constexpr int kStageHeight = 454;
-constexpr int kDrop = 190;  // a combo's height counts its open list too
+constexpr int kDrop = 190;  // a combo's height includes its open list
 
 struct Place {
   int id;
@@ -30,7 +30,7 @@ struct Page {
   int extent;
 };
 
-/// The columns that follow the window's width.
+/// Columns derived from the width of a card.
 struct Columns {
   explicit Columns(int cardWidth)
       : all(cardWidth),
@@ -221,7 +221,7 @@ std::vector<Place> framePlaces(Size window, Size pane) {
   return places;
 }
 
-/// Position and size are scaled each by itself, as a control's size must not depend on its place.
+/// Scales position and size separately: a control's size must not depend on its position.
 template <class Box>
 Rect pixelsOf(const Box& box, int dpi, int scroll) {
   const int left = toPixels(box.x, dpi);
@@ -254,7 +254,7 @@ PageLayout layOut(Size client, int dpi, int page, int scroll) {
   PageLayout layout;
   layout.extent = toPixels(content.extent, dpi);
   layout.paneHeight = toPixels(pane.height, dpi);
-  // What the system lets the bar reach; the difference, scaled, may be a pixel more or less.
+  // Subtract pixels, as the scroll bar does: scaling the difference could be off by one pixel.
   layout.scroll = std::clamp(scroll, 0, std::max(layout.extent - layout.paneHeight, 0));
   layout.frame = pixelsOf(framePlaces(window, pane), dpi, 0);
   layout.page = pixelsOf(content.places, dpi, layout.scroll);

@@ -1,4 +1,4 @@
-// Where each control of each page stands, row by row, whatever the window's size and the monitor.
+// The position of each control of each page, for many window sizes, on three monitors.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace mrl {
 namespace {
 
 using Length = std::optional<int>;
-constexpr std::nullopt_t kAny = std::nullopt;  // the page's own affair
+constexpr std::nullopt_t kAny = std::nullopt;  // not checked
 
 /// Units of 1/96 inch.
 struct Row {
@@ -24,7 +24,7 @@ using Rows = std::vector<Row>;
 
 int scaled(int value, int by, int per) { return (value * by + per / 2) / per; }
 
-/// What all places are counted from.
+/// What all positions are derived from.
 struct Values {
   Values(Size client, int dpi)
       : windowWidth(scaled(client.width, 96, dpi)), windowHeight(scaled(client.height, 96, dpi)) {}
@@ -159,13 +159,13 @@ Rows presentationRows(const Values& v) {
   return rows;
 }
 
-/// Units: a card's top and height.
+/// A card's top and height in units.
 struct Span {
   int top, height;
 };
 struct Page {
   Rows (*rows)(const Values& values);
-  bool isComplete;  // no control of the page is left to it
+  bool isComplete;  // every control of the page is listed
   std::vector<Span> cards;
   int extent;
 };
@@ -177,8 +177,8 @@ const Page kPages[] = {
     {presentationRows, false, {{0, 164}, {188, 376}, {588, 124}}, 736},
 };
 
-/// Every page, in windows below, at and above each bound of the formulas, on three monitors, at the
-/// top and scrolled.
+/// Every page, in windows below, at and above each threshold of the formulas, at the top and
+/// scrolled. The parameter is the monitor's DPI.
 class LayoutPlacesTest : public ::testing::TestWithParam<int> {
  protected:
   static constexpr int kWidths[] = {500, 552, 640, 767, 768, 815,  816,
@@ -279,7 +279,7 @@ TEST_P(LayoutPlacesTest, APageIsAsHighAsItsCardsNeed) {
 
 TEST_P(LayoutPlacesTest, InAWindowOfAnAllowedSizeEveryControlLiesOnACard) {
   forEachWindow([&] {
-    if (values().windowWidth < 880) return;  // 900 less its borders
+    if (values().windowWidth < 880) return;  // 900 without the borders
     for (const Placement& place : layout.page) {
       const bool isCombo = findControl(place.id)->kind == ControlKind::Combo;
       const int bottom = isCombo ? place.rect.top : place.rect.bottom;

@@ -16,7 +16,7 @@ bool overlap(const Rect& a, const Rect& b) {
   return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 }
 
-/// A combo's height counts its list, which lies over whatever is below it.
+/// A combo's height includes its list, which may overlap what is below.
 Rect closed(const Placement& placement, int dpi) {
   Rect rect = placement.rect;
   if (findControl(placement.id)->kind == ControlKind::Combo) {
@@ -121,7 +121,7 @@ TEST_F(LayoutScrollTest, OnlyAControlOfThePageMovesIt) {
   }
 }
 
-/// Whether the end of the present page is where the system ends its scroll bar.
+/// Whether the current page ends where its scroll bar ends.
 bool endsWithItsBar(App& app, SettingsViewFake& view) {
   app.form.scrollPosition = 1'000'000;
   layoutPage(app);
@@ -131,13 +131,13 @@ bool endsWithItsBar(App& app, SettingsViewFake& view) {
   const ScrollInfo bar = view.scrollInfo(Bar::Page);
   const int end = std::max(bar.last - bar.page + 1, 0);
   view.calls.clear();
-  scrollPage(app, ScrollStep::LineForward);  // beyond the end, where nothing moves
+  scrollPage(app, ScrollStep::LineForward);  // beyond the end: nothing moves
   return laidOut == end && app.form.scrollPosition == end && bar.position == end &&
          view.calls.empty();
 }
 
 TEST_F(LayoutScrollTest, APageEndsWhereItsScrollBarEndsHoweverTheMonitorScales) {
-  // At 120 DPI the page's end and the pane's height are rounded, and so is their difference.
+  // At 120 DPI the page's height and the pane's are rounded, and so would be their difference.
   for (const int dpi : {96, 120, 144, 168, 192, 216}) {
     view().windowDpi = dpi;
     for (int page = 0; page < kPageCount; ++page) {
@@ -180,7 +180,7 @@ TEST_F(LayoutScrollTest, EachStepOfTheScrollBarGoesItsWay) {
   EXPECT_EQ(view().calls.back(), "redrawPane");
   scrollPage(app, ScrollStep::Drop, 44);
   EXPECT_EQ(app.form.scrollPosition, 44);
-  scrollPage(app, ScrollStep{8});  // the end of a scroll, which goes nowhere
+  scrollPage(app, ScrollStep{8});  // SB_ENDSCROLL: no movement
   EXPECT_EQ(app.form.scrollPosition, 44);
 }
 

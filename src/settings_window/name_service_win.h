@@ -1,8 +1,8 @@
-// Stands for the system's service that is told the names of controls. Tests only.
+// A fake of the system's service for the accessible names of controls. Tests only.
 #pragma once
 
 #include <windows.h>
-// After <windows.h>, which they lean on.
+// Must come after <windows.h>.
 #include <objbase.h>
 #include <oleacc.h>
 
@@ -11,13 +11,13 @@
 
 namespace mrl {
 
-/// The service and its factory in one; lives on the stack, so nobody's count ends it.
+/// The service and its class factory in one. Not reference-counted: the test owns it.
 class NameService : public IAccPropServices, public IClassFactory {
  public:
   std::map<HWND, std::wstring> names;
   HRESULT answer = S_OK;
 
-  /// For as long as it lives it is the one that this thread is given.
+  /// While it lives, this thread gets it instead of the system's.
   NameService() {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     registered =
@@ -64,7 +64,7 @@ class NameService : public IAccPropServices, public IClassFactory {
     return answer;
   }
 
-  // Nobody calls these.
+  // Not called.
   HRESULT STDMETHODCALLTYPE SetPropValue(const BYTE*, DWORD, MSAAPROPID, VARIANT) override {
     return E_NOTIMPL;
   }

@@ -19,14 +19,14 @@ constexpr char16_t kCheckedBox[] =
     u"已核对程序、端口和本地子网规则，适用于公用、专用及域网络。"
     u"请启动遥控服务，并使用另一台设备测试连接。其他安全软件或系统策略仍可能影响连接。";
 
-/// In the status line, and in a box that waits for the user.
+/// Reports in the status line and in a modal message box.
 void tell(App& app, const std::u16string& text, DialogIcon icon) {
   setStatus(app, text);
   app.platform.settingsView.inform(text, kTitle, icon);
 }
 
-/// By its full path and in the system's folder: it gets this program's administrator rights, and a
-/// search would look into the current folder too, which may be the one of all downloads.
+/// By its full path, with the system's folder as its working folder: it inherits this program's
+/// administrator rights, and a search would also look in the current folder, maybe the downloads.
 bool openConsole(App& app) {
   const std::u16string folder = app.platform.firewall.systemFolder();
   return !folder.empty() && app.platform.shell.open(folder + kConsole, folder);

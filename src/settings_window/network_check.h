@@ -1,13 +1,14 @@
-// Check and repair of the network access: what stands in a phone's way, told to the user. UI
-// thread.
+// Checks and repairs the network access of the remote service: finds what keeps a phone from
+// connecting and reports it to the user. UI thread.
 #pragma once
 
 #include "core/app.h"
 
 namespace mrl {
 
-/// Asks firewall and network anew and leads the user on. Rules of others are never changed; the
-/// firewall's own console is opened for them if the user wants that. Blocks while a box is open.
+/// Checks the firewall and the network again, adds the program's rule if it is missing, and reports
+/// the result. Never changes existing rules; offers to open the firewall's console instead. Blocks
+/// while a message box is open. In test mode nothing is checked.
 void checkAndRepairNetwork(App& app);
 
 }  // namespace mrl

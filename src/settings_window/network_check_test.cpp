@@ -119,7 +119,7 @@ TEST_F(NetworkCheckTest, AMissingNetworkIsToldThoughTheRuleFits) {
 
 TEST_F(NetworkCheckTest, ACheckThatFailsAfterTheRuleWasMadeIsAWarning) {
   firewall.made = {fitting};
-  firewall.goodSearches = 5;  // two each before it is made, and the one that finds it
+  firewall.goodSearches = 5;  // two for each check before it is made, one that finds it
   firewall.search = RuleSearch::Failed;
   press();
   const std::u16string text = u"无法查询 Windows 防火墙规则。";

@@ -180,7 +180,7 @@ TEST_F(PresentationPageTest, WithoutAWindowNothingIsListed) {
   EXPECT_TRUE(files().done.empty());
 }
 
-/// Whether a phone is told that the file is not timed.
+/// Whether the remote's state reports the file as excluded from timing.
 bool isSkippedForPhone(App& app, const std::string& name) {
   return buildStateJson(app).find("\"name\":\"" + name + "\",\"skip\":true") != std::string::npos;
 }
@@ -237,7 +237,7 @@ TEST_F(PresentationPageTest, ASwitchedFileThatHasGoneLeavesItsRowToTheNext) {
 }
 
 TEST(ListWheelTest, AListKeepsTheWheelUntilItIsAtItsEnd) {
-  // Twelve rows of which three and a part can be seen.
+  // Twelve rows, of which three and a part are visible.
   const ListWheel middle{.delta = -120, .topRow = 4, .rows = 12, .height = 204, .rowHeight = 54};
   ListWheel wheel = middle;
   EXPECT_FALSE(handsWheelOn(wheel));

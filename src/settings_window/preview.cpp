@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kPreviewLineUnits = 24;
 
-/// So that a size which is being typed can't make the preview absurd.
+/// Clamped to the clock's limits: a size that is still being typed may be absurd.
 Size previewPixels(const App& app) {
   const auto within = [](uint32_t value, int smallest, int largest) {
     return static_cast<int>(
@@ -29,13 +29,13 @@ Size previewPixels(const App& app) {
   return clockPixels(units, app.platform.settingsView.dpi());
 }
 
-/// One axis: its bar, with the position within what the bar reaches.
+/// Sets the scroll bar of one axis and clamps `scroll` to its range.
 void setBar(SettingsView& view, Bar bar, int host, int length, int& scroll) {
   scroll = std::clamp(scroll, 0, std::max(length - host, 0));
   view.setScrollInfo(bar, {.last = length - 1, .page = host, .position = scroll});
 }
 
-/// Where it begins: in the middle of its host unless it has to scroll.
+/// The preview's left or top edge in its host: centred unless it has to scroll.
 int nearEdge(int host, int length, int scroll) { return std::max((host - length) / 2, 0) - scroll; }
 
 }  // namespace
@@ -61,7 +61,7 @@ void refreshPreview(App& app) {
   SettingsView& view = app.platform.settingsView;
   const Size size = previewPixels(app);
   Point& scroll = app.form.previewScroll;
-  // A bar that comes or goes changes the size of the host, which is therefore read each time.
+  // Read the host's size each time: a scroll bar that appears or disappears changes it.
   setBar(view, Bar::PreviewHorizontal, view.previewHostSize().width, size.width, scroll.x);
   setBar(view, Bar::PreviewVertical, view.previewHostSize().height, size.height, scroll.y);
   const Size host = view.previewHostSize();
@@ -114,7 +114,7 @@ void onPreviewSized(App& app, Size pixels) {
 void onPreviewDragEnded(App& app) {
   if (!app.form.previewDrag) return;
   app.form.previewDrag.reset();
-  refreshPreview(app);  // a drag moves it off the middle, and maybe out of its host
+  refreshPreview(app);  // the drag may have left it off centre or out of its host
 }
 
 }  // namespace mrl

@@ -1,5 +1,5 @@
-// The preview of the clock in its true size, and the sentence about what happens when the time is
-// up. Both show the form, applied or not. UI thread.
+// The preview of the clock in its true size, and the summary of what happens when the time is up.
+// Both show the form's settings, applied or not. UI thread.
 #pragma once
 
 #include "core/app.h"
@@ -7,20 +7,20 @@
 
 namespace mrl {
 
-/// Places the preview in its host, repaints it and the colours beside their boxes, and writes the
-/// sentence. Without a window it does nothing.
+/// Places the preview in its host, repaints it and the colour pickers, and updates the summary and
+/// which controls can be used. Does nothing without a window.
 void refreshPreview(App& app);
 
-/// What the preview shows now. It refers to the form's record.
+/// What the preview shows now. The result refers to the form's settings.
 ClockPicture previewPicture(const App& app);
 
 std::u16string expirySummary(const Settings& settings);
 
-/// Of the host: `bar` is one of the preview's.
+/// A step of one of the host's scroll bars; `bar` is one of the preview's two.
 void scrollPreview(App& app, Bar bar, ScrollStep step);
 
-/// A drag of one of its corners, from press to release or to the loss of the mouse; the cursor on
-/// the screen. Meanwhile each size that the preview takes is typed into the boxes.
+/// A corner drag, from press to release or loss of the mouse capture; the cursor in screen pixels.
+/// Each size that the preview takes meanwhile is written into the size boxes and queued as an edit.
 void onPreviewCornerPress(App& app, CornerHit hit, Point cursor);
 void onPreviewCornerDrag(App& app, Point cursor);
 void onPreviewSized(App& app, Size pixels);

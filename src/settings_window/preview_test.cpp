@@ -71,7 +71,7 @@ TEST_F(PreviewPaneTest, AHostThatChangesItsSizeMovesThePreview) {
 
 TEST_F(PreviewPaneTest, EachScrollStepGoesItsWay) {
   view().windowDpi = 144;
-  view().type(kWidthBox, u"1200");  // 1800 pixels in a host of 683
+  view().type(kWidthBox, u"1200");  // 1800 pixels wide in a host of 683
   const struct {
     ScrollStep step;
     int position;

@@ -1,4 +1,4 @@
-// The code of the connection address. Any thread.
+// The QR code of the remote's address. Any thread.
 #pragma once
 
 #include <string>
@@ -6,15 +6,15 @@
 
 namespace mrl {
 
-/// A row per line of modules, as many as there are columns; true is a dark one. Empty: none.
+/// Square, row by row; true is a dark module. Empty if there is no code.
 using QrMatrix = std::vector<std::vector<bool>>;
 
-/// Encodes `text` as UTF-8 with medium correction, or better where it costs no space. False, and
-/// `matrix` empty, when it is too long. No exception leaves it.
+/// Encodes `text` as UTF-8 with medium error correction, or better if the code gets no larger.
+/// False, with an empty `matrix`, if the text is too long. Does not throw.
 [[nodiscard]] bool encodeQrCode(const std::u16string& text, QrMatrix& matrix);
 
-/// Where a matrix of `rows` rows stands in a control: pixels per module, and the top left corner.
-/// The control's white background is the quiet zone, unless it is too small for that.
+/// The placement of a matrix of `rows` rows in a control: pixels per module, and the top left
+/// corner. The control's white background is the quiet zone, unless the control is too small.
 struct QrPlace {
   int modulePixels = 1;
   int left = 0;

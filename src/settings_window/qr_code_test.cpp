@@ -16,12 +16,12 @@ TEST(QrCodeTest, AnAddressGivesASquareWithItsThreeFinders) {
     EXPECT_FALSE(matrix[top + 1][left + 1]);
     EXPECT_TRUE(matrix[top + 3][left + 3]);
   }
-  EXPECT_TRUE(matrix[matrix.size() - 8][8]);  // the module that is always dark
+  EXPECT_TRUE(matrix[matrix.size() - 8][8]);  // this module is dark in every code
 }
 
 TEST(QrCodeTest, RowsAreNotColumns) {
-  // The one module that is dark in every code stands beside the lower left finder; in its place at
-  // the upper right is a bit of the code's format.
+  // The module that is dark in every code is beside the lower left finder. Mirrored at the upper
+  // right is a format bit, which varies.
   int darkAtTheUpperRight = 0;
   for (const char16_t digit : std::u16string_view(u"123456789")) {
     QrMatrix matrix;
@@ -55,7 +55,7 @@ TEST(QrCodeTest, AControlThatIsTooSmallStillGetsOnePixelAModule) {
   EXPECT_EQ(placeQrCode(20, 20, 25), (QrPlace{1, -2, -2}));
 }
 
-/// The two bits that tell the level of correction, as they stand beside the upper left finder.
+/// The two format bits of the error correction level, beside the upper left finder.
 std::pair<bool, bool> levelBits(const QrMatrix& matrix) { return {matrix[8][0], matrix[8][1]}; }
 
 TEST(QrCodeTest, CorrectionIsMediumOrBetterWhereTheSymbolHasRoom) {
@@ -74,7 +74,7 @@ TEST(QrCodeTest, CorrectionIsMediumOrBetterWhereTheSymbolHasRoom) {
 }
 
 TEST(QrCodeTest, TheQuietZoneGivesWayOnlyToWholePixels) {
-  EXPECT_EQ(placeQrCode(65, 65, 25), (QrPlace{1, 20, 20}));  // one pixel short of two a module
+  EXPECT_EQ(placeQrCode(65, 65, 25), (QrPlace{1, 20, 20}));  // one pixel short of two per module
   EXPECT_EQ(placeQrCode(66, 66, 25), (QrPlace{2, 8, 8}));
   EXPECT_EQ(placeQrCode(200, 300, 25), (QrPlace{6, 25, 75}));
   EXPECT_EQ(placeQrCode(26, 26, 25), (QrPlace{1, 0, 0}));

@@ -19,13 +19,13 @@ constexpr char16_t kStopped[] = u"遥控服务已关闭，当前连接已断开�
 constexpr char16_t kStarted[] = u"遥控服务已启动；如无法连接请检查网络与防火墙规则。";
 constexpr char16_t kCopied[] = u"遥控地址已复制。";
 
-/// A line per address; empty while the service does not run.
+/// One address per line; empty while the service is stopped.
 std::u16string addressLines(const App& app) {
   if (!app.remote.running) return {};
   return remoteUrlList(app.remote.addresses, u"", app.remote.port);
 }
 
-/// The best address stands first.
+/// The best address, which is the first.
 std::u16string firstLine(const std::u16string& lines) {
   return lines.substr(0, lines.find(u"\r\n"));
 }

@@ -1,4 +1,4 @@
-// The page of the remote service. UI thread.
+// The settings window's page for the remote service. UI thread.
 #pragma once
 
 #include <string>
@@ -7,16 +7,16 @@
 
 namespace mrl {
 
-/// Shows whether the service runs, its addresses and their code. Without a window it does nothing.
+/// Shows whether the service runs, its addresses and their QR code. Does nothing without a window.
 void refreshRemotePage(App& app);
 
-/// Shows the code of an address, or an empty place for an empty one. An address that is too long
-/// for a code leaves the place empty too, and the user is told.
+/// Shows the QR code of an address; blank if the address is empty. If it is too long for a code,
+/// blank too, and the status line says so.
 void showQrCode(App& app, const std::u16string& address);
 
-/// The button that starts or stops the service.
+/// Starts or stops the service and reports the result in the status line.
 void toggleRemote(App& app);
-/// The first address goes to the clipboard.
+/// Copies the first, best address to the clipboard.
 void copyRemoteAddress(App& app);
 void applyPort(App& app);
 

@@ -113,7 +113,7 @@ TEST_F(RemotePageTest, WithoutAServiceThePageOfTheButtonIsTheOneThatStartsIt) {
   EXPECT_EQ(status(), u"请先点击“启动遥控服务”并完成网络授权。");
 }
 
-/// A computer on a network, with its firewall opened: the service can start.
+/// With a network and a fitting firewall rule, so that the service can start.
 class RemoteStartTest : public RemotePageTest {
  protected:
   void SetUp() override {

@@ -1,5 +1,5 @@
-// The signs of the five sections. Lengths are fractions of the side of the square that a sign
-// fills, from its top left. Constant data, any thread.
+// The icons of the five sections as vector strokes. Lengths are fractions of the side of the square
+// that an icon fills, from its top left. Constant data, any thread.
 #pragma once
 
 #include <span>
@@ -9,8 +9,8 @@ namespace mrl {
 enum class StrokeKind {
   Segment,  // from (x, y) to (a, b)
   Box,      // a wide and b high
-  Arc,  // in such a box, from the angle `start` on over `sweep`; degrees, clockwise from the right
-  Dot,  // a filled circle in such a box
+  Arc,      // in such a box, from `start` over `sweep`; degrees, clockwise from the right
+  Dot,      // a filled circle in such a box
 };
 struct Stroke {
   StrokeKind kind;
@@ -23,7 +23,7 @@ struct Stroke {
 /// `section` is 0 to 4.
 std::span<const Stroke> sectionGlyph(int section);
 
-/// Pixels, for a square of that side. The pen's ends are round.
+/// In pixels, for a square of that side. The pen has round ends.
 constexpr float glyphPenWidth(float side) { return side / 12 > 1.4F ? side / 12 : 1.4F; }
 
 }  // namespace mrl

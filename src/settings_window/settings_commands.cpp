@@ -47,20 +47,20 @@ void pickPath(App& app, const PickButton& button) {
   SettingsView& view = app.platform.settingsView;
   const std::u16string path = pick(view, button.kind);
   if (path.empty() || !app.form.isOpen) return;
-  view.setText(button.box, path);  // all else follows, as if it had been typed
+  view.setText(button.box, path);  // notifies as typing does, which queues the edit
 }
 
 void pickColour(App& app, int box) {
   SettingsView& view = app.platform.settingsView;
   uint32_t colour = findField(box)->number().in(app.form.settings);
   if (!view.pickColour(colour, app.form.customColours) || !app.form.isOpen) return;
-  view.setText(box, colourText(colour));  // books the edit
+  view.setText(box, colourText(colour));  // queues the edit
   applyPending(app, true);
 }
 
 void resetSize(App& app) {
   SettingsView& view = app.platform.settingsView;
-  view.setText(kWidthBox, decimal(kDefaultClockUnits.width));  // books the edit
+  view.setText(kWidthBox, decimal(kDefaultClockUnits.width));  // queues the edit
   view.setText(kHeightBox, decimal(kDefaultClockUnits.height));
   applyPending(app, true);
 }
@@ -76,7 +76,7 @@ bool onPickButton(App& app, int id) {
   return colourBox.has_value();
 }
 
-/// What has a function of its own when it is clicked, or comes from the keys. False for the rest.
+/// Clicks and key commands that do something other than edit a field. False for the rest.
 bool onClick(App& app, int id) {
   if (id >= kFirstSection && id < kFirstSection + kPageCount) {
     selectPage(app, id - kFirstSection);
@@ -106,10 +106,10 @@ bool onClick(App& app, int id) {
 void selectMode(App& app) {
   const bool automatic = app.platform.settingsView.row(kModeCombo) == 0;
   runCommand(app, automatic ? kCommandAutoMode : kCommandManualMode);
-  showChangedMode(app);  // back to the old one when the save failed
+  showChangedMode(app);  // shows the old mode again if the save failed
 }
 
-/// A selection in a list or a combo that edits no field. False for the rest.
+/// Selections in a list or a combo that edit no field. False for the rest.
 bool onSelection(App& app, int id) {
   switch (id) {
     case kModeCombo: selectMode(app); return true;

@@ -1,12 +1,12 @@
-// What the controls of the settings window do. UI thread.
+// Dispatches the notifications of the settings window's controls. UI thread.
 #pragma once
 
 #include "core/app.h"
 
 namespace mrl {
 
-/// A control's notification, or a command of the dialog keys. False when it means nothing and is
-/// left to the system. `notification` is one of the view's, or any other number.
+/// Handles a control's notification, or a command of the dialog keys (as kClicked). False if it is
+/// left to the system. `notification` is a Notification or any other number.
 bool onSettingsCommand(App& app, int id, int notification);
 
 }  // namespace mrl

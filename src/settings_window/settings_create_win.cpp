@@ -1,6 +1,6 @@
-// How the settings window comes to be: see settings_view_win.h.
+// Creates the settings window and its controls: see settings_view_win.h.
 #include <windows.h>
-// After <windows.h>, which they lean on.
+// Must come after <windows.h>.
 #include <commctrl.h>
 #include <dwmapi.h>
 #include <uxtheme.h>
@@ -19,8 +19,8 @@
 namespace mrl {
 namespace {
 
-constexpr int kUnplaced = 10;           // the layout gives every control its place
-constexpr DWORD kCornerAttribute = 33;  // of a window of the desktop's; older systems know none
+constexpr int kUnplaced = 10;           // placeholder; the layout sets every control's size
+constexpr DWORD kCornerAttribute = 33;  // DWM's corner preference; fails on older systems
 constexpr DWORD kRoundCorners = 2;
 
 struct SystemControl {
@@ -38,7 +38,7 @@ SystemControl systemControl(const Control& row) {
     case ControlKind::Radio: return {L"BUTTON", BS_AUTORADIOBUTTON};
     case ControlKind::Title:
     case ControlKind::Paragraph: return {L"STATIC"};
-    // Centred from top to bottom, as it stands beside a box or a switch.
+    // Vertically centred, because it is beside a box or a switch.
     case ControlKind::Caption: return {L"STATIC", SS_CENTERIMAGE};
     case ControlKind::TimerLine: return {L"STATIC", SS_ENDELLIPSIS | SS_CENTERIMAGE};
     case ControlKind::StatusLine: return {L"STATIC", SS_OWNERDRAW};
@@ -82,7 +82,7 @@ void setIcons(HWND window, const SettingsLook& look) {
   setIcon(ICON_SMALL, 16);
 }
 
-/// An edit box keeps nothing of its own frame; the one that is painted takes its place.
+/// Removes an edit box's own frame; ours is painted instead.
 void stripEdit(HWND edit) {
   SetWindowTheme(edit, L"", L"");
   SetWindowLongPtrW(edit, GWL_STYLE, GetWindowLongPtrW(edit, GWL_STYLE) & ~LONG_PTR{WS_BORDER});
@@ -90,7 +90,7 @@ void stripEdit(HWND edit) {
                     GetWindowLongPtrW(edit, GWL_EXSTYLE) & ~LONG_PTR{WS_EX_CLIENTEDGE});
 }
 
-/// REQUIRES: it has its font, which brings margins along.
+/// REQUIRES: the font is set; setting it also sets margins, which this clears.
 void fitFrame(HWND edit) {
   SendMessageW(edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
   SetWindowPos(edit, nullptr, 0, 0, 0, 0,

@@ -1,7 +1,7 @@
-// The window with all its controls, really made, and fitted to one monitor after the other.
+// The real window with all its controls, fitted to several DPIs in turn.
 #include <gtest/gtest.h>
 #include <windows.h>
-// After <windows.h>, which it leans on.
+// Must come after <windows.h>.
 #include <commctrl.h>
 
 #include <vector>
@@ -63,7 +63,7 @@ class SettingsCreateTest : public testing::Test {
     }
     if (row.kind != ControlKind::Combo) return;
     EXPECT_EQ(SendMessageW(control, CB_GETITEMHEIGHT, 0, 0), toPixels(32, dpi));
-    // What the closed combo shows; a system may count an edge of its own.
+    // The height of the closed combo; some systems add a border of their own.
     EXPECT_NEAR(static_cast<double>(SendMessageW(control, CB_GETITEMHEIGHT, WPARAM(-1), 0)),
                 toPixels(32, dpi), 2);
   }
@@ -111,7 +111,7 @@ TEST_F(SettingsCreateTest, ControlsFitAnotherMonitorBeforeAndAfterTheyAreMoved) 
   }
 }
 
-/// Notes, each time that the window takes a size, how high the rows of its combo are by then.
+/// Records the row height of a combo at each WM_SIZE of the window.
 LRESULT CALLBACK noteRows(HWND window, UINT message, WPARAM wide, LPARAM narrow, UINT_PTR,
                           DWORD_PTR notes) {
   if (message == WM_SIZE) {

@@ -1,6 +1,6 @@
-// The questions, pickers and the clipboard of the settings window: see settings_view_win.h.
+// The message boxes, pickers and clipboard of the settings window: see settings_view_win.h.
 #include <windows.h>
-// After <windows.h>, which they lean on.
+// Must come after <windows.h>.
 #include <commdlg.h>
 #include <shobjidl.h>
 
@@ -15,7 +15,7 @@
 namespace mrl {
 namespace {
 
-/// Pickers need no such thing: they stand with their owner, which asked for them.
+/// Pickers don't need it: they stay above their owner, the settings window.
 UINT layerOf(bool aboveAll) { return aboveAll ? MB_SYSTEMMODAL : 0; }
 
 UINT iconOf(DialogIcon icon) {
@@ -27,7 +27,7 @@ UINT iconOf(DialogIcon icon) {
   return MB_ICONINFORMATION;
 }
 
-/// `offered` is null for a folder. Empty after a cancel or a failure.
+/// `offered` is null to pick a folder. Empty on cancel or failure.
 std::u16string pick(HWND owner, const OfferedFiles* offered) {
   ComRef<IFileOpenDialog> dialog;
   if (FAILED(CoCreateInstance(__uuidof(FileOpenDialog), nullptr, CLSCTX_INPROC_SERVER,
@@ -85,7 +85,7 @@ bool SettingsViewWin::pickColour(uint32_t& colour, CustomColours& custom) {
   choice.lpCustColors = kept;
   choice.Flags = CC_RGBINIT | CC_FULLOPEN;
   if (!ChooseColorW(&choice)) return false;
-  // The two orders of the bytes are each other's mirror.
+  // Swapping red and blue is its own inverse.
   colour = systemColour(choice.rgbResult);
   for (size_t i = 0; i < custom.size(); ++i) custom[i] = systemColour(kept[i]);
   return true;

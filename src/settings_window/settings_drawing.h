@@ -1,4 +1,5 @@
-// What the settings window's painter can draw. Pixels; colours are 0xRRGGBB. Plain values.
+// The shapes that the settings window's painter can draw. Pixels; colours are 0xRRGGBB. Plain
+// values.
 #pragma once
 
 #include <cstdint>
@@ -45,21 +46,21 @@ struct Line {
   int width = 1;
   bool operator==(const Line&) const = default;
 };
-/// The sign of a section: see section_glyph.h.
+/// The icon of a section: see section_glyph.h.
 struct Glyph {
   Rect square;
   int section = 0;
   uint32_t colour = 0;
   bool operator==(const Glyph&) const = default;
 };
-/// On one line, cut with an ellipsis; centred from top to bottom.
+/// One line, cut with an ellipsis; vertically centred.
 struct Label {
   std::u16string text;
   Rect rect;
   Face face = Face::Body;
   uint32_t colour = 0;
-  bool isCentred = false;  // from left to right too
-  bool isWrapped = false;  // on as many lines as it takes instead; the first ones if not all fit
+  bool isCentred = false;  // horizontally too
+  bool isWrapped = false;  // wrapped into lines instead; those that don't fit are cut off
   bool operator==(const Label&) const = default;
 };
 /// The system's dotted rectangle.
@@ -74,7 +75,7 @@ struct ProgramIcon {
 
 using Shape =
     std::variant<Area, RoundedRect, Ring, Disc, Line, Glyph, Label, FocusMark, ProgramIcon>;
-/// To be painted in this order.
+/// Painted in this order.
 using Drawing = std::vector<Shape>;
 
 /// Units of 1/96 inch to pixels.
@@ -83,7 +84,7 @@ struct Scale {
   int operator()(int units) const { return toPixels(units, dpi); }
 };
 
-/// On every side by as much.
+/// By the same amount on every side.
 constexpr Rect insetBy(const Rect& rect, int pixels) {
   return {rect.left + pixels, rect.top + pixels, rect.right - pixels, rect.bottom - pixels};
 }
@@ -92,9 +93,9 @@ constexpr Rect squareAt(Point topLeft, int side) {
   return {topLeft.x, topLeft.y, topLeft.x + side, topLeft.y + side};
 }
 
-/// Where the outline of a rounded rectangle runs: half its width within the rectangle, so that it
-/// covers the outermost pixels and nothing of it is cut off where those end the window. Corners of
-/// 0 are sharp.
+/// The path of a rounded rectangle's outline: half the pen's width inside the rectangle, so that
+/// the outline covers the outermost pixels and is not clipped at the window's edge. Corners of 0
+/// are sharp.
 struct OutlinePath {
   float x = 0;
   float y = 0;

@@ -1,4 +1,4 @@
-// An App with its settings window open, and a person in front of it.
+// An App with its settings window open, and helpers that act as the user.
 #pragma once
 
 #include <algorithm>
@@ -23,7 +23,7 @@ class SettingsFixture : public AppFixture {
 
   void SetUp() override { openWith(Settings{}); }
 
-  /// The window opens over `settings`; the folder C:\data holds them.
+  /// Starts the program with `settings`, saved in C:\data, and opens the window.
   void openWith(const Settings& settings) {
     if (app.form.isOpen) destroySettingsWindow(app);
     clockWindow.exists = false;
@@ -37,7 +37,7 @@ class SettingsFixture : public AppFixture {
   bool isRed(int id) { return view().mark(id, Mark::Invalid); }
   bool isEnabled(int id) { return !view().disabled.contains(id); }
   bool isPending(int id) const { return app.form.pendingEdits.contains(id); }
-  /// Types and leaves the box.
+  /// Types into a box and leaves it.
   void enter(int id, const std::u16string& text) {
     view().type(id, text);
     view().leave(id);

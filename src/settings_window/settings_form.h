@@ -22,28 +22,28 @@ using Cards = std::vector<Rect>;
 
 struct SettingsForm {
   bool isOpen = false;
-  Settings settings;  // what the controls show, as far as each can be read; not what gets saved
-  std::map<int, uint64_t> pendingEdits;  // control id to the time when its input is due
-  bool settingsDirty = false;            // some input has not reached the live record
-  bool portDirty = false;                // the port box differs from the live port
-  bool controlsSuppressed = false;  // the controls are being filled: their changes mean nothing
-  int page = 0;                     // 0 to 4
-  int scrollPosition = 0;           // of the page, pixels
-  int wheelRemainder = 0;           // of the page, less than one pixel's worth
+  Settings settings;  // as the controls show it, where they parse; only skipList is saved from here
+  std::map<int, uint64_t> pendingEdits;  // by bookedId(): the due time, or kNotDue
+  bool settingsDirty = false;            // an edit is queued or portDirty
+  bool portDirty = false;                // the typed port differs from the live one
+  bool controlsSuppressed = false;       // notifications are ignored, as while controls are filled
+  int page = 0;                          // 0 to 4
+  int scrollPosition = 0;                // of the page, pixels
+  int wheelRemainder = 0;                // of the page, 1/120 pixels, less than one pixel
   Cards cards;
   int previewPhase = 0;                   // 0 to 2
   Point previewScroll;                    // pixels
-  std::optional<CornerDrag> previewDrag;  // in progress
-  std::vector<std::u16string> filePaths;  // of the list's rows
+  std::optional<CornerDrag> previewDrag;  // while one is in progress
+  std::vector<std::u16string> filePaths;  // by row of the list
   QrMatrix qrMatrix;
-  CustomColours customColours{};  // these outlive the window
+  CustomColours customColours{};  // kept when the window closes
 };
 
-/// Puts the live record into the form and its controls, over whatever they showed. Without an open
-/// window it does nothing.
+/// Copies the live settings into the form's settings and the controls, overwriting what they
+/// showed. Does nothing without an open window.
 void refillForm(App& app);
 
-/// Lists the folder of presentations anew. Without an open window it does nothing.
+/// Reads the folder of presentations again. Does nothing without an open window.
 void reloadFileList(App& app);
 
 }  // namespace mrl

@@ -52,7 +52,7 @@ std::optional<LRESULT> SettingsMessagesWin::handle(HWND window, UINT message, WP
   return frame ? onFrame(window, message, wParam, lParam) : onPane(window, message);
 }
 
-/// What window and pane do alike.
+/// Messages that window and pane handle alike.
 std::optional<LRESULT> SettingsMessagesWin::onShared(HWND window, UINT message, WPARAM wParam,
                                                      LPARAM lParam) {
   switch (message) {
@@ -144,7 +144,7 @@ std::optional<LRESULT> SettingsMessagesWin::onPreview(HWND window, UINT message,
     }
     case WM_GETMINMAXINFO: limitSize(lParam, clockSizeLimits(view.dpi())); return 0;
     case WM_NCLBUTTONDOWN:
-    case WM_NCLBUTTONDBLCLK: {  // a second press soon after the first
+    case WM_NCLBUTTONDBLCLK: {  // the second of two quick presses
       const CornerHit hit = cornerFrom(static_cast<int>(wParam));
       if (hit == CornerHit::None) return {};
       SetCapture(window);
@@ -171,7 +171,7 @@ void SettingsMessagesWin::onWheel(WPARAM wParam, LPARAM lParam) {
   const HWND list = view.control(kFileList);
   const HWND under = WindowFromPoint({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
   const bool overList = IsWindowVisible(list) && (under == list || IsChild(list, under));
-  // A list sends what it does not want, as a turn with Ctrl, to its parent: not a second time.
+  // A list passes what it doesn't use, such as a turn with Ctrl, to its parent: don't send it back.
   if (overList && !listHasWheel) {
     listHasWheel = true;
     SendMessageW(list, WM_MOUSEWHEEL, wParam, lParam);
@@ -186,7 +186,7 @@ void SettingsMessagesWin::keepFocus(HWND window) {
   if (IsChild(window, focus)) focusBefore = focus;
 }
 
-/// As a dialog does when it is active again.
+/// As a dialog does when it is activated again.
 bool SettingsMessagesWin::giveFocusBack(HWND window) const {
   if (!IsChild(window, focusBefore) || !IsWindowVisible(focusBefore)) return false;
   SetFocus(focusBefore);

@@ -1,4 +1,5 @@
-// What the messages of the settings window and of its own kinds of children mean. UI thread.
+// Message handling of the settings window and of those of its children whose class is ours. UI
+// thread.
 #pragma once
 
 #include <windows.h>
@@ -16,11 +17,12 @@ class SettingsMessagesWin {
   SettingsMessagesWin(App& program, SettingsViewWin& settingsView, ClockPainterWin& clockPainter)
       : app(program), view(settingsView), painter(clockPainter) {}
 
-  /// A message of a window of one of the program's classes; empty when it is none of this window's
-  /// or is left to the system.
+  /// Handles a message of a window of one of the program's classes. Empty if the window is none of
+  /// these, or the message is left to the system.
   std::optional<LRESULT> handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
-  /// A message of the loop, before anything else sees it. True when it goes no further.
+  /// Filters a message before the message loop dispatches it: shortcuts and dialog keys. True if it
+  /// was handled and must not be dispatched.
   bool takesFromLoop(MSG& message);
 
  private:
@@ -36,8 +38,8 @@ class SettingsMessagesWin {
   App& app;
   SettingsViewWin& view;
   ClockPainterWin& painter;
-  bool listHasWheel = false;   // a turn of the wheel is with the list of files
-  HWND focusBefore = nullptr;  // the control that had the keyboard when another window took it
+  bool listHasWheel = false;   // a wheel message has been sent to the list of files
+  HWND focusBefore = nullptr;  // the control with the focus when the window was deactivated
 };
 
 }  // namespace mrl

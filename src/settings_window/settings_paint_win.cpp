@@ -1,7 +1,7 @@
 #include "settings_window/settings_paint_win.h"
 
 #include <objbase.h>
-// After <objbase.h>, which it leans on.
+// Must come after <objbase.h>.
 #include <gdiplus.h>
 
 #include "base/geometry_win.h"

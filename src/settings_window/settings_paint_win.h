@@ -1,4 +1,4 @@
-// How the settings window and its controls look: fonts, brushes and every paint. UI thread.
+// Paints the settings window and its controls, and owns their fonts and brushes. UI thread.
 #pragma once
 
 #include <windows.h>
@@ -16,7 +16,7 @@ struct BrushTraits {
   static void close(HBRUSH brush) { DeleteObject(brush); }
 };
 
-/// What a control says about itself by window properties of these names.
+/// The window properties that hold a control's marks: see Mark.
 inline constexpr wchar_t kHoverProperty[] = L"Marlune.Hover";
 inline constexpr wchar_t kActiveProperty[] = L"Marlune.Active";
 inline constexpr wchar_t kInvalidProperty[] = L"Marlune.Invalid";
@@ -25,7 +25,7 @@ bool isWindowClass(HWND window, const wchar_t* name);
 /// Empty without a window.
 std::u16string windowText(HWND window);
 
-/// What painting needs for as long as the window lives. Everything else comes from the form.
+/// Holds what painting needs while the window exists; everything else comes from the form.
 class SettingsLook {
  public:
   explicit SettingsLook(const SettingsForm& form) : form(form) {}
@@ -33,31 +33,31 @@ class SettingsLook {
   SettingsLook(const SettingsLook&) = delete;
   SettingsLook& operator=(const SettingsLook&) = delete;
 
-  /// Fonts, brushes and GDI+; a later call only makes the fonts for another DPI.
+  /// Creates fonts and brushes and starts GDI+; a later call only recreates the fonts for its DPI.
   void prepare(int dpi);
   void release();
-  /// REQUIRES: it is prepared.
+  /// REQUIRES: prepare() was called.
   [[nodiscard]] HFONT fontOf(int id) const { return fonts[static_cast<size_t>(faceOf(id))].get(); }
   [[nodiscard]] int scale(int units) const { return toPixels(units, dpi); }
 
-  /// REQUIRES: a WM_PAINT of that window is being handled. They answer it.
+  /// Handle the WM_PAINT of `window`. REQUIRES: called while it is being handled.
   void paintWindow(HWND window) const;
   void paintPane(HWND window) const;
   void paintPreviewHost(HWND window) const;
   void paintQrCode(HWND window) const;
   /// A button, a check, a radio, a section or a combo.
   void paintControl(HWND window) const;
-  /// Around an edit box; REQUIRES: its WM_NCPAINT.
+  /// The frame of an edit box. REQUIRES: its WM_NCPAINT is being handled.
   void paintEditFrame(HWND window) const;
-  /// Answers its WM_NCCALCSIZE: `client` is what the system leaves.
+  /// For an edit box's WM_NCCALCSIZE: narrows the system's client area to what our frame leaves.
   void narrowToFrame(RECT& client) const;
   /// Over a list without rows.
   void paintEmptyList(HWND window) const;
   /// WM_DRAWITEM of a combo's rows, the list of files and the status line; false for anything else.
   bool drawItem(const DRAWITEMSTRUCT& item) const;
-  /// WM_MEASUREITEM; false for anything else.
+  /// WM_MEASUREITEM; false for a menu.
   bool measureItem(MEASUREITEMSTRUCT& item) const;
-  /// Answers the WM_CTLCOLOR messages.
+  /// For the WM_CTLCOLOR messages. The brush remains ours.
   HBRUSH controlColours(UINT message, HDC dc, HWND control) const;
 
  private:

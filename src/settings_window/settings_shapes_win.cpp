@@ -1,7 +1,7 @@
 #include "settings_window/settings_shapes_win.h"
 
 #include <objbase.h>
-// After <objbase.h>, which it leans on.
+// Must come after <objbase.h>.
 #include <gdiplus.h>
 
 #include <algorithm>
@@ -50,7 +50,7 @@ Graphics smoothOn(HDC dc) {
   Graphics graphics;
   GdipCreateFromHDC(dc, graphics.put());
   GdipSetSmoothingMode(graphics.get(), Gdiplus::SmoothingModeAntiAlias);
-  // A drawing counts from the edges of pixels, GDI+ from their middles.
+  // A Drawing's coordinates are pixel edges, those of GDI+ pixel centres.
   GdipTranslateWorldTransform(graphics.get(), -0.5F, -0.5F, Gdiplus::MatrixOrderPrepend);
   return graphics;
 }
@@ -97,7 +97,7 @@ class Painter {
   }
   void operator()(const RoundedRect& shape) const {
     const Graphics graphics = smoothOn(dc);
-    // A frame is painted around its client area, which only the clip region leaves out.
+    // An edit box's frame leaves out the client area by the clip region alone: pass it to GDI+.
     const UniqueHandle<RegionTraits> clip(CreateRectRgn(0, 0, 0, 0));
     if (GetClipRgn(dc, clip.get()) == 1) {
       GdipSetClipHrgn(graphics.get(), clip.get(), Gdiplus::CombineModeReplace);
@@ -162,7 +162,7 @@ class Painter {
     RECT rect = systemRect(label.rect);
     if (label.isWrapped) {
       constexpr UINT kWrapped = DT_WORDBREAK | DT_NOPREFIX;
-      RECT needed = rect;  // the system centres one line only
+      RECT needed = rect;  // DT_VCENTER works for a single line only
       const int height = DrawTextW(dc, text.c_str(), length, &needed, kWrapped | DT_CALCRECT);
       rect.top += std::max<LONG>((rect.bottom - rect.top - height) / 2, 0);
       DrawTextW(dc, text.c_str(), length, &rect, kWrapped);

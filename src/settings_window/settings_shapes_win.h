@@ -1,4 +1,4 @@
-// Carries out what the settings window is to paint. UI thread.
+// Paints a Drawing of the settings window with GDI and GDI+. UI thread.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 namespace mrl {
 
-/// The program's icon, at this size; shared, not to be destroyed.
+/// The program's icon in this size, pixels; shared, must not be destroyed.
 HICON programIcon(int size);
 
 COLORREF systemColour(uint32_t rgb);
@@ -19,7 +19,7 @@ COLORREF systemColour(uint32_t rgb);
 using Fonts = std::array<Font, std::size(kTypefaces)>;
 Fonts makeFonts(int dpi);
 
-/// Keeps to the clip region of `dc`. REQUIRES: GDI+ runs.
+/// Respects the clip region of `dc`. REQUIRES: GDI+ is started.
 void paint(HDC dc, const Drawing& drawing, const Fonts& fonts);
 
 }  // namespace mrl

@@ -1,10 +1,10 @@
-// Shapes painted into a bitmap, and looked at. Colours of single pixels within and outside a shape
-// only: how an edge is smoothed is the system's.
+// Shapes painted into a bitmap. Only single pixels inside and outside a shape are checked: the
+// antialiasing of edges is up to the system.
 #include "settings_window/settings_shapes_win.h"
 
 #include <gtest/gtest.h>
 #include <objbase.h>
-// After <objbase.h>, which it leans on.
+// Must come after <objbase.h>.
 #include <gdiplus.h>
 
 #include "overlay/clock_bitmap_win.h"
@@ -34,7 +34,7 @@ class SettingsShapesTest : public testing::Test {
     GdiFlush();
   }
   uint32_t pixel(int x, int y) const { return sheet.pixel(x, y) & 0xFFFFFF; }
-  /// Of the pixels within `rect`, those that are no longer paper.
+  /// The number of pixels within `rect` that are no longer paper.
   int painted(const Rect& rect = wholeOf(kSheet)) const {
     int count = 0;
     for (int y = rect.top; y < rect.bottom; ++y) {

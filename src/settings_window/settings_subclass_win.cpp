@@ -11,7 +11,7 @@ namespace {
 
 constexpr UINT_PTR kControlSubclass = 71;
 constexpr UINT_PTR kListSubclass = 72;
-constexpr int kSwitchUnits = 140;  // of a row of the list, at its right end
+constexpr int kSwitchUnits = 140;  // at the right end of a row of the list
 
 enum class Kind { Button, Edit, Combo, List };
 Kind kindOf(HWND window) {
@@ -77,13 +77,13 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
     case WM_NCPAINT:
       if (kind != Kind::Edit) break;
       if (GetWindowLongPtrW(window, GWL_STYLE) & WS_VSCROLL) {
-        DefSubclassProc(window, message, wParam, lParam);  // its scroll bar is the system's
+        DefSubclassProc(window, message, wParam, lParam);  // the system paints the scroll bar
       }
       look.paintEditFrame(window);
       return 0;
     case WM_NCHITTEST: {
       const LRESULT hit = DefSubclassProc(window, message, wParam, lParam);
-      // A box's padding takes clicks as its text does.
+      // Clicks on a box's padding count as clicks on its text.
       return kind == Kind::Edit && (hit == HTNOWHERE || hit == HTBORDER) ? HTCLIENT : hit;
     }
     case WM_MOUSEWHEEL:
@@ -95,7 +95,7 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
   if (message == WM_NCCALCSIZE && kind == Kind::Edit) {
     look.narrowToFrame(*reinterpret_cast<RECT*>(lParam));
   }
-  // A box of several lines would keep the Tab key, and by Escape close its parent, the pane.
+  // A multi-line box would consume the Tab key, and Escape would close its parent, the pane.
   if (message == WM_GETDLGCODE && kind == Kind::Edit) return result & ~DLGC_WANTALLKEYS;
   if (changesTheLook(message)) {
     invalidate(window);
@@ -104,7 +104,7 @@ LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPAR
   return result;
 }
 
-/// The row whose switch lies at the point, -1 for none.
+/// The row whose switch is at the point, or -1.
 int switchAt(HWND list, LPARAM point, const SettingsLook& look) {
   RECT client{};
   GetClientRect(list, &client);
@@ -147,7 +147,7 @@ LRESULT CALLBACK listProcedure(HWND list, UINT message, WPARAM wParam, LPARAM lP
       toggleExclusion(list);
       return 0;
     }
-    case WM_LBUTTONDBLCLK:  // a double click on the switch turns it once
+    case WM_LBUTTONDBLCLK:  // a double click on the switch toggles it once
       if (switchAt(list, lParam, look) >= 0) return 0;
       break;
     case WM_KEYDOWN:

@@ -1,5 +1,5 @@
-// What the buttons, boxes, combos and the list of the settings window do otherwise than the
-// system's. UI thread.
+// Subclasses the buttons, boxes, combos and the list of the settings window: painting, mouse and
+// keys. UI thread.
 #pragma once
 
 #include <windows.h>
@@ -8,12 +8,12 @@
 
 namespace mrl {
 
-/// Takes the control's painting over. `look` must outlive the control.
+/// Takes over a control's painting, of an edit box or list only parts. `look` must outlive it.
 void adoptControl(HWND control, const SettingsLook& look);
-/// The list of files: its switch, its wheel and its empty text.
+/// Adds the switch, wheel and empty text of the list of files. `look` must outlive it.
 void adoptFileList(HWND list, const SettingsLook& look);
 
-/// The wheel, from a control to the pane; the parameters are those of WM_MOUSEWHEEL.
+/// Sent to the pane to scroll the page; the parameters are those of WM_MOUSEWHEEL.
 inline constexpr UINT kPageWheel = 0x8049;
 
 }  // namespace mrl

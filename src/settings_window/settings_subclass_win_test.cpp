@@ -1,4 +1,4 @@
-// Real controls under their own painting: what they ask of the look, and what is then to be seen.
+// Real controls with our painting: what they request of the look, and the pixels on the screen.
 #include "settings_window/settings_subclass_win.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,7 @@ namespace mrl {
 namespace {
 
 constexpr wchar_t kParentClass[] = L"Marlune.Test.Look";
-constexpr uint32_t kAlien = 0xFF00FF;  // nothing of ours has it
+constexpr uint32_t kAlien = 0xFF00FF;  // used by none of our drawings
 
 class SettingsSubclassTest : public testing::Test {
  protected:
@@ -48,13 +48,13 @@ class SettingsSubclassTest : public testing::Test {
   }
   HWND addEdit(Size size, DWORD style = 0) { return add(L"EDIT", kFolderBox, size, style); }
 
-  /// Whether the message leaves something to paint behind.
+  /// Whether the message invalidates the control.
   static bool invalidates(HWND control, UINT message, WPARAM wide = 0, LPARAM narrow = 0) {
     ValidateRect(control, nullptr);
     SendMessageW(control, message, wide, narrow);
     return GetUpdateRect(control, nullptr, FALSE) != FALSE;
   }
-  /// Of the control with its frame, after all that waits to be painted.
+  /// A pixel of the control with its frame, after pending paints.
   static uint32_t pixel(HWND control, int x, int y) {
     UpdateWindow(control);
     const HDC dc = GetWindowDC(control);
@@ -247,7 +247,7 @@ struct Seen {
   int id;
   DWORD style;
   const wchar_t* property;
-  uint32_t colour;  // 12 pixels from the left, in the middle
+  uint32_t colour;  // 12 pixels from the left, vertically centred
 };
 class ButtonOnScreenTest : public SettingsSubclassTest, public testing::WithParamInterface<Seen> {};
 

@@ -1,5 +1,5 @@
-// The settings window as its logic sees it: the controls of control_table.h by their ids, and what
-// the layout, the preview and the dialogs need.
+// The interface between the settings window's logic and the system: the controls of control_table.h
+// by their ids, and what the layout, the preview and the dialogs need.
 #pragma once
 
 #include <array>
@@ -13,46 +13,46 @@
 
 namespace mrl {
 
-/// Set on a control; the painter and outside programs look at them.
+/// Flags set on a control, read by the painter and by other programs.
 enum class Mark {
   Hover,    // the mouse is over it
   Active,   // a button is in its "on" state
   Invalid,  // a box holds invalid input
 };
 
-/// What a control tells its window. The numbers are those of the system.
+/// Notifications of a control to its window, with the system's values.
 enum Notification : int {
   kClicked = 0,
   kSelectionChanged = 1,  // of a combo or a list
   kDoubleClicked = 2,     // a row of a list
-  kFocusLost = 0x200,     // the three of an edit box
+  kFocusLost = 0x200,     // these three of an edit box
   kFocusTaken = 0x100,
   kTextChanged = 0x300,
 };
 
 enum class Bar { Page, PreviewHorizontal, PreviewVertical };
-/// Of a scroll bar whose range begins at 0.
+/// The state of a scroll bar whose range begins at 0.
 struct ScrollInfo {
-  int last = 0;  // of the range
+  int last = 0;  // the end of the range
   int page = 0;
   int position = 0;
   int track = 0;  // where the thumb is being dragged; read only
   bool operator==(const ScrollInfo&) const = default;
 };
 
-/// What a scroll bar asks for. The numbers are those of the system.
+/// A scroll bar's requests, with the system's values.
 enum class ScrollStep {
   LineBack,
   LineForward,
   PageBack,
   PageForward,
-  Drop,  // of the thumb, where it was dragged to
+  Drop,  // the thumb was released after a drag
   Track,
   Start,
   End,
 };
 
-/// A control's place in its parent, pixels.
+/// A control's rectangle in its parent, in pixels.
 struct Placement {
   int id = 0;
   Rect rect;
@@ -64,35 +64,35 @@ enum class FileFilter { Audio, Presentation };
 
 using CustomColours = std::array<uint32_t, 16>;
 
-/// UI thread only. Commands on a window or control that does not exist do nothing and questions
-/// give empty answers. setText() on an edit box notifies the window as typing does; setChecked(),
-/// setRow() and the list verbs notify nobody.
+/// UI thread only. If the window or the control does not exist, commands do nothing and queries
+/// return empty values. setText() on a box of one line notifies the window as typing does;
+/// setChecked(), setRow() and the functions for lists don't notify.
 class SettingsView {
  public:
   virtual ~SettingsView() = default;
 
-  /// Makes the window with its pane and all controls, not shown yet; false when the system refuses.
-  /// REQUIRES: there is none. Screen pixels.
+  /// Creates the window, hidden, with its pane and all controls; false on failure. Screen pixels.
+  /// REQUIRES: there is no window.
   [[nodiscard]] virtual bool create(const Rect& rect) = 0;
   [[nodiscard]] virtual bool isOpen() const = 0;
   [[nodiscard]] virtual WindowHandle handle() const = 0;
   virtual void destroy() = 0;
-  /// Shows the new window, in front.
+  /// Shows the new window and brings it to the front.
   virtual void show() = 0;
   /// Restores a minimised or maximised window and brings it to the front.
   virtual void restore() = 0;
-  /// While it is on, a window that is shown or restored and whatever is asked stand above windows
-  /// that are always on top. Holds for a window that is made later too.
+  /// While on, show() and restore() put the window above always-on-top windows, and message boxes
+  /// are above them too. Also applies to a window that is created later.
   virtual void standAboveAll(bool on) = 0;
 
   [[nodiscard]] virtual std::u16string text(int id) = 0;
   virtual void setText(int id, const std::u16string& text) = 0;
   [[nodiscard]] virtual bool isChecked(int id) = 0;
   virtual void setChecked(int id, bool checked) = 0;
-  /// Of a combo, a list or the tabs; -1 for none.
+  /// The selected row of a combo, a list or the tabs, or -1.
   [[nodiscard]] virtual int row(int id) = 0;
   virtual void setRow(int id, int row) = 0;
-  /// Replaces all rows of a list; nothing is selected then, and the first row is at the top.
+  /// Replaces all rows of a list; afterwards no row is selected and the first is at the top.
   virtual void setListRows(int id, const std::vector<std::u16string>& rows) = 0;
   [[nodiscard]] virtual int topRow(int id) = 0;
   virtual void setTopRow(int id, int row) = 0;
@@ -101,43 +101,43 @@ class SettingsView {
   virtual void enable(int id, bool enabled) = 0;
   [[nodiscard]] virtual bool mark(int id, Mark mark) = 0;
   virtual void setMark(int id, Mark mark, bool on) = 0;
-  /// Asks for a paint of what lies outside the client area as well.
+  /// Repaints the control now, including its frame.
   virtual void redrawFrame(int id) = 0;
-  /// Asks for a paint, without erasing first.
+  /// Requests a repaint, without erasing first.
   virtual void invalidate(int id) = 0;
 
   /// 96 while there is no window.
   [[nodiscard]] virtual int dpi() const = 0;
-  /// Fits fonts, rows and frames to a monitor of another DPI, then takes the place there.
+  /// Fits fonts, rows and frames to another DPI, then moves the window to `rect`.
   virtual void adoptDpi(int dpi, const Rect& rect) = 0;
   [[nodiscard]] virtual Size clientSize() const = 0;
   [[nodiscard]] virtual Rect rectOf(int id) = 0;
-  /// Moves the window's own children and the pane's, each in one step.
+  /// Moves children of the window and of the pane, those of each parent in one step.
   virtual void place(std::span<const Placement> placements) = 0;
-  /// Shows or hides without taking the focus; one that stands so already is left alone.
+  /// Shows or hides without taking the focus; does nothing if the control already is so.
   virtual void setVisible(int id, bool visible) = 0;
   [[nodiscard]] virtual ScrollInfo scrollInfo(Bar bar) = 0;
   virtual void setScrollInfo(Bar bar, const ScrollInfo& info) = 0;
-  /// The whole window, frame and children, now.
+  /// Repaints the whole window, frame and children, now.
   virtual void redrawAll() = 0;
-  /// The pane, its frame and children, when the loop is idle.
+  /// Requests a repaint of the pane, its frame and children.
   virtual void redrawPane() = 0;
 
   [[nodiscard]] virtual Size previewHostSize() = 0;
-  /// In the host, pixels; neither activates nor reorders.
+  /// Places the preview in its host, in pixels; neither activates nor reorders it.
   virtual void placePreview(const Rect& rect) = 0;
 
-  /// True for Yes. Blocks, with the loop running.
+  /// True for Yes. This and inform() block; messages are still dispatched.
   [[nodiscard]] virtual bool askYesNo(const std::u16string& text, const std::u16string& title,
                                       DialogIcon icon) = 0;
   virtual void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) = 0;
-  /// A path, empty after a cancel or a failure. Block, with the loop running.
+  /// A path, empty on cancel or failure. Both block; messages are still dispatched.
   [[nodiscard]] virtual std::u16string pickFolder() = 0;
   [[nodiscard]] virtual std::u16string pickFile(FileFilter filter) = 0;
-  /// Starts at `colour` (0xRRGGBB) and replaces it; false, and all as it was, after a cancel. The
-  /// custom colours are those that the user can keep in the dialog.
+  /// Starts at `colour` (0xRRGGBB) and replaces it. False on cancel, with both arguments unchanged.
+  /// `custom` are the colours that the user can define in the dialog.
   [[nodiscard]] virtual bool pickColour(uint32_t& colour, CustomColours& custom) = 0;
-  /// Puts a text on the clipboard; false when that failed.
+  /// Copies a text to the clipboard; false on failure.
   [[nodiscard]] virtual bool copyText(const std::u16string& text) = 0;
 };
 

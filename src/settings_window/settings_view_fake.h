@@ -1,6 +1,6 @@
-// The settings window in memory: every control of the table with its text, check, row, focus and
-// marks. It notifies like the real one, also when the program itself writes into a box, and plays
-// the person at the mouse and the keyboard.
+// A SettingsView in memory: every control of the table with its text, check, row, focus and marks.
+// It notifies like the real one, also when the program itself writes into a box, and simulates the
+// user's mouse and keyboard.
 #pragma once
 
 #include <cassert>
@@ -17,7 +17,7 @@ namespace mrl {
 
 class SettingsViewFake : public SettingsView {
  public:
-  // The person.
+  // The user's actions.
   void type(int id, const std::u16string& text) {
     takeFocus(id);
     change(id, text);
@@ -42,12 +42,12 @@ class SettingsViewFake : public SettingsView {
     select(id, row);
     notify(id, kDoubleClicked);
   }
-  /// The focus goes nowhere.
+  /// Takes the focus from the control; no other gets it.
   void leave(int id) {
     if (focused == id) takeFocus(kNobody);
   }
 
-  // The seam.
+  // The interface.
   bool create(const Rect& rect) override {
     assert(!open);
     if (createFails) return false;
@@ -60,7 +60,7 @@ class SettingsViewFake : public SettingsView {
   bool isOpen() const override { return open; }
   WindowHandle handle() const override { return open ? WindowHandle{kHandle} : WindowHandle{}; }
   void destroy() override {
-    takeFocus(kNobody);  // as the system does while the boxes still exist
+    takeFocus(kNobody);  // as in the system, while the boxes still exist
     open = false;
     texts.clear();
     checked.clear();
@@ -148,7 +148,7 @@ class SettingsViewFake : public SettingsView {
   bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
     questions.push_back({text, title, icon});
     const int before = focused;
-    takeFocus(kNobody);  // the question has the keyboard meanwhile
+    takeFocus(kNobody);  // the message box has the focus meanwhile
     takeFocus(before);
     return answersYes;
   }
@@ -181,9 +181,9 @@ class SettingsViewFake : public SettingsView {
   };
   static constexpr int64_t kHandle = 900;
   static constexpr int kNobody = -1;
-  static constexpr int kBarPixels = 17;  // what a scroll bar takes from its window
+  static constexpr int kBarPixels = 17;  // the width of a scroll bar
 
-  // What steers it.
+  // Settings for a test.
   std::function<void(int id, int notification)> notify = [](int, int) {};
   std::function<void()> hostSized = [] {};
   std::function<void(Size)> previewSized = [](Size) {};
@@ -191,13 +191,13 @@ class SettingsViewFake : public SettingsView {
   bool aboveAll = false;
   bool answersYes = false;
   bool copyFails = false;
-  std::u16string picked;                 // empty: the person cancels
-  std::optional<uint32_t> pickedColour;  // none: the person cancels
+  std::u16string picked;                 // empty: the user cancels
+  std::optional<uint32_t> pickedColour;  // empty: the user cancels
   int windowDpi = kUnitsPerInch;
   Size client{1040, 740};
-  Size previewHost{700, 112};  // with its scroll bars
+  Size previewHost{700, 112};  // including its scroll bars
 
-  // What it was told.
+  // What was recorded.
   int creations = 0;
   std::vector<Dialog> questions;
   std::vector<Dialog> information;
@@ -205,9 +205,9 @@ class SettingsViewFake : public SettingsView {
   std::vector<uint32_t> offeredColours;
   std::u16string clipboard;
   std::vector<std::string> calls;
-  std::vector<int> written;  // texts, by whose id
+  std::vector<int> written;  // the ids that setText() was called with
 
-  // What stands in the window; gone with it.
+  // The state of the window and its controls.
   bool open = false;
   Rect windowRect;
   int focused = kNobody;
@@ -226,7 +226,7 @@ class SettingsViewFake : public SettingsView {
   std::vector<int> invalidated;
 
  private:
-  /// As the system shows it: where there is something to scroll.
+  /// The system shows a bar only if there is something to scroll.
   bool isShown(Bar bar) { return bars.contains(bar) && bars[bar].page <= bars[bar].last; }
   static const Control& rowOf(int id) {
     assert(findControl(id));
@@ -247,7 +247,7 @@ class SettingsViewFake : public SettingsView {
     const ControlKind kind = rowOf(id).kind;
     if (kind == ControlKind::NumberBox || kind == ControlKind::TextBox) notify(id, kTextChanged);
   }
-  /// The one that loses it has lost it when it says so.
+  /// By the time a control notifies of the loss, the focus has already moved.
   void takeFocus(int id) {
     if (!open || focused == id) return;
     const int before = focused;

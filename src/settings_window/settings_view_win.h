@@ -1,5 +1,5 @@
-// The settings window of the system: see settings_view.h. Its painting is SettingsLook's, what its
-// messages mean is told in settings_messages_win.h.
+// SettingsView on Windows: see settings_view.h. SettingsLook paints it; settings_messages_win.h
+// handles its messages.
 #pragma once
 
 #include <windows.h>
@@ -14,7 +14,7 @@ namespace mrl {
 
 class SettingsViewWin : public SettingsView {
  public:
-  /// `owner` is what the window classes' procedure expects. The form must outlive this.
+  /// `owner` is the creation parameter that the window procedure expects. `form` must outlive this.
   SettingsViewWin(HINSTANCE programInstance, void* owner, const SettingsForm& form)
       : look(form), instance(programInstance), creationParameter(owner) {}
 
@@ -60,13 +60,13 @@ class SettingsViewWin : public SettingsView {
   bool pickColour(uint32_t& colour, CustomColours& custom) override;
   bool copyText(const std::u16string& text) override;
 
-  /// Null without a window or a control of that number; the pane for kContentPane.
+  /// Null without a window or for an unknown id; the pane for kContentPane.
   [[nodiscard]] HWND control(int id) const;
   [[nodiscard]] HWND topWindow() const { return window; }
   [[nodiscard]] const SettingsLook& painter() const { return look; }
-  /// The window goes, its controls still exist.
+  /// Call on WM_DESTROY, while the controls still exist.
   void onDestroying() const;
-  /// The system took the window away.
+  /// Call on WM_NCDESTROY: forgets the handles and releases what painting needed.
   void onDestroyed();
 
  private:
@@ -82,8 +82,8 @@ class SettingsViewWin : public SettingsView {
   void* creationParameter;
   HWND window = nullptr;
   bool aboveAll = false;
-  int windowDpi = kUnitsPerInch;  // what the system said last
-  std::map<int, HWND> controls;   // the pane among them
+  int windowDpi = kUnitsPerInch;  // as last reported by the system
+  std::map<int, HWND> controls;   // including the pane
 };
 
 }  // namespace mrl

@@ -20,7 +20,7 @@ constexpr int kMarginUnits = 24;
 constexpr int kKeyOne = 0x31;
 constexpr int kKeyS = 0x53;
 
-/// In the middle of the clock's monitor, and never larger than that.
+/// Centred on the clock's monitor, and smaller than its work area.
 Rect placeOf(const App& app) {
   const ClockWindow& clock = app.platform.clockWindow;
   const Rect area = clock.nearestWorkArea();
@@ -51,7 +51,7 @@ void openSettingsWindow(App& app) {
   if (app.form.isOpen) return view.restore();
   app.form = {.settings = app.settings, .customColours = app.form.customColours};
   {
-    const SuppressControls quiet(app);  // boxes speak up while they are being made
+    const SuppressControls quiet(app);  // boxes notify while they are being created
     if (!view.create(placeOf(app))) return;
     app.form.isOpen = true;
     fillWindow(app);
@@ -63,7 +63,7 @@ bool mayDiscardInput(App& app, const std::u16string& question) {
   if (!app.form.isOpen) return true;
   applyPending(app, true);
   if (!app.form.settingsDirty) return true;
-  // The question takes the focus from a box, which would apply what it asks about.
+  // The question takes the focus from a box, and its loss would force the edits in question.
   const SuppressControls quiet(app);
   return app.platform.settingsView.askYesNo(question, kDialogTitle, DialogIcon::Question);
 }
@@ -75,7 +75,7 @@ bool closeSettingsWindow(App& app) {
 }
 
 void destroySettingsWindow(App& app) {
-  // First, so that a box which loses the focus on the way out applies nothing any more.
+  // Before destroy(): a box that loses the focus on destruction must not apply anything.
   app.form.isOpen = false;
   app.form.pendingEdits.clear();
   app.form.settingsDirty = false;

@@ -1,4 +1,4 @@
-// The settings window's life: it opens, turns its pages and closes. UI thread.
+// Opens and closes the settings window, switches its pages and handles its keys. UI thread.
 #pragma once
 
 #include <string>
@@ -12,34 +12,35 @@ inline constexpr Size kSmallestSettingsUnits{900, 620};
 inline constexpr const char16_t* kSettingsTitle = u"Marlune 设置";
 inline constexpr const char16_t* kDialogTitle = u"Marlune";
 
-/// Opens the window with a fresh form; one that is open comes to the front as it is.
+/// Opens the window with a fresh form; if it is already open, brings it to the front unchanged.
 void openSettingsWindow(App& app);
 
-/// Closes it, after a question if there is input that took no effect. False when it stays open.
+/// Applies pending input and closes the window; asks first if some could not be applied. False if
+/// it stays open.
 bool closeSettingsWindow(App& app);
 
-/// Applies what is pending; asks `question` about what can't be. True when nothing is left or the
-/// user gives it up.
+/// Applies pending input; if some is left, asks `question`. True if nothing is left or the user
+/// agrees to discard it.
 bool mayDiscardInput(App& app, const std::u16string& question);
 
-/// The window goes without a question, because the program ends or the user agreed.
+/// Closes the window and discards pending input without asking.
 void destroySettingsWindow(App& app);
 
-/// 0 to 4; any other number counts as the nearest of them.
+/// `index` is clamped to 0 to 4.
 void selectPage(App& app, int index);
 
 struct HeldKeys {
   bool control = false;
   bool alt = false;
 };
-/// A key pressed in the window or on one of its controls. True when it meant something, and then it
-/// goes no further.
+/// Handles a key pressed in the window or one of its controls. True for a shortcut, which must not
+/// be dispatched further.
 bool onSettingsKey(App& app, int virtualKey, HeldKeys held);
 
-/// Writes only what differs, so that nothing flickers and no box reports a change.
+/// Writes only a different text, so that nothing flickers and no box reports a change.
 void setTextIfChanged(App& app, int id, const std::u16string& text);
 
-/// Turns the controls' notifications off while it lives, so that filling them books no edits.
+/// While it lives, notifications of controls are ignored, so that filling them queues no edits.
 class SuppressControls {
  public:
   explicit SuppressControls(App& owner) : app(owner), before(owner.form.controlsSuppressed) {

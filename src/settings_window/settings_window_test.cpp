@@ -103,7 +103,7 @@ TEST_F(SettingsWindowTest, AWindowOpenedAnewHasAFreshForm) {
   EXPECT_EQ(app.form.page, 0);
   EXPECT_EQ(app.form.previewPhase, 0);
   EXPECT_EQ(app.form.previewScroll, Point{});
-  EXPECT_EQ(app.form.customColours[0], 7u);  // the user's own colours outlive the window
+  EXPECT_EQ(app.form.customColours[0], 7u);  // the user's own colours are kept
 }
 
 TEST_F(SettingsWindowTest, AWindowThatCanNotBeMadeIsNotOpen) {
@@ -336,7 +336,7 @@ TEST_F(SettingsWindowTest, WhatIsShownAlreadyIsNotWrittenAgain) {
 }
 
 TEST_F(SettingsWindowTest, CtrlAndADigitForceNothingByThemselves) {
-  view().click(kPerSlideCheck);  // the focus is in no box
+  view().click(kPerSlideCheck);  // no box has the focus
   bookEdit(app, kMinutesBox, kEditDelayMs);
   view().texts[kMinutesBox] = u"20";
   EXPECT_TRUE(onSettingsKey(app, '3', kControl));

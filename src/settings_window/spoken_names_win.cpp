@@ -2,7 +2,7 @@
 
 #include <initguid.h>
 #include <objbase.h>
-// After <objbase.h>, which it leans on.
+// Must come after <objbase.h>.
 #include <oleacc.h>
 
 #include "base/com_ref_win.h"

@@ -1,5 +1,5 @@
-// Gives the controls of the settings window the names that a screen reader says (see spokenNames).
-// UI thread. On a system without that service nothing happens: the labels are still there.
+// Sets the accessible names of the settings window's controls for screen readers: see
+// spokenNames(). UI thread. Without the system's service nothing happens: the labels remain.
 #pragma once
 
 #include <windows.h>
@@ -8,9 +8,9 @@
 
 namespace mrl {
 
-/// `controls` are the window's, by their ids.
+/// `controls` are the window's, by id.
 void giveSpokenNames(const std::map<int, HWND>& controls);
-/// REQUIRES: the controls still exist; the system keeps the names of those that do not.
+/// REQUIRES: the controls still exist, otherwise the system would keep their names.
 void takeSpokenNamesBack(const std::map<int, HWND>& controls);
 
 }  // namespace mrl

@@ -1,4 +1,4 @@
-// The names as the system is told them: a class of the tests stands for its service.
+// The accessible names passed to the system, recorded by a fake of its service.
 #include "settings_window/spoken_names_win.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,12 @@
-// What the settings window's frame tells of the timer. UI thread.
+// Shows the timer's state at the top of the settings window. UI thread.
 #pragma once
 
 #include "core/app.h"
 
 namespace mrl {
 
-/// The line and the button beside it. Without a window it does nothing.
+/// Updates the timer's line and the start and pause button beside it. Does nothing without a
+/// window.
 void refreshStatusLine(App& app);
 
 }  // namespace mrl

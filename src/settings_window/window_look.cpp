@@ -15,14 +15,14 @@ constexpr const char16_t* kSubtitles[kPageCount] = {
     u"在关键时间点提醒，让演示节奏更从容",  u"连接手机或电脑，远程控制计时与幻灯片",
     u"管理 PPT / WPS 文件与逐文件计时规则",
 };
-constexpr int kDeckGlyph = 4;  // a deck has the sign of its page
+constexpr int kDeckGlyph = 4;  // a deck has the icon of the presentations page
 constexpr uint32_t kExcludedText = 0xA87426;
 
 void addSidebar(Drawing& drawing, int height, Scale scale) {
   const auto area = [scale](int left, int top, int right, int bottom) {
     return Rect{scale(left), scale(top), scale(right), scale(bottom)};
   };
-  // Counted from the bottom of the window.
+  // Measured from the bottom of the window.
   const auto foot = [scale, height](int top, int right, int bottom) {
     return Rect{scale(20), height - scale(top), scale(right), height - scale(bottom)};
   };
@@ -81,7 +81,7 @@ Drawing drawWindow(Size client, int page, int dpi) {
 Drawing drawPane(Size client, std::span<const Rect> cards, int dpi) {
   Drawing drawing{Area{wholeOf(client), kPageFill}};
   for (Rect card : cards) {
-    card.right = std::min(card.right, client.width);  // what a scroll bar leaves to be seen
+    card.right = std::min(card.right, client.width);  // keep the edge visible beside a scroll bar
     drawing.push_back(RoundedRect{card, toPixels(12, dpi), kWhite, kCardLine});
   }
   return drawing;

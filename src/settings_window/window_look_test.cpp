@@ -105,7 +105,7 @@ TEST(PreviewHostLookTest, IsDarkBehindTextAloneAndLightOtherwise) {
 }
 
 TEST(QrCodeLookTest, EveryDarkModuleIsABlackSquareOnWhite) {
-  const QrMatrix matrix{{true, true}, {false, false}};  // its mirror image is another one
+  const QrMatrix matrix{{true, true}, {false, false}};  // differs from its transpose
   const QrPlace place = placeQrCode(100, 100, 2);
   const int side = place.modulePixels;
   EXPECT_EQ(
