@@ -50,7 +50,7 @@ std::u16string_view otherProviderOf(std::u16string_view progId) {
 
 std::vector<WindowHandle> objectModelWindows(WindowSystem& windows, std::u16string_view progId) {
   std::vector<WindowHandle> list;
-  if (progId != kPowerPoint && progId != kWps) return list;  // spares the look at the desktop
+  if (progId != kPowerPoint && progId != kWps) return list;  // avoids enumerating all windows
   for (const WindowHandle window : windows.topLevelWindows()) {
     if (!windows.isVisible(window) || providerOfImage(windows.imageName(window)) != progId)
       continue;

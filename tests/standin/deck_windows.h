@@ -17,7 +17,7 @@ class DeckWindows {
   DeckWindows(const DeckWindows&) = delete;
   ~DeckWindows();
 
-  /// Creates windows missing from the model's state, destroys obsolete ones and repaints the rest.
+  /// Creates the windows that the model lacks, destroys obsolete ones and repaints the rest.
   void follow(StandIn& standIn);
   /// Null if the show has ended.
   HWND ofShow(int showId) const;
