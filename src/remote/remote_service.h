@@ -6,8 +6,8 @@
 namespace mrl {
 
 /// Finds the addresses, checks the firewall (requests its permission only if `interactive`) and
-/// starts the listener. True if already running. On failure nothing is running and the status line
-/// shows the reason. In test mode listens on loopback only and skips network and firewall.
+/// starts the listener. True if already running. On failure nothing is running and setStatus()
+/// reports the reason. In test mode listens on loopback only and skips network and firewall.
 bool startRemote(App& app, bool interactive);
 
 /// Starts only the listener, on the port from the settings, on loopback and these addresses.

@@ -140,7 +140,7 @@ pageTest('a failure is taken away by keyboard, and its button is there as long a
     assert.equal(await page.isVisible('#message-close'), false);
   });
 
-/** Tabs through all targets towards the sticky `cover`; asserts that it never covers the focused one. */
+/** Tabs through all targets towards the sticky `cover`; it must never cover the focused one. */
 async function assertNothingCovered(page, cover, key) {
   let seen = 0;
   for (let step = 0; step < 70; step++) {

@@ -19,7 +19,7 @@ async function ask(service, path, method = 'GET') {
 export const stateOf = async (service) => (await ask(service, '/api/state')).json();
 export const controlsOf = async (service) => (await ask(service, '/api/controls')).json();
 
-/** Sets `wasBusy` if the computer did not respond in time: a 503, or a request that the page gave up. */
+/** Sets `wasBusy` if the computer did not answer in time: a 503, or a request the page aborted. */
 function noteBusy(page, service) {
   page.on('response', (answer) => {
     if (answer.status() === kBusy) service.wasBusy = true;
@@ -30,8 +30,8 @@ function noteBusy(page, service) {
 }
 
 /**
- * Functions that declare tests on a service; `start` starts a separate one for each test. A test that
- * fails after the service reported that it is busy, as on a loaded machine, is retried from its start.
+ * Functions that declare tests on a service; `start` starts a separate one for each test. A test
+ * that fails after the service was busy, as on a loaded machine, is retried from its start.
  */
 export function testsOn(start) {
   const serviceTest = (name, body) => test(name, { timeout: 180_000 }, async () => {

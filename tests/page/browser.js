@@ -24,7 +24,7 @@ const isIcon = (url) => url.endsWith('/favicon.ico');
 
 /**
  * Opens the page in a context of its own. Collects console messages in `page.said` and requests in
- * `page.asked`. With `frozen` the page's time stops, so polls happen only when the test advances it.
+ * `page.asked`. With `frozen` the page's time stops: it polls only when the test advances time.
  */
 export async function visit(browser, origin, {
   path = '/', theme, width = 390, height = 844, frozen = true, before, ...options
@@ -62,8 +62,8 @@ export function sharedBrowser() {
 after(async () => (await shared)?.close());
 
 /**
- * A test on the connected page. `prepare` receives the service before the visit; `complaints` permits
- * the browser's own console messages about failed requests; other options are passed to `visit`.
+ * A test on the connected page. `prepare` receives the service before the visit; `complaints`
+ * permits the browser's own console messages about failed requests; the rest is passed to `visit`.
  */
 export function pageTest(name, { prepare, complaints = false, waits = true, ...options }, body) {
   test(name, { timeout: 30_000 }, async () => {

@@ -9,7 +9,7 @@ const inEnglish = { status: 503, type: 'text/plain; charset=utf-8',
 const busyHint = '电脑正忙，操作可能稍后才生效。请先看画面和计时有没有变化，再决定是否重试。';
 const unreachedHint = '没有连上电脑，操作可能没有执行。请检查两台设备是否在同一网络，显示“已连接”后再试。';
 
-/** Records each text that `selector` shows from now on; returns a function that returns the list. */
+/** Records each text that `selector` shows from now on; returns a function that gives the list. */
 async function watch(page, selector) {
   await page.$eval(selector, (element) => {
     globalThis.texts = [];
