@@ -20,7 +20,7 @@ std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server, const Han
 Answer handOver(const RemoteServer& server, const HandOverDoors& doors,
                 const std::shared_ptr<RemoteRequest>& request) {
   if (!doors.requests.post(server.targetWindow, request)) return {503, kUnavailable, kPlainText};
-  // Past the time-out neither answer field may be read: the UI thread can still be writing them.
+  // After a time-out neither answer field may be read: the UI thread may still be writing them.
   if (!request->done->wait(kAnswerLimitMs)) return {503, kMayBePending, kPlainText};
   return {request->status, request->response, kJson};
 }

@@ -1,6 +1,6 @@
-// The listener's half of the bridge to the UI thread, which owns all state. Either side may
-// lose the other: the UI thread can be busy for too long, the service can be stopped or restarted,
-// and the program can end with requests still queued.
+// The listener's half of the bridge to the UI thread, which owns all state. Either side may have to
+// do without the other: the UI thread may be busy for too long, the service may be stopped or
+// restarted, and the program may exit with requests still queued.
 #pragma once
 
 #include <memory>
@@ -13,16 +13,18 @@
 
 namespace mrl {
 
-/// What the listener's thread reaches of the program. All of it may be called from there.
+/// The interfaces that the listener's thread uses; both are safe to call from there.
 struct HandOverDoors {
   Clock& clock;
   RequestQueue& requests;
 };
 
-/// Listener's thread: a request of the service's present run, not yet filled.
+/// Listener's thread: creates an empty request of the service's current run.
 std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server, const HandOverDoors& doors);
 
-/// Listener's thread: hands a filled request to the UI thread and waits for what comes back.
+/// Listener's thread: posts a filled request to the UI thread and waits for the answer. Returns a
+/// 503 if the UI thread can't be reached or doesn't answer in time; in the latter case the command
+/// may still run.
 Answer handOver(const RemoteServer& server, const HandOverDoors& doors,
                 const std::shared_ptr<RemoteRequest>& request);
 

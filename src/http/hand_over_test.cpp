@@ -25,13 +25,13 @@ class HandOverTest : public ::testing::Test {
   Answer handOver(const std::shared_ptr<RemoteRequest>& request) {
     return mrl::handOver(server, doors, request);
   }
-  /// What the UI thread does with a request.
+  /// Answers a request as the UI thread would.
   void answer(RemoteRequest& request) const {
     request.status = status;
     request.response = kAnswer;
     request.done->set();
   }
-  /// As soon as the request is posted.
+  /// Answers as soon as the request is posted.
   void answerAtOnce() {
     requests.onPost = [this](RemoteRequest& request) { answer(request); };
   }

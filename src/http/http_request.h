@@ -1,4 +1,4 @@
-// Reads a request's bytes as they came. Nothing is decoded, folded or normalised.
+// Parses a request's raw bytes. Nothing is decoded, unfolded or normalised.
 #pragma once
 
 #include <cstddef>
@@ -8,11 +8,11 @@
 
 namespace mrl {
 
-constexpr size_t kHeadLimit = 8192;  // no more is read once so much is there
+constexpr size_t kHeadLimit = 8192;  // no further receive once this much has arrived
 constexpr uint64_t kBodyLimit = 8192;
 constexpr std::string_view kHeadEnd = "\r\n\r\n";
 
-/// The head has ended, or is as long as we ever read.
+/// True if the head has ended or has reached kHeadLimit.
 bool isHeadComplete(std::string_view raw);
 
 struct RequestLine {
@@ -22,14 +22,14 @@ struct RequestLine {
   bool operator==(const RequestLine&) const = default;
 };
 
-/// Nothing when the line is malformed or the head never ended.
+/// std::nullopt if the line is malformed or the head is not terminated.
 std::optional<RequestLine> requestLineOf(std::string_view raw);
 
-/// The value of the first header of that name, without the blanks and tabs around it; empty when
-/// there is none.
+/// The value of the first header of that name, without surrounding spaces and tabs; empty if there
+/// is none.
 std::string_view findHeader(std::string_view raw, std::string_view lowerCaseName);
 
-/// The length of a form's body: plain digits, 1 to kBodyLimit. Nothing for anything else.
+/// The length of a form's body: plain digits, 1 to kBodyLimit. std::nullopt for anything else.
 std::optional<size_t> bodyLengthOf(std::string_view raw);
 
 /// Where the body starts. REQUIRES: the head has ended.

@@ -1,5 +1,5 @@
-// Any bytes as a request: only one that names this service gets past the rules, what is handed over
-// is within its limits, and every answer is a whole one.
+// Any bytes as a request: only one that names this service passes the rules, what is handed over is
+// within its limits, and there is never more than one answer, which is complete.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -33,7 +33,7 @@ void checkHandedOver(const mrl::RemoteRequest& request, const std::string& raw) 
 
 }  // namespace
 
-/// The first byte is how much comes with each receive; the rest is what comes.
+/// The first byte sets how many bytes each receive returns; the rest is the request.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   if (size == 0) return 0;
   const size_t piece = static_cast<size_t>(data[0]) * 8 + 1;

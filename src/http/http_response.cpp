@@ -3,7 +3,7 @@
 namespace mrl {
 namespace {
 
-// The page carries its own script and style and talks to nobody but us; no site may frame it.
+// The page's script and style are inline, and it connects only to us; no site may frame it.
 constexpr std::string_view kFixedHead =
     "\r\nCache-Control: no-store"
     "\r\nX-Content-Type-Options: nosniff"
@@ -12,7 +12,7 @@ constexpr std::string_view kFixedHead =
     "\r\nReferrer-Policy: no-referrer"
     "\r\nConnection: close\r\n\r\n";
 
-constexpr size_t kHeadRoom = 512;  // more than what stands between status and body
+constexpr size_t kHeadRoom = 512;  // more than the headers need
 
 }  // namespace
 

@@ -1,4 +1,4 @@
-// The answer to a request, byte for byte.
+// Builds the bytes of an answer.
 #pragma once
 
 #include <string>
@@ -18,7 +18,7 @@ struct Answer {
   bool operator==(const Answer&) const = default;
 };
 
-/// Head and body. The head is the same for every answer, errors included.
+/// Head and body. All answers, errors included, have the same headers.
 std::string responseBytes(const Answer& answer);
 
 }  // namespace mrl

@@ -29,7 +29,7 @@ bool isGoodHost(std::string_view host, std::optional<uint32_t> localAddress, int
   return localAddress && isLoopback(*localAddress) && isNameOrNameWithPort(host, "localhost", port);
 }
 
-/// The value of a query's only parameter; nothing when it is none that `command` may have.
+/// The value of the query's only parameter; std::nullopt if `command` doesn't accept that query.
 std::optional<std::string_view> argumentOf(std::string_view command, std::string_view query) {
   if (command == "duration" && query.starts_with(kSeconds)) {
     const std::string_view digits = query.substr(kSeconds.size());

@@ -1,4 +1,4 @@
-// What a request may do, decided on its bytes alone.
+// Decides from a request's bytes alone what it may do.
 #pragma once
 
 #include <cstdint>
@@ -10,10 +10,10 @@
 
 namespace mrl {
 
-/// The service's only protection. The request must name the very address on which it arrived, and
-/// if a page of a browser sent it, that page must come from there too. So neither a page of another
-/// site nor a name that was pointed at this computer gets through. `localAddress` is in network
-/// order; nothing when the system would not tell.
+/// The service's only protection. The Host header must name the address on which the request
+/// arrived, and if a browser page sent it (Origin), that page must come from there too. This keeps
+/// out pages of other sites and foreign names that resolve to this computer. `localAddress` is in
+/// network order; std::nullopt if unknown: then only a request that names no host is accepted.
 bool namesThisService(std::string_view raw, std::optional<uint32_t> localAddress, int32_t port);
 
 enum class Route {

@@ -1,4 +1,4 @@
-// IPv4 addresses in network order: the first octet lies first in memory, whatever the machine.
+// IPv4 addresses in network order: the first octet comes first in memory on every machine.
 #pragma once
 
 #include <array>
@@ -16,7 +16,7 @@ constexpr uint32_t ipv4(uint8_t first, uint8_t second, uint8_t third, uint8_t fo
 
 constexpr uint32_t kLoopback = ipv4(127, 0, 0, 1);
 
-/// True for all addresses that only this computer itself reaches.
+/// True for all of 127.0.0.0/8, which only this computer itself can reach.
 constexpr bool isLoopback(uint32_t address) { return std::bit_cast<Octets>(address)[0] == 127; }
 
 /// "192.168.1.5"

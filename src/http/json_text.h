@@ -6,8 +6,8 @@
 
 namespace mrl {
 
-/// `text` in quotes, as UTF-8. Control characters get the form with four digits; nothing else but
-/// the quotation mark and the backslash is escaped. An unpaired surrogate becomes U+FFFD.
+/// `text` as UTF-8 in quotes. Control characters become \u00XX; apart from them only the quotation
+/// mark and the backslash are escaped. An unpaired surrogate becomes U+FFFD.
 std::string jsonString(std::u16string_view text);
 
 /// "true" or "false".

@@ -1,5 +1,5 @@
-// Whatever the text, the result is one JSON string: a quotation mark at each end, and in between
-// only what a JSON string may hold.
+// For any text the result is one valid JSON string: a quotation mark at each end, and in between
+// only what a JSON string may contain.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -11,7 +11,7 @@ namespace {
 
 bool isHex(char digit) { return (digit >= '0' && digit <= '9') || (digit >= 'a' && digit <= 'f'); }
 
-/// Bytes of the escape that begins at `at`; 0 when it is none.
+/// Length in bytes of the escape sequence at `at`; 0 if it is invalid.
 size_t escapeAt(const std::string& json, size_t at) {
   if (at + 1 >= json.size()) return 0;
   if (json[at + 1] == '"' || json[at + 1] == '\\') return 2;
@@ -29,7 +29,7 @@ bool isJsonString(const std::string& json) {
     const size_t step = json[at] == '\\' ? escapeAt(json, at) : 1;
     if (step == 0) return false;
     at += step;
-    if (at >= json.size()) return false;  // the escape took the closing mark
+    if (at >= json.size()) return false;  // the escape ate the closing quote
   }
   return true;
 }

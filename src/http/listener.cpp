@@ -19,7 +19,7 @@ const Answer kWrongAddress{403, "Invalid request origin", kPlainText};
 const Answer kNotFound{404, "Not found", kPlainText};
 const Answer kWrongMethod{405, "Method not allowed", kPlainText};
 
-/// The bytes of one request as they come in, within one budget of time.
+/// Receives the bytes of one request, within one time limit for head and body.
 class RequestReader {
  public:
   RequestReader(const RemoteServer& ofServer, const Clock& ofTime, Connection& from)
@@ -29,7 +29,7 @@ class RequestReader {
     while (hasTime() && !isHeadComplete(bytes) && receive()) {
     }
   }
-  /// False when the whole body did not come.
+  /// False if the body is incomplete.
   bool readUntil(size_t size) {
     while (hasTime() && bytes.size() < size && receive()) {
     }

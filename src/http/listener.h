@@ -1,5 +1,5 @@
-// The network face of the remote service: one request per connection, one connection at a time.
-// Runs on a thread of its own and owns no state of the program.
+// The network side of the remote service: one request per connection, one connection at a time.
+// Runs on its own thread and owns no program state.
 #pragma once
 
 #include "http/hand_over.h"
@@ -8,14 +8,13 @@
 
 namespace mrl {
 
-constexpr uint32_t kWaitForConnectionMs = 200;  // and so how long a stop may have to wait
-constexpr uint64_t kReadLimitMs = 2000;         // for head and body together, from the accept on
+constexpr uint32_t kWaitForConnectionMs = 200;  // an idle listener notices a stop within this time
+constexpr uint64_t kReadLimitMs = 2000;  // for head and body together, counted from the accept
 
-/// Serves until `server.running` is false. A connection that is being served then gets its answer
-/// first.
+/// Serves until `server.running` is false. A connection already being served is answered first.
 void runListener(const RemoteServer& server, HandOverDoors doors);
 
-/// Reads one request from the connection and answers it.
+/// Reads one request from the connection and sends the answer.
 void serveConnection(const RemoteServer& server, const HandOverDoors& doors,
                      Connection& connection);
 

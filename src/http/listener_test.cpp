@@ -13,7 +13,7 @@
 namespace mrl {
 namespace {
 
-/// One connection at a time, served on the test's own thread over fakes.
+/// Serves one connection at a time on the test's own thread, over fakes.
 class ListenerTest : public ::testing::Test {
  protected:
   static constexpr int32_t kPort = 8080;
@@ -31,7 +31,7 @@ class ListenerTest : public ::testing::Test {
   }
   ~ListenerTest() override { server.running = false; }
 
-  /// What is answered to bytes that come in these pieces.
+  /// The answer to a request that arrives in these pieces.
   std::string serve(const std::vector<std::string>& chunks) {
     peer.chunks = chunks;
     peer.receives = peer.sends = 0;
@@ -61,7 +61,7 @@ class ListenerTest : public ::testing::Test {
     for (size_t i = 0; i < bytes.size(); i += size) pieces.push_back(bytes.substr(i, size));
     return pieces;
   }
-  /// A request whose head ends at exactly this many bytes.
+  /// A request whose head is exactly this many bytes long.
   static std::string headOf(size_t size) {
     const std::string start = "GET / HTTP/1.1\r\nHost: localhost\r\nX: ";
     return start + std::string(size - start.size() - 4, 'x') + "\r\n\r\n";
@@ -135,7 +135,7 @@ TEST_F(ListenerTest, TwoRequestsInOneWriteAreOneCommandAndOneAnswer) {
 
 TEST_F(ListenerTest, AHeadMayRunOver8192BytesInTheReceiveThatCrossesThem) {
   EXPECT_EQ(statusOf(serve(inPiecesOf(2048, headOf(8192)))), 200);
-  // 8191 bytes, and then the largest receive there is.
+  // 8191 bytes, then one receive of the maximum size.
   const std::string longest = headOf(10239);
   std::vector<std::string> pieces = inPiecesOf(2048, longest.substr(0, 8191));
   pieces.push_back(longest.substr(8191));
@@ -290,7 +290,7 @@ TEST_F(ListenerTest, AChunkedBodyIsRefused) {
 TEST_F(ListenerTest, HeadAndBodyShareTwoSeconds) {
   const std::string request = form("abc");
   const size_t split = request.size() - 3;
-  // The head takes 1999 ms and the first of the body one more.
+  // The head takes 1999 ms, the first piece of the body one more.
   std::vector<std::string> pieces{request.substr(0, split), "a", "bc"};
   peer.onReceive = [this] { clock.advance(peer.receives == 0 ? 1999 : 1); };
   EXPECT_EQ(statusOf(serve(pieces)), 400);
@@ -341,7 +341,7 @@ TEST_F(ListenerTest, AStopEndsTheReadingButNotTheAnswer) {
   EXPECT_EQ(statusOf(serve({request.substr(0, 5), request.substr(5)})), 400);
   EXPECT_EQ(peer.receives, 1U);
   server.running = true;
-  EXPECT_EQ(statusOf(serve({request})), 200);  // all of it was there
+  EXPECT_EQ(statusOf(serve({request})), 200);  // all of it had arrived
 }
 
 TEST_F(ListenerTest, AStopEndsTheReadingOfABody) {
@@ -350,7 +350,7 @@ TEST_F(ListenerTest, AStopEndsTheReadingOfABody) {
   EXPECT_EQ(statusOf(serve({request.substr(0, request.size() - 3), "abc"})), 400);
 }
 
-/// The loop itself: it ends when nobody waits any more.
+/// The accept loop itself; it ends when no peer is waiting any more.
 class ListenerLoopTest : public ListenerTest {
  protected:
   ListenerLoopTest() {

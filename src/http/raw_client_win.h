@@ -1,4 +1,4 @@
-// The peer of the tests over Winsock. REQUIRES: a Winsock lives when one is made.
+// The test client over Winsock. REQUIRES: a Winsock object lives while one is used.
 #pragma once
 
 #include <winsock2.h>
@@ -20,7 +20,7 @@ constexpr int kStopSending = SD_SEND;
 inline void closeSocket(Socket socket) { closesocket(socket); }
 inline SocketLimit socketLimit(uint32_t ms) { return ms; }
 
-/// Started for as long as it lives.
+/// Winsock is initialised while this object lives.
 struct Winsock {
   Winsock() {
     WSADATA data;

@@ -48,8 +48,7 @@ void closeSockets(RemoteServer& server) {
   server.session.reset();
 }
 
-/// Everything up to the listening sockets; on failure what was opened stays for the caller to
-/// close.
+/// Everything up to the listening sockets. On failure the caller closes what was opened.
 bool openServer(RemoteServer& server, const ServerStart& start, std::u16string& error) {
   server.session = start.sockets.start();
   if (!server.session) {

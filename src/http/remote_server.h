@@ -1,4 +1,4 @@
-// The running remote service: its sockets, its thread, and what the two threads may both see.
+// The remote service while it runs: sockets, listener thread, and the data both threads share.
 #pragma once
 
 #include <atomic>
@@ -16,8 +16,8 @@
 
 namespace mrl {
 
-/// Filled by the start on the UI thread. While the listener's thread lives only the two atomic
-/// fields change, so it reads all of them without a lock. Stops itself when it goes.
+/// Filled on the UI thread by startServer(). While the listener's thread runs, only the two atomic
+/// fields change, so it reads all of them without a lock. The destructor stops the service.
 struct RemoteServer {
   RemoteServer() = default;
   RemoteServer(const RemoteServer&) = delete;
@@ -27,16 +27,16 @@ struct RemoteServer {
   std::atomic<bool> running = false;
   std::unique_ptr<SocketSession> session;                   // outlives the listeners
   std::vector<std::unique_ptr<ListeningSocket>> listeners;  // one per bound address
-  std::vector<uint32_t> addresses;  // IPv4 in network order, the best first; without loopback
+  std::vector<uint32_t> addresses;  // IPv4 in network order, best first; without loopback
   std::thread thread;
-  std::atomic<uint64_t> generation = 0;  // a new one at every start and every stop
+  std::atomic<uint64_t> generation = 0;  // incremented at every start and stop
   WindowHandle targetWindow;             // gets the requests
   std::string page;
-  std::string pairingKey;  // 32 lower-case hexadecimal digits; marks one run, is no password
+  std::string pairingKey;  // 32 lower-case hex digits; identifies one run, not a secret
   int32_t port = 58718;
 };
 
-/// What a start needs. The interfaces outlive the server.
+/// Parameters of startServer(). The interfaces must outlive the server.
 struct ServerStart {
   Sockets& sockets;
   ServiceHost& host;
@@ -47,14 +47,14 @@ struct ServerStart {
   WindowHandle target;              // gets the requests
 };
 
-/// Listens on all of the addresses and on loopback, or on none, and starts the listener's thread.
-/// Running already is success and changes nothing. On failure fills `error`, and nothing runs or
-/// stays bound. UI thread.
+/// Listens on loopback and all of the addresses (all or nothing) and starts the listener's thread.
+/// If already running, returns true and changes nothing. On failure fills `error`; nothing is
+/// running or bound then. UI thread.
 [[nodiscard]] bool startServer(RemoteServer& server, const ServerStart& start,
                                std::u16string& error);
 
-/// Ends the listener, joins its thread, which takes as long as the answer it is at, and closes the
-/// sockets. Safe when nothing runs. UI thread.
+/// Stops the listener, joins its thread (waits for the answer in progress) and closes the sockets.
+/// Safe if nothing is running. UI thread.
 void stopServer(RemoteServer& server);
 
 }  // namespace mrl

@@ -164,7 +164,7 @@ TEST_F(RemoteServerTest, AStopIsSafeWhenNothingRuns) {
   stopServer(server);
   stopServer(server);
   expectNothingLeft();
-  EXPECT_EQ(server.generation, 2U);  // even such a stop outdates what may be queued
+  EXPECT_EQ(server.generation, 2U);  // even this stop invalidates queued requests
 }
 
 TEST_F(RemoteServerTest, AThreadOfAnEarlierRunIsJoinedFirst) {

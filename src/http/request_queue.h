@@ -1,5 +1,5 @@
-// The queue that carries remote requests from the listener's thread into the UI thread's own loop,
-// which hands each to onRemoteRequest.
+// Carries remote requests from the listener's thread to the UI thread's message loop, which passes
+// each to onRemoteRequest.
 #pragma once
 
 #include <memory>
@@ -12,12 +12,13 @@ namespace mrl {
 class RequestQueue {
  public:
   virtual ~RequestQueue() = default;
-  /// Any thread. Never null; an event that the system could not make fails every wait at once.
+  /// Any thread. Never null; if the system could not create the event, every wait fails at once.
   [[nodiscard]] virtual std::unique_ptr<DoneEvent> makeEvent() = 0;
-  /// Any thread; does not block. False when the UI thread can't be reached; nothing is kept then.
+  /// Any thread; does not block. False if the UI thread can't be reached; the request is then
+  /// dropped.
   [[nodiscard]] virtual bool post(WindowHandle target, std::shared_ptr<RemoteRequest> request) = 0;
-  /// UI thread, after its loop and with the listener gone: lets go of all that is still queued, and
-  /// answers none of it.
+  /// UI thread, after its message loop and after the listener has stopped: releases all queued
+  /// requests unanswered.
   virtual void drain() = 0;
 };
 

@@ -1,4 +1,4 @@
-// A queue that a test empties by hand, or that answers each request at once.
+// A queue that the test empties by hand, or that answers each request immediately.
 #pragma once
 
 #include <functional>
@@ -43,7 +43,7 @@ class RequestQueueFake : public RequestQueue {
 
   bool postWorks = true;
   bool eventsWork = true;
-  std::function<void(RemoteRequest&)> onPost;  // plays the UI thread that is quick to answer
+  std::function<void(RemoteRequest&)> onPost;  // plays a UI thread that answers immediately
   std::function<void()> onDrain;
   std::vector<std::shared_ptr<RemoteRequest>> queued;
   std::vector<uint32_t> waitedMs;

@@ -14,9 +14,9 @@ namespace {
 
 constexpr std::chrono::microseconds kSoon{50};
 
-/// What the other thread is about to do is often there within microseconds: to ask some times, and
-/// let others run in between, then costs less than to sleep and be woken. On a busy machine a
-/// single turn of another's may take longer than that, and is the last one.
+/// Polls for a moment before sleeping: the other thread is often done within microseconds, and
+/// yielding a few times is cheaper than being put to sleep and woken. On a busy machine a single
+/// yield may take longer than kSoon; the loop then ends after it.
 template <class Condition>
 bool comesSoon(Condition condition) {
   const auto end = std::chrono::steady_clock::now() + kSoon;
@@ -33,7 +33,7 @@ class DoneEventPosix : public DoneEvent {
   bool wait(uint32_t limitMs) override {
     const bool was = (limitMs > 0 && comesSoon([this] { return isSet.try_acquire(); })) ||
                      isSet.try_acquire_for(std::chrono::milliseconds(limitMs));
-    if (was) isSet.release();  // it stays set
+    if (was) isSet.release();  // a set event stays set
     return was;
   }
 
@@ -54,7 +54,7 @@ std::unique_ptr<DoneEvent> RequestQueuePosix::makeEvent() {
 }
 
 bool RequestQueuePosix::post(WindowHandle /*target*/, std::shared_ptr<RemoteRequest> request) {
-  // The list owns its nodes only from the exchange on, so nothing before it may throw half-way.
+  // The list owns the node only after the exchange; until then the unique_ptr does.
   auto node = std::make_unique<Node>(Node{std::move(request), newest.load()});
   while (!newest.compare_exchange_weak(node->next, node.get())) {
   }

@@ -1,5 +1,4 @@
-// A queue without locks for a UI thread that is no window's: tests, and the program without a
-// desktop.
+// A lock-free queue for a UI thread without windows: for tests and the headless program.
 #pragma once
 
 #include <atomic>
@@ -26,11 +25,11 @@ class RequestQueuePosix : public RequestQueue {
   bool post(WindowHandle target, std::shared_ptr<RemoteRequest> request) override;
   void drain() override;
 
-  /// UI thread: all that is queued, in the order in which it was posted.
+  /// UI thread: removes and returns all queued requests, in the order in which they were posted.
   std::vector<std::shared_ptr<RemoteRequest>> take();
-  /// UI thread: blocks until something is queued, `limitMs` at most.
+  /// UI thread: blocks until something is queued, for at most `limitMs`.
   void wait(uint32_t limitMs);
-  /// Becomes readable when something is queued, for a loop that waits for more than this.
+  /// Becomes readable when something is queued, for loops that wait for several descriptors.
   [[nodiscard]] int descriptor() const { return wake.get(); }
 
  private:

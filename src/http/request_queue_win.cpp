@@ -13,7 +13,7 @@ struct EventTraits {
   static void close(HANDLE event) { CloseHandle(event); }
 };
 
-/// Without a handle the set and every wait fail at once, as they should.
+/// Without a handle set() and every wait fail at once, as the interface promises.
 class DoneEventWin : public DoneEvent {
  public:
   void set() override { SetEvent(event.get()); }
@@ -25,7 +25,7 @@ class DoneEventWin : public DoneEvent {
   UniqueHandle<EventTraits> event{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
 
-/// How a reference travels through the message queue.
+/// Carries a shared_ptr through the message queue.
 struct RequestHolder {
   std::shared_ptr<RemoteRequest> request;
 };
@@ -38,7 +38,7 @@ bool RequestQueueWin::post(WindowHandle target, std::shared_ptr<RemoteRequest> r
   auto holder = std::make_unique<RequestHolder>(RequestHolder{std::move(request)});
   const auto lParam = reinterpret_cast<LPARAM>(holder.get());
   if (!PostMessageW(windowFrom(target), kRemoteRequestMessage, 0, lParam)) return false;
-  (void)holder.release();  // the message's now
+  (void)holder.release();  // now owned by the message
   return true;
 }
 

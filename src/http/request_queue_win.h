@@ -1,4 +1,4 @@
-// Requests as window messages.
+// Posts requests as window messages.
 #pragma once
 
 #include <windows.h>
@@ -16,8 +16,7 @@ class RequestQueueWin : public RequestQueue {
   void drain() override;
 };
 
-/// What one such message carries, which is nobody's from then on. REQUIRES: each message is asked
-/// once.
+/// Takes ownership of the request that a message carries. REQUIRES: called once per message.
 std::shared_ptr<RemoteRequest> requestFrom(LPARAM lParam);
 
 }  // namespace mrl

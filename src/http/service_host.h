@@ -1,4 +1,4 @@
-// What the remote service takes from the program and the system around it.
+// What the remote service needs from the program and the system: random bytes and the web page.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +11,9 @@ namespace mrl {
 class ServiceHost {
  public:
   virtual ~ServiceHost() = default;
-  /// Fills `bytes` from the system's secure source; false when it has none to give.
+  /// Fills `bytes` from the system's secure random source; false on failure.
   [[nodiscard]] virtual bool fillRandom(std::span<uint8_t> bytes) = 0;
-  /// The web page, byte for byte; false when the program does not carry it.
+  /// The web page, byte for byte; false if the program doesn't contain it.
   [[nodiscard]] virtual bool readPage(std::string& page) = 0;
 };
 

@@ -14,7 +14,7 @@ bool ServiceHostWin::fillRandom(std::span<uint8_t> bytes) {
 }
 
 bool ServiceHostWin::readPage(std::string& page) {
-  // A resource belongs to the image, and stays in memory as long as it does.
+  // Not freed: a resource is part of the image and stays in memory as long as it does.
   HRSRC found = FindResourceW(nullptr, MAKEINTRESOURCEW(MARLUNE_PAGE), RT_RCDATA);
   if (found == nullptr) return false;
   HGLOBAL loaded = LoadResource(nullptr, found);

@@ -1,4 +1,4 @@
-// The system's random source, and the web page among the program's resources.
+// Random bytes from the system, and the web page from the program's resources.
 #pragma once
 
 #include "http/service_host.h"

@@ -48,7 +48,7 @@ TEST(ServiceHostWinTest, ARefusalOfTheSystemsOwnSourceIsAFailure) {
 TEST(ServiceHostWinTest, AProgramWithoutThePageSaysSoAndLeavesTheTextAlone) {
   ServiceHostWin host;
   std::string page = "as it was";
-  EXPECT_FALSE(host.readPage(page));  // the tests' own image carries no resources
+  EXPECT_FALSE(host.readPage(page));  // the test program has no resources
   EXPECT_EQ(page, "as it was");
 }
 

@@ -1,5 +1,5 @@
-// The network as the listener sees it: listening sockets, and connections that are read and
-// answered one at a time. Each object closes what it owns when it goes.
+// Network interface for the listener: listening sockets, and connections served one at a time. Each
+// object closes what it owns when destroyed.
 #pragma once
 
 #include <cstddef>
@@ -11,15 +11,16 @@
 
 namespace mrl {
 
-/// One accepted connection. A call that blocks gives up after the time that its accept named.
+/// One accepted connection. Blocking calls time out after the `callLimitMs` given to accept().
 class Connection {
  public:
   virtual ~Connection() = default;
-  /// Bytes put into `buffer`; below 1 when the peer closed, the time was up or the network failed.
+  /// Number of bytes received; below 1 if the peer closed, the call timed out or the network
+  /// failed.
   [[nodiscard]] virtual int receive(std::span<char> buffer) = 0;
-  /// Bytes taken from the front of `bytes`; below 1 when the connection is of no more use.
+  /// Number of bytes sent from the front of `bytes`; below 1 if the connection is unusable.
   [[nodiscard]] virtual int send(std::string_view bytes) = 0;
-  /// The address of this computer on which the connection arrived, in network order.
+  /// The local address on which the connection arrived, in network order.
   [[nodiscard]] virtual std::optional<uint32_t> localAddress() = 0;
 };
 
@@ -28,16 +29,16 @@ class ListeningSocket {
   virtual ~ListeningSocket() = default;
 };
 
-/// The network in use. Listening belongs to the UI thread, the rest to the listener's.
+/// An initialised network. listen() is for the UI thread, the rest for the listener's thread.
 class SocketSession {
  public:
   virtual ~SocketSession() = default;
-  /// Listens on one address (network order) and port, which nobody else may then take. At least
-  /// `backlog` peers may wait there to be accepted. Null on failure.
+  /// Listens on one address (network order) and port, exclusively. At least `backlog` peers may
+  /// wait to be accepted. Null on failure.
   [[nodiscard]] virtual std::unique_ptr<ListeningSocket> listen(uint32_t address, int32_t port,
                                                                 int backlog) = 0;
-  /// The first of at most 64 sockets, in their order, on which somebody waits to be accepted. Null
-  /// when nobody came in time, or the network failed.
+  /// The first of at most kMostListeners sockets that has a peer waiting to be accepted. Null on
+  /// time-out, or if the network failed.
   [[nodiscard]] virtual ListeningSocket* wait(
       std::span<const std::unique_ptr<ListeningSocket>> listeners, uint32_t limitMs) = 0;
   /// Null on failure.
@@ -48,7 +49,7 @@ class SocketSession {
 class Sockets {
  public:
   virtual ~Sockets() = default;
-  /// Null when the network can't be used. All sockets of a session go before it does.
+  /// Null if the network can't be used. All sockets of a session must be destroyed before it.
   [[nodiscard]] virtual std::unique_ptr<SocketSession> start() = 0;
 };
 

@@ -1,4 +1,4 @@
-// A network in memory: listening that can be refused, and connections that a test has written down.
+// An in-memory network: listening can be refused, and connections follow the test's script.
 #pragma once
 
 #include <algorithm>
@@ -17,22 +17,22 @@
 
 namespace mrl {
 
-// Two cards of this machine.
+// Addresses of two network cards of this machine.
 inline constexpr uint32_t kWired = ipv4(192, 168, 1, 5);
 inline constexpr uint32_t kWireless = ipv4(10, 0, 0, 7);
 
-/// What one peer sends and what reached it. It outlives the connection.
+/// What one peer sends and what it receives. Must outlive the connection.
 struct PeerFake {
-  std::vector<std::string> chunks;  // each is one receive; the end of them is the peer's silence
-  std::function<void()> onReceive;  // runs at the start of every receive, so time can pass in it
-  int silence = 0;                  // what a receive behind the last chunk gives; below 1
+  std::vector<std::string> chunks;  // one per receive; after the last one the peer is silent
+  std::function<void()> onReceive;  // runs at the start of every receive, e.g. to let time pass
+  int silence = 0;                  // result of a receive after the last chunk; below 1
   size_t mostPerSend = std::string::npos;
   size_t sendsBeforeFailure = std::string::npos;
-  int failedSend = -1;                                // what a send that fails gives; below 1
+  int failedSend = -1;                                // result of a failed send; below 1
   std::optional<uint32_t> localAddress = 0x0100007F;  // 127.0.0.1 on a little-endian machine
 
   std::string received;
-  std::optional<uint32_t> callLimitMs;  // of its connection, once it was accepted
+  std::optional<uint32_t> callLimitMs;  // as passed to accept()
   std::optional<size_t> bufferBytes;    // of the latest receive
   size_t receives = 0;
   size_t sends = 0;
@@ -68,7 +68,7 @@ class ConnectionFake : public Connection {
   PeerFake& peer;
 };
 
-/// The model. Peers wait at the listener of their index, in the order of the list.
+/// The fake network. Peers wait at the listener with their index, in the order of the list.
 class SocketsFake : public Sockets {
  public:
   struct WaitingPeer {
@@ -90,18 +90,18 @@ class SocketsFake : public Sockets {
 
   std::unique_ptr<SocketSession> start() override;
 
-  // What steers it. Set before a thread runs on it.
+  // Inputs. Set them before a thread uses the fake.
   bool failsStart = false;
-  std::set<uint32_t> taken;  // addresses on which nobody can listen
+  std::set<uint32_t> taken;  // addresses on which listen() fails
   std::deque<WaitingPeer> waiting;
-  std::function<void()> onIdle;  // runs when nobody waits; without it the wait is a short sleep
+  std::function<void()> onIdle;  // runs when no peer waits; if empty, sleeps briefly
 
-  // What it was told. `bound` is what is bound now.
+  // Records of the calls. `bound` is what is bound now.
   std::vector<Place> bound;
   std::vector<Wait> waits;
   int sessions = 0;  // open now
   int starts = 0;
-  std::atomic<int> idleWaits = 0;  // waits to which nobody came
+  std::atomic<int> idleWaits = 0;  // waits without a peer
 };
 
 namespace sockets_fake {

@@ -20,10 +20,10 @@ constexpr Socket kNoSocket = -1;
 using AddressLength = socklen_t;
 using SocketLimit = timeval;
 
-// Without it a port stays taken for a minute after the service has stopped; two listeners on one
-// port are refused all the same.
+// Without it the port stays taken for a minute after the service has stopped; a second listener on
+// the port is refused all the same.
 constexpr int kOwnAddressOption = SO_REUSEADDR;
-constexpr int kSendFlags = MSG_NOSIGNAL;  // a peer that has gone must not end the program
+constexpr int kSendFlags = MSG_NOSIGNAL;  // no SIGPIPE if the peer has gone
 
 void closeSocket(Socket socket) { close(socket); }
 

@@ -1,4 +1,4 @@
-// The network of a POSIX system, for tests and for the program without a desktop.
+// The network on POSIX systems, for tests and the headless program.
 #pragma once
 
 #include "http/sockets.h"

@@ -17,7 +17,7 @@ constexpr Socket kNoSocket = INVALID_SOCKET;
 using AddressLength = int;
 using SocketLimit = DWORD;
 
-// Nobody else can then listen on the same address and port, whatever they ask for.
+// Prevents any other program from listening on the same address and port.
 constexpr int kOwnAddressOption = SO_EXCLUSIVEADDRUSE;
 constexpr int kSendFlags = 0;
 

@@ -1,4 +1,4 @@
-// Calls by name and what is built from them.
+// Calls by name and the helpers built on them.
 #include "presentation/automation_access.h"
 
 #include <algorithm>
@@ -85,7 +85,7 @@ AutomationRef findShowWindow(const PresentationAccess& access, const AutomationR
 
 WindowHandle showWindowHandle(const PresentationAccess& access, const AutomationRef& showWindow,
                               const std::u16string& documentPath) {
-  // The assignment keeps the sign, as handles do that pass through 32 bits.
+  // Sign-extended on purpose: that is how a 64-bit handle survives a 32-bit integer.
   const WindowHandle window{getInt(access, showWindow, u"HWND")};
   if (access.windows.isWindow(window)) return window;
   if (documentPath.empty()) return {};

@@ -28,7 +28,7 @@ class AutomationAccessTest : public testing::Test {
   }
 };
 
-/// The name of an application is what each test of the contract says.
+/// The member under test is the application's name.
 struct AutomationContractPlace : PresentationFake {
   static constexpr char16_t kMember[] = u"Name";
   const std::shared_ptr<FakeApplication> application = automation.add(u"PowerPoint.Application");

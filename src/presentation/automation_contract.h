@@ -1,9 +1,7 @@
-// What every Automation promises of what comes back. Each implementation runs these tests in its
-// own
-// *_test.cpp:
+// Contract tests for Automation. Each implementation instantiates them in its own *_test.cpp:
 //   INSTANTIATE_TYPED_TEST_SUITE_P(Name, AutomationContract, Place);
-// where `Place` has a member `automation`, an object `owner` with one property kMember, and says by
-// `holds` and `fails` what becomes of a call to it.
+// where `Place` has a member `automation`, an object `owner` with one property kMember, and
+// `holds` and `fails` set what reading that property yields.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// Presentation programs in memory: a small working model of their object model, in which every
-// member can be told to fail or to talk nonsense, and which writes down every call.
+// In-memory presentation programs: a small working model of their object model. Any member can be
+// made to fail or to return nonsense; every call is logged.
 #pragma once
 
 #include <cassert>
@@ -24,7 +24,7 @@ inline constexpr AutomationResult kFakeServerGone = static_cast<int32_t>(0x80070
 
 struct FakeDeck {
   std::u16string path;
-  std::optional<int32_t> editedSlide = 1;  // of its one document window; none: no window
+  std::optional<int32_t> editedSlide = 1;  // of its only document window; nullopt: no window
 };
 
 struct FakeShow {
@@ -63,15 +63,15 @@ class AutomationFake : public Automation {
     AutomationValue value;
   };
 
-  /// The log may be shared with other fakes, to show the order among them.
+  /// The log may be shared with other fakes to check the order of calls across them.
   explicit AutomationFake(std::vector<std::string>& sharedLog) : log(sharedLog) {}
 
   /// "running PowerPoint.Application", "get shows.Count", "method view.GotoSlide 1",
   /// "both presentations.Item 2"
   std::vector<std::string>& log;
-  std::map<std::string, Answer> answers;  // "view.Next": what that member says instead
-  /// Runs in the midst of each call, with the entry that the log has for it: what a real call lets
-  /// in while it waits, such as commands, a tick, the end of the program.
+  std::map<std::string, Answer> answers;  // "view.Next": overrides what it returns
+  /// Runs during each call, with its log entry: simulates what can happen while a real call waits,
+  /// such as commands, a tick or the end of the program.
   std::function<void(const std::string& entry)> beforeCall;
 
   std::shared_ptr<FakeApplication> add(std::u16string progId) {
@@ -116,7 +116,7 @@ class AutomationFake : public Automation {
   }
 
  private:
-  using Owner = std::weak_ptr<FakeApplication>;  // weak: an application holds its own object
+  using Owner = std::weak_ptr<FakeApplication>;  // weak: an application owns its own object
   using Handler = std::function<Answer(const std::string& member, const Arguments&)>;
   struct Object : AutomationObject {
     Object(std::string typeIn, Owner ownerIn, Handler handlerIn)

@@ -1,4 +1,4 @@
-// What comes back from a call: texts, objects, numbers.
+// Values returned by calls: texts, objects, numbers.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -13,12 +13,12 @@ namespace {
 
 class AutomationValuesWinTest : public AutomationWinTest {
  protected:
-  /// What an optional value is when it is left out.
+  /// An optional value that was left out.
   static void putError(VARIANT& variant) {
     variant.vt = VT_ERROR;
     variant.scode = DISP_E_PARAMNOTFOUND;
   }
-  /// What a property that holds `fill` reads as.
+  /// The value read from a property filled by `fill`.
   AutomationValue valueOf(std::function<void(VARIANT&)> fill) {
     const AutomationRef application = connect();
     answer(L"Member", std::move(fill));
@@ -28,7 +28,7 @@ class AutomationValuesWinTest : public AutomationWinTest {
     retire();
     return value;
   }
-  /// The same as an integer; -77 when it can't be read as one.
+  /// The same as an integer; -77 if it can't be read as one.
   int32_t integerOf(std::function<void(VARIANT&)> fill) {
     const AutomationRef application = connect();
     answer(L"Member", std::move(fill));
@@ -40,7 +40,7 @@ class AutomationValuesWinTest : public AutomationWinTest {
   }
 };
 
-/// The running application of the process, whose one property each test sets.
+/// A running application with one property, which each test sets.
 struct AutomationContractPlaceWin : AutomationPlaceWin {
   static constexpr char16_t kMember[] = u"Member";
   const AutomationRef owner = connect();

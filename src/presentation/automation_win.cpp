@@ -1,4 +1,4 @@
-// Late-bound calls: every member is looked up by its name, and every value passes as a VARIANT.
+// Late-bound calls: each member is looked up by name; values are passed as VARIANTs.
 #include "presentation/automation_win.h"
 
 #include <windows.h>
@@ -20,7 +20,7 @@ class DispatchObject : public AutomationObject {
   const ComRef<IDispatch> dispatch;
 };
 
-// A VARIANT with an end to its life, so that texts and objects inside it are given up.
+// A VARIANT that frees the texts and objects inside it.
 struct OwnedVariant : VARIANT {
   OwnedVariant() { VariantInit(this); }
   OwnedVariant(const OwnedVariant&) = delete;
@@ -28,7 +28,7 @@ struct OwnedVariant : VARIANT {
 };
 static_assert(sizeof(OwnedVariant) == sizeof(VARIANT), "an array of them is passed as VARIANTs");
 
-// What a failed call tells besides its result; nobody reads it, but its texts belong to the caller.
+// Error details of a failed call. Unused, but the caller has to free the strings.
 struct OwnedExceptionInfo : EXCEPINFO {
   OwnedExceptionInfo() : EXCEPINFO{} {}
   OwnedExceptionInfo(const OwnedExceptionInfo&) = delete;
@@ -99,9 +99,9 @@ AutomationRef listedApplication(std::u16string_view progId) {
 AutomationRef AutomationWin::running(std::u16string_view progId) {
   if (AutomationRef listed = listedApplication(progId)) return listed;
   const std::u16string_view otherName = otherProviderOf(progId);
-  if (!otherName.empty() && listedApplication(otherName)) return nullptr;  // it is found by that
-  // A program that runs with fewer rights than we do is not listed for us, but its windows can be
-  // asked.
+  if (!otherName.empty() && listedApplication(otherName)) return nullptr;  // that name finds it
+  // A program running with fewer rights than ours is not listed for us, but its windows can be
+  // queried.
   WindowSystemWin windows;
   ObjectModelSearch search;
   for (const WindowHandle window : objectModelWindows(windows, progId)) {

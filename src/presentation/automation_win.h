@@ -5,10 +5,9 @@
 
 namespace mrl {
 
-/// A running application is looked up in the system's list of running objects, and where it isn't
-/// listed for us, through its windows.
-/// REQUIRES: the calling thread is in a single-threaded apartment as long as this and any object
-/// from it live, and every object passed in came from it.
+/// Finds a running application in the system's table of running objects, or through its windows if
+/// it is not listed there. REQUIRES: the calling thread is in a single-threaded apartment while
+/// this or any object from it lives, and every object passed in came from it.
 class AutomationWin : public Automation {
  public:
   AutomationRef running(std::u16string_view progId) override;

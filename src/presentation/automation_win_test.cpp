@@ -44,7 +44,7 @@ TEST_F(AutomationWinTest, AnApplicationWithoutAServerDoesNotStart) {
   EXPECT_FALSE(automation.start(u"Marlune.Test.NoSuchApplication"));
 }
 
-/// Makes the test's object whenever COM is asked for one in `context`.
+/// Returns the test's object whenever COM asks for one in `context`.
 class Factory : public IClassFactory {
  public:
   Factory(TestDispatch& objectIn, DWORD context) : object(objectIn) {
@@ -70,7 +70,7 @@ class Factory : public IClassFactory {
   DWORD cookie = 0;
 };
 
-// A factory of this process, offered as a local server, stands for the program that COM starts.
+// A factory in this process, registered as a local server, acts as the program that COM starts.
 TEST_F(AutomationWinTest, AnApplicationStartsThroughItsFactory) {
   const Factory factory(object, CLSCTX_LOCAL_SERVER);
   answer(L"Count", [](VARIANT& result) { result.vt = VT_I4, result.lVal = 3; });
@@ -182,7 +182,7 @@ TEST_F(AutomationWinTest, ASuccessThatIsNotPlainIsHandedOn) {
 TEST_F(AutomationWinTest, AnExceptionWithTextsIsAFailureLikeAnyOther) {
   const AutomationRef application = connect();
   object.members[L"Next"] = [](VARIANT*, EXCEPINFO* exception) {
-    // A fresh record, so that what stands in it can only be this call's.
+    // The record must be fresh, so that anything found in it afterwards is from this call.
     EXPECT_EQ(exception->bstrSource, nullptr);
     EXPECT_EQ(exception->bstrDescription, nullptr);
     EXPECT_EQ(exception->bstrHelpFile, nullptr);
@@ -196,14 +196,14 @@ TEST_F(AutomationWinTest, AnExceptionWithTextsIsAFailureLikeAnyOther) {
             DISP_E_EXCEPTION);
 }
 
-/// The memory that this process has asked the system for.
+/// Memory committed by this process.
 uint64_t memoryInUse() {
   PROCESS_MEMORY_COUNTERS counters = {};
   GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
   return counters.PagefileUsage;
 }
 
-// A program that fails every poll would otherwise eat up the memory in the course of a day.
+// Otherwise a program that fails in every poll would use up the memory over a day.
 TEST_F(AutomationWinTest, TheTextsOfAnExceptionAreFreed) {
   constexpr uint64_t kTextBytes = 4'000'000;
   const AutomationRef application = connect();

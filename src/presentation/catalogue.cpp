@@ -13,7 +13,7 @@
 namespace mrl {
 namespace {
 
-/// By the last dot; a leading dot starts none.
+/// From the last dot on; empty if the only dot is the first character.
 std::u16string_view extensionOf(std::u16string_view name) {
   const size_t dot = name.rfind(u'.');
   return dot == name.npos || dot == 0 ? std::u16string_view() : name.substr(dot);
@@ -62,7 +62,7 @@ std::vector<std::u16string>::const_iterator findFile(const std::vector<std::u16s
 PresentationFile presentationFile(const Settings& settings, const std::u16string& path) {
   return {.id = fileId(path),
           .path = path,
-          .name = path.substr(path.find_last_of(u"\\/") + 1),  // the whole path without either
+          .name = path.substr(path.find_last_of(u"\\/") + 1),  // the whole path if it has neither
           .skip = isSkipped(settings, path)};
 }
 

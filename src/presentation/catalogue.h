@@ -1,5 +1,5 @@
-// The decks of one folder, as the settings window and the remote page list them. Nothing is kept:
-// every call asks the file system anew. UI thread.
+// Lists the decks of one folder for the settings window and the remote page. Nothing is cached:
+// every call reads the file system. UI thread.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@
 
 namespace mrl {
 
-/// One row as shown to a user or a client; made from a listed path whenever it is needed.
+/// One row as shown to a user or a client; built from a listed path on demand.
 struct PresentationFile {
   std::string id;  // fileId of `path`
   std::u16string path;
@@ -21,23 +21,22 @@ struct PresentationFile {
   bool operator==(const PresentationFile&) const = default;
 };
 
-/// Normalised paths, in ascending order of their code units. Never fails: trouble gives a shorter
-/// or an empty list.
+/// Normalised paths, sorted by code unit. Never fails: on errors the list is shorter or empty.
 std::vector<std::u16string> listPresentations(Files& files, const std::u16string& folder);
 
-/// 16 lower-case hexadecimal digits that depend on the normalised path alone, whatever its letter
-/// case: they survive restarts and change with a move or a new name.
+/// 16 lower-case hexadecimal digits. Depends only on the normalised path, ignoring case: stable
+/// across restarts, changes when the file is moved or renamed.
 std::string fileId(const std::u16string& normal);
 
-/// The first of `list`, which listPresentations made, with that id, compared byte for byte, or the
-/// end.
+/// The first path in `list` (from listPresentations) with that id, compared byte for byte, or
+/// end().
 std::vector<std::u16string>::const_iterator findFile(const std::vector<std::u16string>& list,
                                                      std::string_view id);
 
 /// `path` comes from listPresentations.
 PresentationFile presentationFile(const Settings& settings, const std::u16string& path);
 
-/// Puts a listed file on the list of those that are not timed, as the last one, or takes it off.
+/// Appends a listed file to the skip list, or removes it if it is there.
 void toggleSkip(Files& files, Settings& settings, const std::u16string& path);
 
 }  // namespace mrl

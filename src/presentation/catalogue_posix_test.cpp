@@ -11,7 +11,7 @@ namespace {
 class CataloguePosixTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::u16string resolved;  // the folder for temporary files may itself be a link
+    std::u16string resolved;  // the temporary folder may be a link
     ASSERT_EQ(place.files.canonical(place.folder, resolved), CanonicalResult::Found);
     folder = resolved;
   }

@@ -52,7 +52,7 @@ TEST_F(CatalogueTest, AFolderThatCanNotBeReadGivesAnEmptyList) {
 
 TEST_F(CatalogueTest, AListingThatFailsHalfWayKeepsWhatItHas) {
   put({u"a.pptx", u"b.pptx", u"c.pptx"});
-  files.failingStep = 3;  // opening, two entries, and then
+  files.failingStep = 3;  // after opening and two entries
   EXPECT_EQ(list(), (Paths{at(u"a.pptx"), at(u"b.pptx")}));
 }
 

@@ -1,4 +1,4 @@
-// Opening, playing and closing decks, step by step: applications see the order of the calls.
+// Opening, playing and closing decks. The order of the calls matters to the applications.
 #include "presentation/documents.h"
 
 #include <algorithm>
@@ -25,7 +25,7 @@ struct CurrentShow {
   AutomationRef show;  // null when automation doesn't reach it
 };
 
-/// The kept application first. It is not tested, and its ProgID is not asked for again.
+/// The kept application comes first; it isn't tested, and its ProgID isn't looked up again.
 std::vector<Candidate> runningApplications(const PresentationAccess& access,
                                            const AutomationState& automation) {
   std::vector<Candidate> list;
@@ -38,7 +38,7 @@ std::vector<Candidate> runningApplications(const PresentationAccess& access,
   return list;
 }
 
-/// `target` is normalised. Null when the application doesn't have it open.
+/// `target` is normalised. Null if the application doesn't have it open.
 AutomationRef findPresentation(const PresentationAccess& access, const AutomationRef& application,
                                const std::u16string& target) {
   const AutomationRef presentations = getObject(access, application, u"Presentations");
@@ -50,7 +50,7 @@ AutomationRef findPresentation(const PresentationAccess& access, const Automatio
   return nullptr;
 }
 
-/// The presentation if it is open anywhere; its application is then the one to work with.
+/// The presentation if any application has it open; that application is then kept in `automation`.
 AutomationRef adoptOpenPresentation(const PresentationAccess& access, AutomationState& automation,
                                     const std::u16string& target) {
   for (const Candidate& candidate : runningApplications(access, automation)) {
@@ -72,10 +72,10 @@ void startApplication(const PresentationAccess& access, AutomationState& automat
   }
 }
 
-/// Null, and `error` filled, when there is no application or it gives no presentation.
+/// Returns null and fills `error` if no application is available or the file can't be opened.
 AutomationRef openPresentation(const PresentationAccess& access, AutomationState& automation,
                                const std::u16string& path, std::u16string& error) {
-  // A kept application is used untested: whether it still lives, the call itself tells.
+  // A kept application is not tested first: if it has exited, the call below fails.
   if (!automation.application && !connectApplication(access, automation)) {
     startApplication(access, automation);
   }
@@ -153,7 +153,7 @@ bool openDocument(const PresentationAccess& access, AutomationState& automation,
     return true;
   }
 
-  // A presenter who has the deck open goes on from where they are.
+  // If the presenter already has the deck open, start at their current slide.
   int32_t slide = 1;
   if (wasOpen) {
     const AutomationRef windows = getObject(access, presentation, u"Windows");
@@ -179,7 +179,7 @@ bool closeDocument(const PresentationAccess& access, const AutomationState& auto
   std::vector<AutomationRef> applications;
   if (automation.application) applications.push_back(automation.application);
   for (const std::u16string_view provider : kProviders) {
-    // One may come twice, which is harmless: the first hit ends the search.
+    // An application may be listed twice; harmless, because the first match ends the search.
     const AutomationRef application = access.automation.running(provider);
     if (application) applications.push_back(application);
   }

@@ -1,6 +1,6 @@
-// Document control: opens a deck and starts its show from the right slide, closes a deck, gets a
-// show in front of the audience. A running show is replaced only when automation can end it and
-// knows its document; otherwise it is left alone.
+// Document control: opens a deck and starts its show on the right slide, closes a deck, brings a
+// show to the foreground. A running show is replaced only if automation can end it and knows its
+// document; otherwise it is left alone.
 //
 // All on the UI thread. Opening a deck and starting a show may take the application seconds.
 #pragma once
@@ -11,26 +11,26 @@
 
 namespace mrl {
 
-/// Makes sure that the deck at `path` is open; with `play` its show runs as well. A running show of
-/// the deck is raised and not restarted, one of another deck gives way. Starts an application when
-/// none runs. On failure returns false and fills `error` with the text for the user.
-/// Throws std::filesystem::filesystem_error when the file system can't tell what stands at `path`.
+/// Opens the deck at `path` if it isn't open; with `play` also runs its show. A running show of
+/// this deck is raised, not restarted; a show of another deck is ended first. Starts an application
+/// if none is running. On failure returns false and fills `error` with a message for the user.
+/// Throws std::filesystem::filesystem_error if the file system can't determine what `path` is.
 [[nodiscard]] bool openDocument(const PresentationAccess& access, AutomationState& automation,
                                 const std::u16string& path, bool play, std::u16string& error);
 
-/// The same, but with a failure of the file system told like any other: a drive that fails in the
-/// middle of a talk must not end the program.
+/// Like openDocument, but reports a file system error through `error` as well: a failing drive must
+/// not end the program in the middle of a talk.
 [[nodiscard]] bool tryOpenDocument(const PresentationAccess& access, AutomationState& automation,
                                    const std::u16string& path, bool play, std::u16string& error);
 
-/// Closes the deck in whichever running application holds it; what becomes of its show is up to
-/// that application. On failure returns false and fills `error` with the text for the user.
+/// Closes the deck in the first running application that has it open; what happens to its show is
+/// up to that application. On failure returns false and fills `error` with a message for the user.
 [[nodiscard]] bool closeDocument(const PresentationAccess& access,
                                  const AutomationState& automation, const std::u16string& path,
                                  std::u16string& error);
 
-/// One full poll; if the show on screen is that of `path`, its window is raised. True when it ends
-/// up in the foreground, which the system may refuse.
+/// Does one full poll and raises the show window if it shows `path`. True if the window then is in
+/// the foreground, which the system may refuse.
 bool raiseDocumentShow(const PresentationAccess& access, AutomationState& automation,
                        const std::u16string& path);
 

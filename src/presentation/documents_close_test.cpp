@@ -1,4 +1,4 @@
-// Closing a deck in whichever application holds it.
+// Closing a deck in whichever application has it open.
 #include "presentation/documents_fixture.h"
 
 namespace mrl {

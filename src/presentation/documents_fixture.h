@@ -1,4 +1,4 @@
-// What the tests of document control share: PowerPoint with one deck on disk and room for shows.
+// Fixture for the document control tests: PowerPoint, two decks on disk, windows for two shows.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ class DocumentsTest : public testing::Test {
     world.files.putFile(kDeck, "");
     world.files.putFile(kOther, "");
     application->nextShowWindow = 88;
-    // Windows that the desktop's scan doesn't know for shows.
+    // Windows that the desktop scan doesn't recognise as shows.
     for (const int64_t handle : {77, 88}) {
       world.windows.windows.push_back({.handle = {handle}, .image = u"other.exe"});
     }
@@ -52,7 +52,7 @@ class DocumentsTest : public testing::Test {
   }
   void forgetAll() { world.state = {}; }
 
-  /// The calls by which openDocument looks at what is on screen: a poll and a search of the show.
+  /// The calls with which openDocument checks the screen: a poll and a search for the show.
   Log lookingAtTheScreen() {
     world.log.clear();
     AutomationState copy = world.state;
@@ -64,7 +64,7 @@ class DocumentsTest : public testing::Test {
     calls.swap(world.log);
     return calls;
   }
-  /// The calls that ask an application for a deck that stands behind `others` in its list.
+  /// The calls that search an application for a deck listed after `others` other decks.
   static Log searching(int others, bool found) {
     Log calls{"get application.Presentations"};
     for (int index = 1; index <= others + (found ? 1 : 0); ++index) {
@@ -75,7 +75,7 @@ class DocumentsTest : public testing::Test {
     if (!found) calls.emplace_back("get presentations.Count");
     return calls;
   }
-  /// What is logged when a window is raised.
+  /// The log of raising a window.
   static Log raised(const std::string& window) {
     return {"show " + window, "topmost " + window, "not topmost " + window, "top " + window,
             "foreground " + window};

@@ -1,4 +1,4 @@
-// Playing a deck: what becomes of the show on screen, and where the new one starts.
+// Playing a deck: what happens to the show on screen, and where the new one starts.
 #include "presentation/documents_fixture.h"
 
 namespace mrl {

@@ -1,4 +1,4 @@
-// Opening without playing, and raising. Playing and closing have files of their own.
+// Opening without playing, and raising. Playing and closing are tested in files of their own.
 #include "presentation/documents.h"
 
 #include <filesystem>

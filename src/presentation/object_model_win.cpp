@@ -1,4 +1,4 @@
-// What assistive technology does to reach a program, done for its object model.
+// Reaches a program's object model the way assistive technology does: through its windows.
 #include "presentation/object_model_win.h"
 
 #include <oleacc.h>
@@ -14,7 +14,7 @@ constexpr UINT kAnswerLimitMs = 200;
 
 using AskWindow = decltype(&AccessibleObjectFromWindow);
 
-// Loaded when there is a window to ask: most runs have none.
+// Loaded on first use: most runs never need it.
 AskWindow askWindow() {
   static const HMODULE kLibrary =
       LoadLibraryExW(L"oleacc.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
@@ -30,7 +30,7 @@ bool ObjectModelSearch::answers(HWND window) {
   if (std::find(silentThreads.begin(), silentThreads.end(), thread) != silentThreads.end()) {
     return false;
   }
-  // The question proper waits far longer, under some systems for ever.
+  // Probe first: the real request waits far longer, on some systems forever.
   if (SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerLimitMs, nullptr)) {
     return true;
   }

@@ -1,4 +1,4 @@
-// The way to a program's object model that leads through its windows.
+// Finds a program's object model through its windows.
 #pragma once
 
 #include <windows.h>
@@ -12,12 +12,11 @@
 
 namespace mrl {
 
-/// Asks windows, one after the other, for the native object behind them. For one search only: it
-/// remembers which threads don't answer, so that a program that hangs is waited for once and not
-/// for each of its windows. UI thread.
+/// Queries windows for their native object. Use one instance per search: it remembers the threads
+/// that don't respond, so a hung program costs one time-out and not one per window. UI thread.
 class ObjectModelSearch {
  public:
-  /// Null when the window has no such object, is gone, or its thread doesn't answer in time.
+  /// Null if the window has no such object, is gone, or its thread doesn't respond in time.
   ComRef<IDispatch> objectOf(WindowHandle window);
 
  private:

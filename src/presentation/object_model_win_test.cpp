@@ -39,7 +39,7 @@ class TestObject : public IDispatch {
   ULONG references = 0;
 };
 
-/// A window that answers what the test says when its native object is asked for.
+/// A window that returns what the test sets when asked for its native object.
 class AnsweringWindow {
  public:
   explicit AnsweringWindow(std::function<LRESULT(WPARAM)> answerIn) : answer(std::move(answerIn)) {
@@ -47,7 +47,7 @@ class AnsweringWindow {
     windowClass.lpfnWndProc = procedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = kClass;
-    RegisterClassW(&windowClass);  // fails from the second window on, which is as good
+    RegisterClassW(&windowClass);  // fails if already registered: harmless
     window = CreateWindowExW(0, kClass, L"", WS_POPUP, 0, 0, 10, 10, nullptr, nullptr,
                              windowClass.hInstance, nullptr);
     SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -115,7 +115,7 @@ TEST_F(ObjectModelSearchTest, AWindowThatIsGoneGivesNone) {
   EXPECT_FALSE(search.objectOf({}));
 }
 
-/// Two windows on a thread of their own, which handles messages only when it is let.
+/// Two windows on a thread of their own, which dispatches no messages until wakeUp().
 class SleepyThread {
  public:
   SleepyThread() : thread([this] { run(); }) { ready.get_future().wait(); }
@@ -135,7 +135,7 @@ class SleepyThread {
     second = &two;
     id = GetCurrentThreadId();
     MSG message;
-    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // makes the queue
+    PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE);  // creates the message queue
     ready.set_value();
     WaitForSingleObject(awake, INFINITE);
     while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);

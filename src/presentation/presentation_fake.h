@@ -1,4 +1,4 @@
-// The whole outside world of the presentation subsystem, with one log of all that is done to it.
+// Fakes for everything that the presentation subsystem uses, with one common log.
 #pragma once
 
 #include <string>

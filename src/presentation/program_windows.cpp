@@ -1,4 +1,4 @@
-// Tables of images and of window classes.
+// Tables of image names and window classes.
 #include "presentation/program_windows.h"
 
 #include <algorithm>
@@ -24,7 +24,7 @@ constexpr ImageRow kImages[] = {
     {u"wpsppt.exe", kWps},          {u"wpsoffice.exe", kWps},
 };
 
-// PowerPoint's frames give no object themselves: one of these inside them does.
+// PowerPoint's frame windows have no native object; one of these child windows does.
 constexpr std::u16string_view kInnerClasses[] = {u"mdiClass", u"paneClassDC"};
 
 template <typename Item, size_t kCount>
@@ -50,7 +50,7 @@ std::u16string_view otherProviderOf(std::u16string_view progId) {
 
 std::vector<WindowHandle> objectModelWindows(WindowSystem& windows, std::u16string_view progId) {
   std::vector<WindowHandle> list;
-  if (progId != kPowerPoint && progId != kWps) return list;  // spares the look at the desktop
+  if (progId != kPowerPoint && progId != kWps) return list;  // avoids enumerating all windows
   for (const WindowHandle window : windows.topLevelWindows()) {
     if (!windows.isVisible(window) || providerOfImage(windows.imageName(window)) != progId)
       continue;

@@ -1,5 +1,5 @@
-// The presentation programs by what the desktop shows of them: whose windows are whose, and which
-// of them lead to the object model of their program.
+// Recognises presentation programs by their windows: which program owns a window, and which windows
+// lead to its object model.
 #pragma once
 
 #include <string>
@@ -11,16 +11,16 @@
 
 namespace mrl {
 
-/// The ProgID by whose name the program with that image is reached; empty for any program that
-/// shows no presentations. Only the last part of the path counts, in any case.
+/// The ProgID of the program with that image path; empty if it is not a presentation program. Only
+/// the file name counts, case-insensitively.
 std::u16string_view providerOfImage(const std::u16string& imagePath);
 
-/// The other ProgID of the same program; empty when it has none.
+/// The other ProgID of the same program; empty if it has only one.
 std::u16string_view otherProviderOf(std::u16string_view progId);
 
-/// The windows of the provider's program that may lead to its object model, each followed by those
-/// inside it that may; the topmost window comes first. None for a ProgID that is only the other
-/// name of a program. UI thread.
+/// The windows of the provider's program that may lead to its object model, topmost first, each
+/// followed by its candidate child windows. Empty for a ProgID that is only the second name of a
+/// program. UI thread.
 std::vector<WindowHandle> objectModelWindows(WindowSystem& windows, std::u16string_view progId);
 
 }  // namespace mrl

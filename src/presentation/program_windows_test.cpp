@@ -13,7 +13,7 @@ constexpr char16_t kWpsImage[] = u"C:\\Office\\wpp.exe";
 
 class ObjectModelWindowsTest : public testing::Test {
  protected:
-  // Handles count from 1 in the order in which windows are added, from the top down.
+  // Handles count from 1 in the order in which windows are added, topmost first.
   FakeWindow& add(const std::u16string& image, const std::u16string& className = u"frame") {
     const int64_t handle = static_cast<int64_t>(windows.windows.size()) + 1;
     windows.windows.push_back({.handle = {handle}, .image = image, .className = className});

@@ -6,7 +6,7 @@ namespace mrl {
 void raiseWindow(WindowSystem& windows, WindowHandle window) {
   if (!windows.isWindow(window)) return;
   windows.show(window);
-  // A brief spell as topmost lifts the window above everything without leaving it there.
+  // Making it topmost for a moment lifts it above everything without leaving it topmost.
   windows.setTopmost(window, true);
   windows.setTopmost(window, false);
   windows.bringToTop(window);

@@ -5,8 +5,8 @@
 
 namespace mrl {
 
-/// UI thread. Does nothing for a window that is none or gone. The system may refuse the foreground;
-/// who needs to know asks for it afterwards.
+/// UI thread. Does nothing if the handle is null or the window is gone. The system may refuse the
+/// foreground; check foreground() afterwards if it matters.
 void raiseWindow(WindowSystem& windows, WindowHandle window);
 
 }  // namespace mrl

@@ -67,7 +67,7 @@ AutomationResult startShow(const PresentationAccess& access, const AutomationRef
 
 AutomationResult runCommand(const PresentationAccess& access, const AutomationState& automation,
                             std::string_view command) {
-  const AutomationRef application = automation.application;  // stays it, whatever a call lets in
+  const AutomationRef application = automation.application;  // a copy: may change during a call
   const AutomationRef show = findShowWindow(access, application, automation.expectedDocument);
   if (command == "close") {
     return invokeMember(access, getObject(access, application, u"ActivePresentation"), u"Close",
@@ -76,7 +76,7 @@ AutomationResult runCommand(const PresentationAccess& access, const AutomationSt
   if (command == "begin" || command == "current") {
     if (!show) return startShow(access, application, command == "current");
     if (command == "begin") return goToSlide(access, show, 1);
-    // The show goes on where it is; whether the window can be found and raised is not asked.
+    // The show stays on its slide. Success even if its window can't be found or raised.
     raiseShow(access, show, getObject(access, show, u"Presentation"));
     return kAutomationOk;
   }
@@ -102,7 +102,7 @@ bool sendShowCommand(const PresentationAccess& access, AutomationState& automati
 
 bool sendShowKeys(WindowSystem& windows, std::string_view command) {
   const WindowScan scan = scanPresentationWindows(windows, u"");
-  // Keys that move a show make no sense for a window that shows none.
+  // Keys that move a show are pointless if there is none.
   const bool needsShow = command != "begin" && command != "current" && command != "close";
   if (!scan.fullScreenWindow && needsShow) return false;
   const WindowHandle target = scan.fullScreenWindow ? scan.fullScreenWindow : scan.firstWindow;
@@ -110,7 +110,7 @@ bool sendShowKeys(WindowSystem& windows, std::string_view command) {
 
   windows.restore(target);
   windows.setForeground(target);
-  // Keys must never reach another program, nor another window of the same one.
+  // Keys must never reach another program, or another window of the same one.
   if (windows.foreground() != target) return false;
 
   const KeyRow* row = findCommand(kKeys, command);

@@ -30,12 +30,12 @@ class ShowControlTest : public testing::Test {
   bool logged(const std::string& entry) {
     return std::find(world.log.begin(), world.log.end(), entry) != world.log.end();
   }
-  /// What is logged when a window is raised.
+  /// The log of raising a window.
   static Log raised(const std::string& window) {
     return {"show " + window, "topmost " + window, "not topmost " + window, "top " + window,
             "foreground " + window};
   }
-  /// The start of every command: the kept application answers and is asked for its show.
+  /// How every command starts: checks the kept application and looks for its show.
   static Log lookingForTheShow(bool found) {
     Log log{"get application.Name", "get application.SlideShowWindows", "get shows.Count"};
     if (found) log.insert(log.end(), {"get shows.Count", "both shows.Item 1", "get shows.Count"});
@@ -64,7 +64,7 @@ class RunningShowTest : public ShowControlTest {
     show = application->addShow(application->addDeck(u"C:\\a.pptx"), 77, 5);
     world.windows.windows.push_back({.handle = {77}, .image = u"other.exe"});
   }
-  /// The same window, now one that the scan knows for a show.
+  /// The same window, now recognised by the scan as a show.
   void letTheScanSeeTheShow() {
     world.windows.windows.clear();
     world.addShowWindow(77);

@@ -1,4 +1,4 @@
-// See show_identity.h.
+// Compares shows with documents, by path or by window title.
 #include "presentation/show_identity.h"
 
 #include <algorithm>

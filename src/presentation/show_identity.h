@@ -1,4 +1,4 @@
-// Which slide and which document a show is of. UI thread.
+// Identifies the slide and the document of a show. UI thread.
 #pragma once
 
 #include <string>
@@ -9,13 +9,13 @@
 
 namespace mrl {
 
-/// Names document and slide in one text; two equal keys are the same slide.
+/// Key for document and slide; equal keys mean the same slide.
 std::u16string slideKeyOf(const ShowStatus& status);
-/// Whether the running show is on the list of files that are not timed. False when no show runs.
+/// Whether the running show's document is on the skip list. False if no show is running.
 bool isExcluded(const Settings& settings, const ShowStatus& status);
-/// Whether the running show is that of `document`: by path when the show tells one, otherwise by
-/// window title. False when no show runs and for an empty `document`. The file system is asked for
-/// the path of `document`.
+/// Whether the running show is of `document`: compares paths if the show reports one, otherwise the
+/// window title. False if no show is running or `document` is empty. Resolves the path of
+/// `document` through the file system.
 bool showsDocument(Files& files, const ShowStatus& status, const std::u16string& document);
 
 }  // namespace mrl

@@ -16,7 +16,7 @@ ShowStatus showOf(const std::u16string& path, const std::u16string& normal) {
 }
 ShowStatus showOf(const std::u16string& path) { return showOf(path, path); }
 
-/// As the native path reports it.
+/// A status as the desktop scan reports it.
 ShowStatus showTitled(const std::u16string& title) {
   return {.running = true, .provider = kNativeProvider, .windowTitle = title};
 }

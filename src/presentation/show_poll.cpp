@@ -1,4 +1,4 @@
-// The poll asks the applications first and the desktop only when none of them shows anything.
+// The poll asks the applications first and scans the desktop only if none of them has a show.
 #include "presentation/show_poll.h"
 
 #include <algorithm>
@@ -9,14 +9,14 @@
 namespace mrl {
 namespace {
 
-// What the lists of open presentations told during one poll.
+// What one poll learned from the lists of open presentations.
 struct OpenDocuments {
   bool any = false;
   bool lastDocumentOpen = false;
   bool providerComplete = false;  // the last document's provider listed all that it has open
 };
 
-// The one that last showed something is asked first.
+// The provider in use comes first.
 std::vector<std::u16string> candidates(const AutomationState& automation) {
   std::vector<std::u16string> list;
   if (!automation.progId.empty()) list.push_back(automation.progId);
@@ -28,7 +28,7 @@ std::vector<std::u16string> candidates(const AutomationState& automation) {
 
 AutomationRef applicationOf(const PresentationAccess& access, const AutomationState& automation,
                             const std::u16string& candidate) {
-  // Not tested here: a dead reference fails in every call and the poll goes on to the next.
+  // Not tested here: on a dead reference every call fails and the poll moves on.
   if (candidate == automation.progId && automation.application) return automation.application;
   return access.automation.running(candidate);
 }
@@ -78,7 +78,7 @@ DocumentState stateWithoutShow(const AutomationState& automation, const OpenDocu
   if (open.lastDocumentOpen) return DocumentState::Open;
   if (open.providerComplete) return DocumentState::Closed;
   const auto namesLastDocument = [&](const std::u16string& title) {
-    return titleNamesDocument(title, automation.lastDocument);  // none remembered: in no title
+    return titleNamesDocument(title, automation.lastDocument);  // empty: matches no title
   };
   if (std::any_of(scan.titles.begin(), scan.titles.end(), namesLastDocument)) {
     return DocumentState::Open;
@@ -92,7 +92,7 @@ DocumentState stateWithoutShow(const AutomationState& automation, const OpenDocu
 ShowStatus pollShowStatus(const PresentationAccess& access, AutomationState& automation) {
   ShowStatus status;
   OpenDocuments open;
-  const AutomationState known = automation;  // whatever a call lets in, one poll asks for one thing
+  const AutomationState known = automation;  // a copy: may change during a call
   for (const std::u16string& candidate : candidates(known)) {
     const AutomationRef application = applicationOf(access, known, candidate);
     if (!application) continue;

@@ -7,9 +7,9 @@
 
 namespace mrl {
 
-/// One full poll. UI thread; may block while a presentation program is busy, so the caller limits
-/// how often. Never fails: what can't be read stays empty or 0. Adopts the application that shows
-/// something and remembers its document; forgets neither when the show ends.
+/// Does one full poll. UI thread; may block while a presentation program is busy, so the caller
+/// limits how often. Never fails: what can't be read stays empty or 0. Keeps the application that
+/// has a show and remembers its document, both beyond the end of the show.
 ShowStatus pollShowStatus(const PresentationAccess& access, AutomationState& automation);
 
 }  // namespace mrl

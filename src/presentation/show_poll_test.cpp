@@ -29,7 +29,7 @@ class ShowPollTest : public testing::Test {
   }
   std::u16string normal(const std::u16string& path) { return normalizePath(world.files, path); }
 
-  /// An application whose deck a.pptx was in a show that has ended; b.pptx is open besides.
+  /// An application whose show of a.pptx has ended; b.pptx is open as well.
   std::shared_ptr<FakeApplication> applicationAfterAShow() {
     auto application = world.automation.add(kPowerPoint);
     application->addShow(application->addDeck(u"C:\\a.pptx"), 0);
@@ -510,7 +510,7 @@ TEST_F(ShowPollTest, AnApplicationMayDieBeforeAnyCallOfThePoll) {
       if (seen++ == survived) application->dead = true;
     };
     const ShowStatus status = poll();
-    // Once the show was found the poll reports it, with whatever could still be read.
+    // Once a show has been found it is reported, with whatever could still be read.
     EXPECT_EQ(status.provider, std::u16string(status.running ? kWps : u"")) << survived;
     EXPECT_TRUE(status.documentPath.empty() || status.documentPath == u"C:\\c.pptx");
   }

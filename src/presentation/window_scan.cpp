@@ -1,4 +1,4 @@
-// The vocabulary by which the windows of presentation programs are known, and the scan.
+// The scan, and the class names and titles by which it recognises windows.
 #include "presentation/window_scan.h"
 
 #include <string_view>
@@ -19,7 +19,7 @@ struct KindRow {
   WindowKind kind;
 };
 
-// The first row that holds decides. Class names come lower-cased, titles as they are.
+// The first matching row decides. Class names are lower-cased before, titles are not.
 constexpr KindRow kKinds[] = {
     {TextOf::ClassName, u"screenclass", WindowKind::Show},
     {TextOf::ClassName, u"pptview", WindowKind::Show},
@@ -32,7 +32,7 @@ constexpr KindRow kKinds[] = {
     {TextOf::ClassName, u"wpp", WindowKind::Presentation},
 };
 
-// A show may fall short of its monitor by this many pixels on each side.
+// A show's edges may be this many pixels inside those of its monitor.
 constexpr int kEdgeTolerance = 16;
 
 WindowKind kindOf(const std::u16string& title, const std::u16string& className) {
@@ -44,7 +44,7 @@ WindowKind kindOf(const std::u16string& title, const std::u16string& className) 
 }
 
 bool covers(const Rect& window, const Rect& monitor) {
-  // Both are empty when the window has just gone; without this it would count as covering.
+  // Both are empty if the window has just been closed; that must not count as covering.
   if (monitor == Rect{}) return false;
   return window.left <= monitor.left + kEdgeTolerance &&
          window.top <= monitor.top + kEdgeTolerance &&
@@ -70,7 +70,7 @@ WindowScan scanPresentationWindows(WindowSystem& windows, const std::u16string& 
 
     if (kind != WindowKind::Show) continue;
     if (!documentFilter.empty() && !titleNamesDocument(title, documentFilter)) continue;
-    // No early end: of several shows the last one counts.
+    // No early exit: of several shows the last one counts.
     if (covers(windows.rect(window), windows.monitorRect(window))) {
       scan.fullScreenWindow = window;
       scan.fullScreenTitle = title;

@@ -1,5 +1,5 @@
-// Tells from the windows of the desktop alone whether a slide show is on screen: the second source
-// of truth, for when no presentation program answers to automation.
+// Detects a slide show from the windows of the desktop alone: the fallback for when no presentation
+// program responds to automation.
 #pragma once
 
 #include <string>
@@ -10,19 +10,18 @@
 
 namespace mrl {
 
-/// What one scan saw. It counts for the call that asked for it and no longer.
+/// Result of one scan. Valid only for the call that asked for it: windows come and go.
 struct WindowScan {
   WindowHandle firstWindow;            // topmost window of a presentation program, show or not
-  WindowHandle fullScreenWindow;       // the show that fills its monitor
-  bool found = false;                  // there was some window of a presentation program
+  WindowHandle fullScreenWindow;       // the show that covers its monitor
+  bool found = false;                  // a presentation program has a window
   std::u16string fullScreenTitle;      // of fullScreenWindow
   std::u16string documentFilter;       // as passed in
-  std::vector<std::u16string> titles;  // of all those windows, from the top down
+  std::vector<std::u16string> titles;  // of all such windows, topmost first
 };
 
-/// UI thread. A `documentFilter` that isn't empty is a path: only a show whose title names that
-/// document can become `fullScreenWindow`. Never fails; windows that can't be looked at are passed
-/// over.
+/// UI thread. If `documentFilter` is not empty it is a path: only a show whose title names that
+/// document can become `fullScreenWindow`. Never fails; skips windows that can't be queried.
 WindowScan scanPresentationWindows(WindowSystem& windows, const std::u16string& documentFilter);
 
 }  // namespace mrl

@@ -12,7 +12,7 @@ class WindowScanTest : public testing::Test {
   WindowSystemFake::Log log;
   WindowSystemFake windows{log};
 
-  // Handles count from 1 in the order in which windows are added, from the top down.
+  // Handles count from 1 in the order in which windows are added, topmost first.
   FakeWindow& add(const std::u16string& title, const std::u16string& className) {
     const int64_t handle = static_cast<int64_t>(windows.windows.size()) + 1;
     windows.windows.push_back({.handle = {handle}, .title = title, .className = className});
@@ -271,8 +271,7 @@ TEST_F(WindowScanTest, TheFilterLetsALaterShowOfAnotherDocumentNotOverwrite) {
   EXPECT_EQ(scan(u"C:\\decks\\a.pptx").fullScreenWindow, WindowHandle{1});
 }
 
-// Six looks at a window make it a show: visible, iconic, image, title, class, rectangle; then one
-// at its monitor.
+// Recognising a show takes seven queries: visible, iconic, image, title, class, rectangle, monitor.
 TEST_F(WindowScanTest, AWindowThatVanishesDuringTheScanIsNeverAShow) {
   for (int looks = 0; looks < 7; ++looks) {
     windows.windows.clear();

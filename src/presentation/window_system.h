@@ -1,4 +1,4 @@
-// Other programs' windows: looking at them, raising them, sending them keys.
+// Interface to other programs' windows: queries them, raises them, sends them keys.
 #pragma once
 
 #include <cstdint>
@@ -10,34 +10,34 @@
 
 namespace mrl {
 
-/// UI thread only. A window may be gone at any moment: every call then fails or gives empty values.
+/// UI thread only. A window may close at any moment: calls then fail or return empty values.
 class WindowSystem {
  public:
   virtual ~WindowSystem() = default;
 
-  /// All top-level windows, from the top down.
+  /// All top-level windows, topmost first.
   [[nodiscard]] virtual std::vector<WindowHandle> topLevelWindows() = 0;
-  /// All windows inside it, at any depth.
+  /// All its child windows, at any depth.
   [[nodiscard]] virtual std::vector<WindowHandle> windowsInside(WindowHandle window) = 0;
   [[nodiscard]] virtual bool isVisible(WindowHandle window) = 0;
   [[nodiscard]] virtual bool isIconic(WindowHandle window) = 0;
-  /// Full path of the owning program's image; empty when it can't be told.
+  /// Full path of the owning program's image; empty if it can't be read.
   [[nodiscard]] virtual std::u16string imageName(WindowHandle window) = 0;
-  /// Not more than 2047 characters of it.
+  /// Cut off after 2047 characters.
   [[nodiscard]] virtual std::u16string title(WindowHandle window) = 0;
-  /// Not more than 255 characters of it.
+  /// Cut off after 255 characters.
   [[nodiscard]] virtual std::u16string className(WindowHandle window) = 0;
   [[nodiscard]] virtual Rect rect(WindowHandle window) = 0;
   /// The full rectangle of the monitor nearest to the window.
   [[nodiscard]] virtual Rect monitorRect(WindowHandle window) = 0;
 
-  /// False for none.
+  /// False for a null handle.
   [[nodiscard]] virtual bool isWindow(WindowHandle window) = 0;
   [[nodiscard]] virtual WindowHandle foreground() = 0;
   virtual void setForeground(WindowHandle window) = 0;
   virtual void restore(WindowHandle window) = 0;
   virtual void show(WindowHandle window) = 0;
-  /// Into the always-on-top band or out of it, shown, without a change of place or size.
+  /// Moves the window into or out of the topmost band and shows it; position and size stay.
   virtual void setTopmost(WindowHandle window, bool topmost) = 0;
   virtual void bringToTop(WindowHandle window) = 0;
 
@@ -46,7 +46,7 @@ class WindowSystem {
     bool up = false;
     bool operator==(const KeyEvent&) const = default;
   };
-  /// Sends all events at once to whatever has the focus; tells how many went in.
+  /// Sends all events in one batch to the window with the focus; returns how many were accepted.
   virtual size_t sendKeys(const std::vector<KeyEvent>& events) = 0;
 };
 

@@ -1,4 +1,4 @@
-// A desktop in a list, which writes down what is done to its windows.
+// A fake desktop: a list of windows that logs what is done to them.
 #pragma once
 
 #include <algorithm>
@@ -11,27 +11,27 @@ namespace mrl {
 
 struct FakeWindow {
   WindowHandle handle = {};
-  std::u16string image = u"C:\\Office\\POWERPNT.EXE";  // empty: the process can't be looked at
+  std::u16string image = u"C:\\Office\\POWERPNT.EXE";  // empty: the process can't be queried
   std::u16string title = {};
   std::u16string className = {};
   Rect rect = {0, 0, 1920, 1080};
   Rect monitor = {0, 0, 1920, 1080};
   bool visible = true;
   bool iconic = false;
-  int queriesLeft = -1;      // how often it can still be looked at before it is gone; -1: for ever
-  WindowHandle parent = {};  // the top-level window that it is inside of, if any
+  int queriesLeft = -1;      // queries until it is gone; -1: never
+  WindowHandle parent = {};  // its top-level window, if it is a child
 };
 
 class WindowSystemFake : public WindowSystem {
  public:
   using Log = std::vector<std::string>;
-  /// The log may be shared with other fakes, to show the order among them.
+  /// The log may be shared with other fakes to check the order of calls across them.
   explicit WindowSystemFake(Log& sharedLog) : log(sharedLog) {}
 
-  std::vector<FakeWindow> windows;  // from the top down
+  std::vector<FakeWindow> windows;  // topmost first
   WindowHandle foregroundWindow;
   bool foregroundRefused = false;
-  size_t keysTaken = SIZE_MAX;  // at most so many events of a call go in
+  size_t keysTaken = SIZE_MAX;  // events accepted per call
   int scans = 0;
   Log& log;  // "restore 5", "keys +16 +116 -116 -16"
 
@@ -82,7 +82,7 @@ class WindowSystemFake : public WindowSystem {
   }
 
  private:
-  // What a look at the window gives now; nothing at all when it is gone.
+  // The window's present state; empty values if it is gone.
   FakeWindow look(WindowHandle handle) {
     for (FakeWindow& window : windows) {
       if (window.handle != handle || window.queriesLeft == 0) continue;

@@ -1,4 +1,4 @@
-// Window calls of Windows, one for one.
+// Forwards each call to the Windows API.
 #include "presentation/window_system_win.h"
 
 #include <windows.h>
@@ -34,7 +34,7 @@ std::vector<WindowHandle> WindowSystemWin::topLevelWindows() {
 
 std::vector<WindowHandle> WindowSystemWin::windowsInside(WindowHandle window) {
   std::vector<WindowHandle> list;
-  // Without a window, the desktop's would come.
+  // A null handle would list the desktop's windows.
   if (window) EnumChildWindows(windowFrom(window), addWindow, reinterpret_cast<LPARAM>(&list));
   return list;
 }

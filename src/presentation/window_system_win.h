@@ -1,4 +1,4 @@
-// The desktop of this session.
+// WindowSystem for the desktop of this session.
 #pragma once
 
 #include "presentation/window_system.h"

@@ -20,7 +20,7 @@ struct WindowTraits {
   static void close(HWND window) { DestroyWindow(window); }
 };
 
-/// A window of this process that remembers which keys reached it.
+/// A window of this process that records the keys it receives.
 class TestWindow {
  public:
   explicit TestWindow(const std::wstring& title, std::wstring classNameIn = L"Marlune.Test.Window")
@@ -44,7 +44,7 @@ class TestWindow {
   void destroy() { window.reset(); }
 
   std::vector<WindowSystem::KeyEvent> keys;
-  bool gotExtendedKey = false;  // one that tells which of two like keys it is
+  bool gotExtendedKey = false;  // one of two keys with the same code
 
  private:
   static LRESULT CALLBACK procedure(HWND hwnd, UINT message, WPARAM wide, LPARAM narrow) {
@@ -64,7 +64,7 @@ class TestWindow {
   UniqueHandle<WindowTraits> window;
 };
 
-/// Runs the message loop until the condition holds; false when that takes too long.
+/// Dispatches messages until the condition holds; false on time-out.
 bool pumpUntil(const std::function<bool()>& condition) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(10);
   while (!condition()) {
@@ -121,7 +121,7 @@ BOOL CALLBACK oneWindowInside(HWND window, WNDENUMPROC visit, LPARAM list) {
   return visit(window ? window : GetDesktopWindow(), list);
 }
 
-// Some systems have nothing to list here, others all that stands on the desktop.
+// A null handle lists nothing on some systems and the whole desktop on others.
 TEST_F(WindowSystemWinTest, InsideNoWindowTheSystemIsNotEvenAsked) {
   const ReplacedImport<decltype(oneWindowInside)> inside{"EnumChildWindows", oneWindowInside};
   const TestWindow window(L"a");
@@ -273,7 +273,7 @@ TEST_F(WindowSystemWinTest, BringingAWindowToTheTopActivatesIt) {
   EXPECT_EQ(GetActiveWindow(), window.hwnd());
 }
 
-/// What the process may be asked for is cut down as the system does for a program of more rights.
+/// Limits the access rights to this process, as the system does for a more privileged program.
 class GuardedProcess {
  public:
   explicit GuardedProcess(DWORD rights) {

@@ -16,7 +16,7 @@ constexpr char16_t kNoAdapters[] = u"无法读取网络地址，请检查网络�
 constexpr char16_t kNoAddress[] = u"未发现已连接的 IPv4 网络，请检查网络连接后重新启动遥控服务。";
 constexpr char16_t kTooMany[] = u"网络地址过多，无法启动遥控服务。";
 
-constexpr size_t kMaxAddresses = kMostListeners - 1;  // loopback takes one
+constexpr size_t kMaxAddresses = kMostListeners - 1;  // one is for loopback
 
 struct AddressCandidate {
   uint32_t address = 0;
@@ -24,7 +24,7 @@ struct AddressCandidate {
   bool noGateway = false;
   bool virtualAdapter = false;
 
-  /// The likeliest way to this computer first.
+  /// Orders the address that most likely reaches this computer first.
   bool operator<(const AddressCandidate& other) const {
     return std::tie(virtualAdapter, noGateway, metric, address) <
            std::tie(other.virtualAdapter, other.noGateway, other.metric, other.address);
@@ -36,7 +36,8 @@ bool contains(const std::vector<Value>& list, const Value& value) {
   return std::find(list.begin(), list.end(), value) != list.end();
 }
 
-/// Crosses the two lists: an adapter can be up without being connected to anything.
+/// The usable addresses of connected adapters. Needs both lists: an adapter can be up without being
+/// connected to anything.
 std::vector<AddressCandidate> candidatesOf(const std::vector<NetworkAdapter>& adapters,
                                            const std::vector<uint32_t>& connected) {
   std::vector<AddressCandidate> candidates;

@@ -14,7 +14,7 @@ constexpr uint32_t kTunnel = ipv4(10, 8, 0, 2);
 class AddressesTest : public ::testing::Test {
  protected:
   void expectAddresses(const std::vector<uint32_t>& expected) {
-    std::vector<uint32_t> found{kTunnel};  // what stood there goes
+    std::vector<uint32_t> found{kTunnel};  // must be overwritten
     std::u16string error;
     EXPECT_TRUE(discoverAddresses(network, found, error)) << utf8From(error);
     EXPECT_EQ(found, expected);
@@ -94,7 +94,7 @@ TEST_F(AddressesTest, WhereTheSystemDoesNotTellATunnelIsWhatItsTypeSays) {
 }
 
 TEST_F(AddressesTest, TheSystemsWordOnHardwareOutweighsTheType) {
-  network.add(1, {kTunnel}).isTunnel = true;  // and hardware all the same
+  network.add(1, {kTunnel}).isTunnel = true;  // hardware takes precedence
   network.add(2, {kWired}).isHardware = false;
   expectAddresses({kTunnel, kWired});
 }

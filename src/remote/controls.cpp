@@ -80,7 +80,7 @@ ControlField fieldOf(const std::string& prefix, const Row<Record>& row, Record& 
 
 using Form = std::map<std::string, std::string, std::less<>>;
 
-/// A final "&" is harmless; anything else that is no pair, or a key that comes twice, is not.
+/// Accepts a trailing "&"; rejects anything else that is not key=value, and duplicate keys.
 bool splitForm(std::string_view text, Form& form) {
   while (!text.empty()) {
     const size_t end = text.find('&');
@@ -116,7 +116,7 @@ bool store(uint32_t& target, const std::string& value, const ControlField& field
   return true;
 }
 
-/// Moves every row's value from the form into the record that `fields` points into.
+/// Moves the value of every field from the form into the Settings that `fields` points into.
 bool takeFields(Form& form, const std::vector<ControlField>& fields, std::u16string& error) {
   for (const ControlField& field : fields) {
     const auto entry = form.find(field.name);
@@ -133,7 +133,7 @@ bool takeFields(Form& form, const std::vector<ControlField>& fields, std::u16str
   return true;
 }
 
-/// The record that the form asks for; every check short of the save.
+/// Fills `changed` from the form; does all checks, but doesn't save.
 bool readForm(const Settings& live, const std::string& text, Settings& changed,
               std::u16string& error) {
   Form form;
@@ -172,7 +172,7 @@ std::vector<ControlField> controlFields(Settings& settings) {
 }
 
 std::string controlsValuesJson(const Settings& settings) {
-  Settings copy = settings;  // the rows point to fields that can be written
+  Settings copy = settings;  // the rows need writable fields
   std::string values;
   for (const ControlField& field : controlFields(copy)) {
     if (!values.empty()) values += ',';

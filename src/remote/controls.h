@@ -1,6 +1,6 @@
-// The settings as one form that a remote control reads and saves, and the rule that keeps two
-// editors from overwriting each other: a form says which values it was based on, and is refused
-// when they have changed. UI thread.
+// The settings as one form that a remote client reads and saves. A form carries the revision of the
+// values it was based on and is refused if they have changed since, so that two editors don't
+// overwrite each other. UI thread.
 #pragma once
 
 #include <cstdint>
@@ -12,31 +12,32 @@
 
 namespace mrl {
 
-constexpr int32_t kMaxDurationSeconds = 59999;  // that a remote control may set
+constexpr int32_t kMaxDurationSeconds = 59999;  // the longest a remote client may set
 
-/// One row of the form. Points into the record that it was made for.
+/// One row of the form. Points into the Settings it was created for.
 struct ControlField {
-  std::string name;  // key of the document and of the form
+  std::string name;  // key in the JSON document and in the form
   std::variant<uint32_t*, bool*> target;
   int32_t minimum = 0;  // inclusive; both 0 for a boolean
   int32_t maximum = 0;
 };
 
-/// All rows, in the order of the document.
+/// All rows, in the order of the JSON document.
 std::vector<ControlField> controlFields(Settings& settings);
 
 /// The values of all rows as one JSON object.
 std::string controlsValuesJson(const Settings& settings);
 
-/// 16 hexadecimal digits that depend on the values of all rows and on nothing else: a change that
-/// is undone brings the old revision back.
+/// Hash of the values of all rows and nothing else, as 16 hexadecimal digits: undoing a change
+/// restores the old revision.
 std::string controlsRevision(const Settings& settings);
 
 /// Revision and values.
 std::string controlsSnapshotJson(const App& app);
 
-/// Saves a whole form ("name=value" joined by "&") and adopts it. All or nothing: on failure
-/// returns false, fills `error` with the text for the user, and record and file are as they were.
+/// Applies and saves a complete form ("name=value" joined by "&"). All or nothing: on failure
+/// returns false, fills `error` with a message for the user, and leaves settings and file
+/// unchanged.
 [[nodiscard]] bool applyControlsForm(App& app, const std::string& form, std::u16string& error);
 
 }  // namespace mrl

@@ -1,5 +1,5 @@
-// Whatever the bytes of a form, it is refused with a reason and nothing has changed, or it is taken
-// and the record is one that the settings file accepts.
+// Any bytes as a form: either it is refused with a reason and nothing has changed, or it is applied
+// and the resulting settings can be loaded from the file.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -13,7 +13,7 @@ namespace {
 constexpr char16_t kPath[] = u"C:\\data\\settings.dat";
 constexpr char kRevisionHolder[] = "REVISION";
 
-/// The corpus can't know the revision of the moment, so it says where it belongs.
+/// Corpus files can't contain the current revision, so a placeholder marks where it goes.
 std::string withRevision(std::string form, const mrl::Settings& settings) {
   const size_t at = form.find(kRevisionHolder);
   if (at != form.npos) {

@@ -41,7 +41,7 @@ class ControlsTest : public AppFixture {
     if (const auto* const flag = std::get_if<bool*>(&field.target)) return **flag ? "1" : "0";
     return std::to_string(*std::get<uint32_t*>(field.target));
   }
-  /// The whole form of the present values, with `name` set to `value`.
+  /// The complete form with the current values, except that `name` is set to `value`.
   std::string formWith(const std::string& name = "", const std::string& value = "") {
     Settings copy = app.settings;
     std::string form = "revision=" + controlsRevision(app.settings);
@@ -56,7 +56,7 @@ class ControlsTest : public AppFixture {
     EXPECT_EQ(error, u"");
     EXPECT_EQ(saved(), app.settings);
   }
-  /// Nothing has changed: not the record, not the file, not the form, not the clock.
+  /// Expects a refusal that changes nothing: settings, file, clock, last error.
   void expectRefused(const std::string& form, const std::u16string& reason) {
     const Settings record = app.settings;
     const std::string bytes = bytesOnDisk();
@@ -92,7 +92,7 @@ TEST_F(ControlsTest, TheRevisionIs16LowerCaseHexadecimalDigits) {
 }
 
 TEST_F(ControlsTest, TheRevisionIsTheHashOfTheValuesBytes) {
-  // Worked out by hand elsewhere: FNV-1a of 64 bits over the text of the values.
+  // Computed independently: 64-bit FNV-1a over the text of the values.
   Settings settings;
   EXPECT_EQ(controlsRevision(settings), "35d0fa1fa1184d75");
   settings.duration = 12;

@@ -37,7 +37,7 @@ bool isWhole(const FirewallRule& rule) {
          rule.edgeTraversal && rule.protocol && rule.profiles && rule.direction && rule.action;
 }
 
-/// REQUIRES: the rule is whole.
+/// REQUIRES: isWhole(rule).
 bool fits(const FirewallRule& rule, const std::u16string& exePath, int32_t port) {
   return sameText(*rule.application, exePath) && sameText(*rule.localPorts, decimal(port)) &&
          sameText(*rule.remoteAddresses, u"LocalSubnet") && *rule.enabled == kFirewallTrue &&
@@ -78,8 +78,8 @@ bool makeRule(FirewallRules& rules, WindowHandle owner, int32_t port, std::u16st
     message = kNotPrepared;
     return false;
   }
-  // By its full path and in the system's folder: a search, for it or for a library of its own,
-  // could be led to another file of that name, and this one is run with administrator rights.
+  // Full path and system folder on purpose: a search for the program or one of its libraries could
+  // find another file of that name, and this one runs with administrator rights.
   const ElevatedRun run = rules.runElevated(
       owner, {.program = system + u"\\netsh.exe", .arguments = arguments, .folder = system});
   if (!run.started) {
@@ -113,7 +113,7 @@ FirewallRuleState checkFirewallRule(FirewallRules& rules, int32_t port, std::u16
     message = kNoPathOrPort;
     return FirewallRuleState::Failed;
   }
-  // First, for a block rule wins over the program's own in the firewall too.
+  // Checked first: in the firewall, too, a block rule overrides the program's own rule.
   bool blockedFound = false;
   if (!scanBlockRules(rules, exePath, port, message, blockedFound)) {
     return blockedFound ? FirewallRuleState::Blocked : FirewallRuleState::Failed;

@@ -1,4 +1,4 @@
-// The system's firewall: its list of rules, and the one elevated command that adds to it.
+// Interface to the system's firewall: its rules, and the elevated command that adds one.
 #pragma once
 
 #include <cstdint>
@@ -15,8 +15,8 @@ constexpr int32_t kFirewallFalse = 0;
 constexpr int32_t kFirewallTcp = 6;
 constexpr int32_t kFirewallInbound = 1;
 
-/// A rule as the firewall tells it, with the firewall's own numbers. Nothing stands in a field that
-/// could not be read; a text that the rule doesn't have is empty.
+/// A rule as the firewall reports it, with the firewall's own numbers. A field that can't be read
+/// is std::nullopt; a text that the rule doesn't set is empty.
 struct FirewallRule {
   std::optional<std::u16string> name = {};
   std::optional<std::u16string> application = {};
@@ -32,43 +32,43 @@ struct FirewallRule {
 
 enum class RuleWalk {
   Ended,          // all rules were seen
-  Stopped,        // the visitor has seen enough
-  NoFirewall,     // there are no rules to be had at all
-  NoEnumeration,  // the rules can't be gone through
-  NoRule,         // an element was no rule
-  Broken,         // the walk failed on its way
+  Stopped,        // the visitor returned false
+  NoFirewall,     // the rules can't be accessed at all
+  NoEnumeration,  // the rules can't be enumerated
+  NoRule,         // an element is not a rule
+  Broken,         // the enumeration failed half-way
 };
 
 enum class RuleSearch { Found, NotFound, NoMemory, Failed };
 
 struct ElevatedCommand {
-  std::u16string program;    // by its full path
-  std::u16string arguments;  // as one line
-  std::u16string folder;     // in which it starts
+  std::u16string program;    // full path
+  std::u16string arguments;  // a single command line
+  std::u16string folder;     // working directory
   bool operator==(const ElevatedCommand&) const = default;
 };
 
-/// How an elevated command went.
+/// Result of an elevated command.
 struct ElevatedRun {
   bool started = false;
-  uint32_t error = 0;     // the system's, where it did not start
-  uint32_t exitCode = 0;  // where it did
+  uint32_t error = 0;     // system error code, if not started
+  uint32_t exitCode = 0;  // if started
 };
 
-/// UI thread only. All of it may take the system a while; nothing is kept between calls.
+/// UI thread only. Every call may block for a while; nothing is cached between calls.
 class FirewallRules {
  public:
   virtual ~FirewallRules() = default;
-  /// Full path of the running program; empty when it can't be told.
+  /// Full path of the running program; empty if it can't be read.
   [[nodiscard]] virtual std::u16string programPath() = 0;
-  /// Empty when it can't be told.
+  /// Empty if it can't be read.
   [[nodiscard]] virtual std::u16string systemFolder() = 0;
-  /// `text` with its environment variables filled in; as it is when that fails.
+  /// `text` with environment variables expanded; unchanged if that fails.
   [[nodiscard]] virtual std::u16string expanded(const std::u16string& text) = 0;
-  /// Hands every rule to `visit` until that returns false.
+  /// Passes every rule to `visit` until that returns false.
   [[nodiscard]] virtual RuleWalk forEach(const std::function<bool(const FirewallRule&)>& visit) = 0;
   [[nodiscard]] virtual RuleSearch find(const std::u16string& name, FirewallRule& rule) = 0;
-  /// Asks the user for administrator rights, runs the program hidden and waits for its end.
+  /// Asks the user for administrator rights, runs the program hidden and waits for it to exit.
   [[nodiscard]] virtual ElevatedRun runElevated(WindowHandle owner,
                                                 const ElevatedCommand& command) = 0;
 };

@@ -10,7 +10,7 @@
 
 namespace mrl {
 
-/// The rule as the elevated command makes it.
+/// The rule that the elevated command adds.
 inline FirewallRule fittingRule(const std::u16string& program, int32_t port) {
   return {.name = firewallRuleName(program, port, false),
           .application = program,
@@ -59,12 +59,12 @@ class FirewallRulesFake : public FirewallRules {
   std::u16string path = u"C:\\Marlune\\marlune.exe";
   std::u16string system = u"C:\\Windows\\system32";
   std::vector<FirewallRule> rules;
-  RuleWalk walk = RuleWalk::Ended;             // anything else is how the walk fails
-  RuleSearch search = RuleSearch::Found;       // anything else is how each search fails,
-  size_t goodSearches = 0;                     // but for that many at first
-  std::function<void(FirewallRule&)> onFound;  // what becomes of a rule between walk and search
+  RuleWalk walk = RuleWalk::Ended;             // another value: how forEach() fails
+  RuleSearch search = RuleSearch::Found;       // another value: how find() fails
+  size_t goodSearches = 0;                     // searches before it fails
+  std::function<void(FirewallRule&)> onFound;  // changes a rule between forEach() and find()
   ElevatedRun run{.started = true};
-  std::vector<FirewallRule> made;  // what the elevated command adds
+  std::vector<FirewallRule> made;  // rules that the elevated command adds
 
   WindowHandle owner;
   std::vector<ElevatedCommand> commands;

@@ -93,7 +93,7 @@ ComRef<IEnumVARIANT> openEnumeration(INetFwRules& rules) {
 std::u16string FirewallRulesWin::programPath() {
   std::wstring path(32768, L'\0');
   const DWORD length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()));
-  if (length >= path.size()) return {};  // cut off
+  if (length >= path.size()) return {};  // truncated
   return u16From({path.data(), length});
 }
 
@@ -110,7 +110,7 @@ std::u16string FirewallRulesWin::expanded(const std::u16string& text) {
   std::wstring to(size, L'\0');
   const DWORD written = ExpandEnvironmentStringsW(from.c_str(), to.data(), size);
   if (written == 0 || written > size) return text;
-  return u16From({to.data(), written - 1});  // without the end mark
+  return u16From({to.data(), written - 1});  // without the terminator
 }
 
 RuleWalk FirewallRulesWin::forEach(const std::function<bool(const FirewallRule&)>& visit) {

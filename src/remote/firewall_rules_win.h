@@ -1,4 +1,4 @@
-// See remote/firewall_rules.h.
+// FirewallRules over the COM interfaces of the Windows firewall.
 #pragma once
 
 #include "remote/firewall_rules.h"

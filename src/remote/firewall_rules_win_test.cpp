@@ -1,5 +1,5 @@
-// The parts of the firewall's edge that a test can only see from the system's side. The firewall
-// itself and the command that is run are in the tests of the whole program.
+// FirewallRulesWin where only intercepted system calls can check it. The rules and the elevated
+// command are covered by the tests of the whole program.
 #include "remote/firewall_rules_win.h"
 
 #include <gtest/gtest.h>
@@ -23,12 +23,12 @@ struct Order {
   int show = -1;
 };
 Order given;
-DWORD refusal = 0;  // the system's error; 0 when it agrees
+DWORD refusal = 0;  // the system's error; 0: success
 
 BOOL WINAPI execute(SHELLEXECUTEINFOW* info) {
   given = {info->fMask,        info->hwnd,        info->lpVerb, info->lpFile,
            info->lpParameters, info->lpDirectory, info->nShow};
-  info->hProcess = nullptr;  // as where another program took the order over
+  info->hProcess = nullptr;  // as if a running program had taken over the request
   SetLastError(refusal);
   return refusal == 0 ? TRUE : FALSE;
 }

@@ -1,4 +1,4 @@
-// The part of the firewall check that looks for rules which block.
+// The part of the firewall check that scans for block rules.
 #include <algorithm>
 #include <charconv>
 #include <optional>
@@ -45,14 +45,14 @@ bool isReadable(const FirewallRule& rule) {
          rule.application;
 }
 
-/// REQUIRES: the rule is readable.
+/// REQUIRES: isReadable(rule).
 bool blocksInbound(const FirewallRule& rule) {
   return *rule.enabled != kFirewallFalse && *rule.direction == kFirewallInbound &&
          *rule.action == kBlock && (*rule.profiles & kProfiles) != 0 &&
          (*rule.protocol == kFirewallTcp || *rule.protocol == kAnyProtocol);
 }
 
-/// Looks at one rule. What it gives is why the walk must end; null when it goes on.
+/// Examines one rule. Returns the message with which the walk must end; null to continue.
 const char16_t* look(BlockScan& scan, const FirewallRule& rule) {
   if (!isReadable(rule)) return kUnreadable;
   if (!blocksInbound(rule)) return nullptr;
@@ -86,7 +86,7 @@ std::u16string reportOf(const BlockScan& scan) {
   return report + kFoundTail;
 }
 
-/// Null when all rules were seen. `trouble` is what the rule had that stopped the walk.
+/// Null if all rules were seen. `trouble` is the message of the rule that stopped the walk.
 const char16_t* failureOf(RuleWalk walk, const char16_t* trouble) {
   switch (walk) {
     case RuleWalk::Ended: return nullptr;
@@ -116,7 +116,7 @@ std::optional<int32_t> portOf(std::u16string_view text) {
   return value;
 }
 
-/// A port or a range of them; what is neither may mean any port.
+/// A port or a range of ports. Anything else is treated as covering every port.
 bool tokenCovers(std::u16string_view token, int32_t port) {
   const size_t dash = token.find(u'-');
   const std::optional<int32_t> first = portOf(trimmed(token.substr(0, dash)));

@@ -21,7 +21,7 @@ class FirewallScanTest : public ::testing::Test {
             .direction = 1,
             .action = 0};
   }
-  /// True if nothing blocks.
+  /// True if no rule blocks.
   bool passes() {
     message.clear();
     blockedFound = false;

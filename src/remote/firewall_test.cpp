@@ -235,7 +235,7 @@ TEST_F(FirewallTest, TheNameDependsOnPathAndPortButNotOnLetterCase) {
 }
 
 TEST_F(FirewallTest, TheNameHoldsTheHashOfEachUnitWholeInUpperCase) {
-  // One unit each: the offset basis XOR the unit, times the prime, modulo 2 to the 64th.
+  // For a path of one code unit: (offset basis XOR unit) times the prime, modulo 2^64.
   EXPECT_EQ(firewallRuleName(u"a", 8080, false),
             u"Marlune LAN AF63DC4C8601EC8C TCP 8080 All Profiles");
   EXPECT_EQ(firewallRuleName(u"", 1024, true),
@@ -260,7 +260,7 @@ TEST(FirewallAccessTest, TheUserIsAskedOnlyForAMissingRuleAndOnlyWhenPresent) {
   struct Case {
     State state;
     bool interactive;
-    bool authorized;  // what the user's answer leads to
+    bool authorized;  // result of asking the user
     bool expected;
     int asked;
   };

@@ -23,7 +23,7 @@ class NetworkFake : public Network {
     return true;
   }
 
-  /// A connected card with a gateway.
+  /// Adds a connected network card with a gateway.
   NetworkAdapter& add(uint32_t index, const std::vector<uint32_t>& addresses) {
     connected.push_back(index);
     adapters.push_back({.index = index,

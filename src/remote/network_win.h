@@ -1,4 +1,4 @@
-// See remote/network.h.
+// Network over Windows' network list and adapter functions.
 #pragma once
 
 #include "remote/network.h"

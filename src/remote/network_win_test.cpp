@@ -59,10 +59,10 @@ TEST_F(NetworkWinTest, WithoutComThereIsNoNetworkService) {
   CoUninitialize();
   std::vector<uint32_t> indices;
   EXPECT_EQ(network.connectedInterfaces(indices), ConnectionsResult::NoNetworkService);
-  (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);  // for the end of the test
+  (void)CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);  // balances the fixture's CoUninitialize
 }
 
-/// What the system tells of one adapter, and of its card.
+/// One adapter as the system reports it.
 struct AdapterRecord {
   AdapterRecord(ULONG index, IFTYPE type, std::initializer_list<uint32_t> ownAddresses) {
     record.IfIndex = index;
@@ -89,16 +89,16 @@ struct AdapterRecord {
   size_t count = 0;
 };
 
-/// The system's answers in the place of its own, from records that a test has written.
+/// Scripted answers of the replaced system calls.
 struct SystemStory {
   IP_ADAPTER_ADDRESSES* first = nullptr;
-  ULONG bytesNeeded = 0;  // a smaller buffer is refused
+  ULONG bytesNeeded = 0;  // smaller buffers are refused
   ULONG failure = NO_ERROR;
-  NET_IFINDEX hardware = 0;  // the one that is; each other one isn't
-  NET_IFINDEX unknown = 0;   // of this one's card nothing is told
-  ULONG family = 0;          // what was asked for
+  NET_IFINDEX hardware = 0;  // the only adapter that is hardware
+  NET_IFINDEX unknown = 0;   // adapter whose card can't be queried
+  ULONG family = 0;          // as requested
   ULONG flags = 0;
-  std::vector<ULONG> offered;  // bytes, at each call
+  std::vector<ULONG> offered;  // buffer size of each call, in bytes
 };
 SystemStory asked;
 
@@ -209,7 +209,7 @@ TEST_F(AdapterListTest, ABufferThatIsTooSmallIsGrownOnceToWhatIsNeeded) {
 
 TEST_F(AdapterListTest, AnyOtherFailureIsOne) {
   std::vector<NetworkAdapter> adapters;
-  asked.failure = ERROR_BUFFER_OVERFLOW;  // and again
+  asked.failure = ERROR_BUFFER_OVERFLOW;  // on the second call too
   EXPECT_FALSE(network.listAdapters(adapters));
   EXPECT_EQ(asked.offered.size(), 2U);
   asked.failure = ERROR_NO_DATA;
@@ -218,7 +218,7 @@ TEST_F(AdapterListTest, AnyOtherFailureIsOne) {
   EXPECT_TRUE(adapters.empty());
 }
 
-/// An object of the test's own, which says how often it is still referred to.
+/// A test object that counts its references.
 template <class Interface>
 class Owned : public Interface {
  public:

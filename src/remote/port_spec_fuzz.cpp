@@ -1,5 +1,5 @@
-// Whatever a rule says of its ports: the answer comes, and is "no" only for a list of ports and
-// ranges that a plain reading of it does not find the port in.
+// For any port list: the result is "not covered" only if the text is a plain list of ports and
+// ranges without the port.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
   const bool isPlain = ports.find_first_not_of(u"0123456789,- \t") == ports.npos;
   if (!isPlain || port < 1024) std::abort();
-  // Another port in front of it, or the port itself behind it, change what they must.
+  // Prepending another port must not change the result; appending the port itself must.
   if (mrl::portSpecCovers(u"1," + ports, port)) std::abort();
   const std::string digits = std::to_string(port);
   if (!mrl::portSpecCovers(ports + u"," + std::u16string(digits.begin(), digits.end()), port)) {

@@ -23,7 +23,7 @@ constexpr char16_t kBadDuration[] = u"时长须为 0–59999 秒。";
 constexpr uint32_t kShineSeconds = 3;
 constexpr uint64_t kOpenPulseMs = 2000;
 
-/// What an action is called with; not every one needs all of it.
+/// The parameters of an action; not every action needs all of them.
 struct Call {
   App& app;
   const std::string& command;
@@ -46,7 +46,7 @@ bool startOrStop(const Call& call) {
   return true;
 }
 
-/// A black screen can always be lifted, even when its show has gone.
+/// A black screen can always be lifted, even after its show has ended.
 bool toggleBlack(const Call& call) {
   const App& app = call.app;
   const bool isAllowed =
@@ -56,7 +56,7 @@ bool toggleBlack(const Call& call) {
   return false;
 }
 
-/// A speaker who hides the clock from afar stops it too; showing it again does not go on.
+/// Hiding the clock remotely also pauses the timer; showing it again does not resume it.
 bool toggleVisibility(const Call& call) {
   App& app = call.app;
   if (app.platform.clockWindow.isVisible() && app.timer.phase == TimerPhase::Running) {
@@ -178,7 +178,7 @@ struct Word {
   bool (*action)(const Call& call);
 };
 
-/// The words in mixed case and of two letters are older names of the one before them.
+/// Commands in mixed case or of two capitals are older names of the one above them.
 constexpr Word kWords[] = {
     {"state", nothing},
     {"toggle", run<kCommandToggleTimer>},

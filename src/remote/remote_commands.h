@@ -1,4 +1,4 @@
-// Turns a command word of a remote control into an action.
+// Maps a remote client's command to an action.
 #pragma once
 
 #include <string>
@@ -7,9 +7,10 @@
 
 namespace mrl {
 
-/// `command` is compared exactly; `argument` is a number of seconds or the id of a file, as the
-/// client sent it. On failure returns false and fills `error` with the text for the user; a refusal
-/// leaves no partial effect. UI thread; may block while a presentation program is busy.
+/// Runs a command (exact match). `argument` is a number of seconds or the id of a file, as sent by
+/// the client. On failure returns false and fills `error` with a message for the user; no setting
+/// has changed then, but a show command may have had part of its effect. UI thread; may block while
+/// a presentation program is busy.
 [[nodiscard]] bool runRemoteCommand(App& app, const std::string& command,
                                     const std::string& argument, std::u16string& error);
 

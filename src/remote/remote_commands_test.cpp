@@ -34,7 +34,7 @@ class RemoteCommandsTest : public AppFixture {
     EXPECT_TRUE(runRemoteCommand(app, command, argument, error)) << command << utf8From(error);
     EXPECT_EQ(error, u"");
   }
-  /// Neither the record nor the file has changed.
+  /// Expects a refusal that changes neither the settings nor the file.
   void expectRefused(const std::string& command, const std::string& argument,
                      const std::u16string& reason) {
     const Settings record = app.settings;
@@ -232,7 +232,7 @@ TEST_F(RemoteCommandsTest, ExitAndCloseEndTheOpenPulseFirst) {
     app.openPulseTarget = kDeck;
     app.openPulseUntilMs = app.openPulseNextMs = 5;
     std::u16string error;
-    (void)runRemoteCommand(app, word, "", error);  // there is no show: the pulse ends all the same
+    (void)runRemoteCommand(app, word, "", error);  // fails: there is no show
     EXPECT_EQ(app.openPulseTarget, u"");
     EXPECT_EQ(app.openPulseUntilMs, 0u);
     EXPECT_EQ(app.openPulseNextMs, 0u);

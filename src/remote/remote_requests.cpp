@@ -18,7 +18,7 @@ void refuse(RemoteRequest& request, int32_t status, std::u16string_view reason) 
   request.response = "{\"error\":" + jsonString(reason) + "}";
 }
 
-/// False with `error` filled when the program refused.
+/// Returns false and fills `error` if the request is refused.
 bool carryOut(App& app, RemoteRequest& request, std::u16string& error) {
   if (request.command == "controls" || request.command == "controls-save") {
     const bool saves = request.command == "controls-save";

@@ -1,4 +1,4 @@
-// What the UI thread does with the requests that the listener hands over. UI thread.
+// Handles the requests that the listener posts. UI thread.
 #pragma once
 
 #include "core/app.h"
@@ -6,8 +6,8 @@
 
 namespace mrl {
 
-/// Carries the request out and answers it. One from an earlier run of the service, or one whose
-/// deadline has passed, is refused instead.
+/// Runs the request and answers it. Refuses requests from an earlier run of the service and those
+/// past their deadline.
 void onRemoteRequest(App& app, RemoteRequest& request);
 
 }  // namespace mrl

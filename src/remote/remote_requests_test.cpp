@@ -50,7 +50,7 @@ TEST_F(RemoteRequestsTest, AStoppedServiceRunsNothing) {
 
 TEST_F(RemoteRequestsTest, ARequestOfAnEarlierRunIsNotCarriedOut) {
   const auto request = make("toggle");
-  app.remote.generation += 2;  // stopped and started again
+  app.remote.generation += 2;  // one stop and one start
   onRemoteRequest(app, *request);
   EXPECT_EQ(request->status, 503);
   EXPECT_EQ(request->response, kClosed);

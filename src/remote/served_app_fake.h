@@ -1,4 +1,4 @@
-// An App over fakes that a real listener serves: sockets, queue and time are the caller's.
+// An App over fakes, served by a real listener. Sockets, queue and time source are the caller's.
 #pragma once
 
 #include "core/app_fake.h"
@@ -9,7 +9,7 @@ struct ServedApp {
   ServedApp(Sockets& sockets, RequestQueue& requests, Clock& clock)
       : app(doors(fakes.app.platform, sockets, requests, clock)) {}
 
-  AppFake fakes;  // its own app is not used
+  AppFake fakes;  // its App is unused
   App app;
 
  private:

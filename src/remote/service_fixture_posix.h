@@ -1,4 +1,4 @@
-// What the shared tests of the service need of a POSIX system.
+// The POSIX part of the service tests.
 #pragma once
 
 #include <gtest/gtest.h>

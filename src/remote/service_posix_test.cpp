@@ -5,10 +5,10 @@
 namespace mrl {
 namespace {
 
-// What these two look at is shared with Windows; here the system under it is sure to play along.
+// These two test shared code, but need behaviour that only this platform guarantees.
 TEST_F(ServiceTest, APeerThatNeverReadsItsAnswerHoldsNobodyUpForLong) {
   stopServer(app.remote);
-  served.fakes.serviceHost.pageBytes.assign(64U << 20U, 'x');  // more than any buffer takes
+  served.fakes.serviceHost.pageBytes.assign(64U << 20U, 'x');  // more than any socket buffer holds
   ASSERT_TRUE(start());
   RawClient silent(port());
   silent.send(get("/"));

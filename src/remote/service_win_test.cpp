@@ -34,7 +34,7 @@ struct WindowTraits {
   static void close(HWND window) { DestroyWindow(window); }
 };
 
-/// Posts to a window of the test's own thread, which the test empties by hand.
+/// Posts to a window of the test's thread, which the test pumps by hand.
 class PumpedQueue : public RequestQueueWin {
  public:
   bool post(WindowHandle /*target*/, std::shared_ptr<RemoteRequest> request) override {
@@ -101,7 +101,7 @@ TEST(RequestQueueWinTest, WhatWaitsForAnotherThreadIsWokenByTheSet) {
   other.join();
 }
 
-/// What the library of sockets was told.
+/// Scripted results and recorded calls of Winsock.
 struct WinsockStory {
   int startupResult = 0;
   int cleanups = 0;

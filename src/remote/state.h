@@ -1,4 +1,4 @@
-// The state document: all that a remote control sees.
+// Builds the state document: everything that a remote client sees.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace mrl {
 
-/// One JSON object without white space; every key is always there, in a fixed order. Lists the
-/// folder of presentations anew. UI thread.
+/// One JSON object without white space; all keys are always present, in a fixed order. Re-reads the
+/// folder of presentations. UI thread.
 std::string buildStateJson(App& app);
 
 }  // namespace mrl

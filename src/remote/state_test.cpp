@@ -12,7 +12,7 @@ namespace {
 
 class StateTest : public AppFixture {
  protected:
-  /// The text behind `key`, up to the next one.
+  /// The text of the value of `key`.
   std::string valueOf(const std::string& key) {
     const std::string state = buildStateJson(app);
     const std::string start = '"' + key + "\":";

@@ -1,5 +1,5 @@
-// The tests' firewall as a library, for a program that asks the system for one: its only rule is
-// what the command that stands in for the system's own was last asked for.
+// The tests' firewall as a DLL that the system loads in place of its own. Its only rule is the one
+// that the netsh stand-in was last asked for.
 #include "windows/firewall_class.h"
 
 namespace {

@@ -32,7 +32,7 @@ Headless::Headless(const std::string& page) { served.fakes.serviceHost.pageBytes
 
 std::string Headless::start(int32_t port) {
   Settings settings;
-  settings.remoteAutoStart = false;  // the port has to be found first
+  settings.remoteAutoStart = false;  // the port is chosen below
   settings.pptFolder = kFolder;
   files().putFolder(kFolder);
   std::u16string error;

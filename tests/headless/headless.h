@@ -1,4 +1,4 @@
-// What the program without a desktop is made of, and the words that steer it.
+// The headless program and the commands that control it.
 #pragma once
 
 #include <atomic>
@@ -11,7 +11,7 @@
 
 namespace mrl {
 
-/// Real time, which a test can push on.
+/// Real time that a test can advance.
 class PushedClock : public Clock {
  public:
   uint64_t nowMs() const override { return real.nowMs() + pushedMs; }
@@ -23,12 +23,13 @@ class PushedClock : public Clock {
   std::atomic<uint64_t> pushedMs = 0;
 };
 
-/// One thread owns it, and that is the UI thread.
+/// Used by one thread only, which is the UI thread.
 class Headless {
  public:
   explicit Headless(const std::string& page);
 
-  /// Start-up, and the service on loopback; port 0 is any free one. Empty, or what went wrong.
+  /// Starts the program and the service on loopback; port 0 picks a free one. Returns an empty
+  /// text, or the error.
   std::string start(int32_t port);
   void finish();
 
@@ -40,16 +41,16 @@ class Headless {
   void tickIfDue();
   void runPosted();
 
-  /// One line of the following. Empty, or what was wrong with it.
+  /// Runs one command line. Returns an empty text, or the error.
   ///   advance MS         time jumps ahead
-  ///   block | unblock    the UI thread does nothing in between but to obey
+  ///   block | unblock    while blocked, the UI thread runs nothing but these commands
   ///   stop | start | restart    the service
-  ///   command N          a command of the menu, by number
+  ///   command N          runs a menu command, by its number
   ///   show-clock | hide-clock
   ///   add NAME | remove NAME    a file in the presentation folder
-  ///   folder NAME        another presentation folder below C:\; "folder" alone chooses none
-  ///   show NAME          a show of that file runs
-  ///   slide N            it stands on that slide
+  ///   folder NAME        sets the presentation folder to C:\NAME; without NAME, to none
+  ///   show NAME          starts a show of that file
+  ///   slide N            moves the show to that slide
   ///   end-show
   ///   fail-saves | allow-saves
   ///   dirty | clean      unfinished input in the settings window

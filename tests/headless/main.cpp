@@ -1,6 +1,6 @@
-// The program without a desktop: an App over fakes, served by the real listener on loopback. Prints
-// the page's address, then obeys one command a line on standard input and answers each with "ok" or
-// "error: ...". For tests and for looking at the page; needs no Windows.
+// The headless program: an App over fakes, served by the real listener on loopback. Prints the
+// page's address, then runs one command per line of standard input and answers each with "ok" or
+// "error: ...". For tests and for viewing the page; needs no Windows.
 #include <poll.h>
 #include <unistd.h>
 
@@ -26,7 +26,7 @@ std::optional<std::string> valueOf(const std::string& argument, const std::strin
   return argument.substr(option.size());
 }
 
-/// Complete lines of standard input, as they come in. Nothing at its end.
+/// Splits standard input into complete lines. next() is std::nullopt if none is complete yet.
 class Lines {
  public:
   /// REQUIRES: standard input is readable.

@@ -1,4 +1,4 @@
-// The two threads losing each other in every way there is: late answers, stops, restarts, the end.
+// Races between the two threads: late answers, stops, restarts, program exit.
 #include "remote/service_fixture_posix.h"
 
 namespace mrl {
@@ -6,7 +6,7 @@ namespace {
 
 constexpr int kRounds = 100'000;
 
-/// Waits for much less than it is asked to, so that many answers come too late.
+/// Times out much earlier than asked, so that many answers are late.
 class ImpatientEvent : public DoneEvent {
  public:
   explicit ImpatientEvent(std::unique_ptr<DoneEvent> event, uint32_t most)
@@ -27,7 +27,7 @@ class ImpatientQueue : public RequestQueuePosix {
   }
 
  private:
-  uint32_t made = 0;  // the listener's thread alone makes them
+  uint32_t made = 0;  // used by the listener's thread only
 };
 
 struct Outcomes {
@@ -68,7 +68,7 @@ TEST(HandOverRaceTest, LateAnswersStopsRestartsAndDrainsLoseNothing) {
     queue.wait(1);
     for (const auto& request : queue.take()) onRemoteRequest(app, *request);
     ++passes;
-    // What a stop and a start change while a request is under way.
+    // The changes that a stop and a start make while a request is in progress.
     if (passes % 50 == 20) {
       app.remote.running = false;
       ++app.remote.generation;
@@ -90,7 +90,7 @@ TEST(HandOverRaceTest, LateAnswersStopsRestartsAndDrainsLoseNothing) {
   EXPECT_GT(seen.pending, 0);
 }
 
-/// Clients that never stop asking, over real sockets.
+/// Clients that send requests continuously, over real sockets.
 class RestartTest : public ServiceTest {
  protected:
   RestartTest() {

@@ -1,4 +1,4 @@
-// A hundred thousand requests that nobody with a good mind sends.
+// A hundred thousand hostile requests.
 #include <fstream>
 
 #include "remote/service_fixture_posix.h"
@@ -9,7 +9,7 @@ namespace {
 constexpr int kRequests = 100'000;
 constexpr size_t kAllowedGrowthBytes = 8U << 20U;
 
-/// Hand-made ones first, then these with bytes changed, cut off or doubled.
+/// Hand-made requests, sent as they are or with bytes changed, cut off or doubled.
 class HostileRequests {
  public:
   std::string next() {
@@ -28,7 +28,7 @@ class HostileRequests {
     for (size_t i = 0; i <= pick(8); ++i) bytes[pick(bytes.size())] = static_cast<char>(pick(256));
     return bytes;
   }
-  /// So many that no change can break them all.
+  /// Enough of them that changing a few bytes can't break them all.
   static std::string siteOrigins() {
     std::string headers;
     for (int i = 0; i < 20; ++i) headers += "Origin: http://site.example\r\n";
@@ -43,7 +43,7 @@ class HostileRequests {
     return bytes;
   }
 
-  // None of them is allowed to do anything, and none is one byte away from one that is.
+  // None of these is permitted, and none is one byte away from a request that is.
   const std::vector<std::string> kHandMade = {
       post("/api/nonsense"),
       post("/api/"),
@@ -71,7 +71,7 @@ class HostileRequests {
       std::string(600, '\0'),
       rubbish(),
   };
-  std::mt19937 random{20'260'101};  // the same ones in every run
+  std::mt19937 random{20'260'101};  // the same sequence in every run
 };
 
 size_t residentBytes() {
@@ -84,7 +84,7 @@ size_t residentBytes() {
 
 class HostileTest : public ServiceTest {
  protected:
-  /// Sends so many, and tells how many were not answered at all or by success.
+  /// Sends `count` requests; returns how many were answered with anything but an error status.
   int sendHostile(int count) {
     auto wrong = std::async(std::launch::async, [this, count, to = port()] {
       int bad = 0;
@@ -93,7 +93,7 @@ class HostileTest : public ServiceTest {
         client.send(requests.next());
         client.endSending();
         const std::string response = client.readAll();
-        // A peer that sends more than is read may lose its answer to the reset.
+        // A peer that sends more than is read may lose its answer to a connection reset.
         if (!response.empty() && statusOf(response) < 400) ++bad;
       }
       return bad;

@@ -1,4 +1,4 @@
-// What a small server is usually broken by: peers that hold on to it.
+// Peers that hold on to connections, the usual way to break a small server.
 #include <fcntl.h>
 #include <sys/resource.h>
 
@@ -14,7 +14,7 @@ void allowDescriptors() {
   setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-/// Begins to connect and does not wait for it: the service takes only a few at a time.
+/// Starts a connection without waiting for it: the service accepts only a few at a time.
 UniqueHandle<ClientTraits> knock(int32_t port) {
   UniqueHandle<ClientTraits> socket(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK, IPPROTO_TCP));
   sockaddr_in place{};
@@ -27,7 +27,7 @@ UniqueHandle<ClientTraits> knock(int32_t port) {
 
 class ManyPeersTest : public ServiceTest {
  protected:
-  /// How long a good request takes from now on.
+  /// How long a valid request takes now, in milliseconds.
   uint64_t msUntilServed() {
     const auto from = steady_clock::now();
     EXPECT_EQ(statusFor(get("/")), 200);
@@ -64,7 +64,7 @@ TEST_F(ManyPeersTest, EightStalledPeersAreWaitedForOneAfterTheOther) {
 
 TEST_F(ManyPeersTest, AReaderOfOneByteASecondIsGivenUp) {
   stopServer(app.remote);
-  served.fakes.serviceHost.pageBytes.assign(64 << 20, 'x');  // far more than a socket holds
+  served.fakes.serviceHost.pageBytes.assign(64 << 20, 'x');  // far more than a socket buffer holds
   ASSERT_TRUE(start());
   RawClient slow(port());
   slow.send(get("/"));

@@ -1,6 +1,6 @@
-// Stands in for the system's command that adds a rule to the firewall: writes its arguments, one a
-// line, to the file that MARLUNE_NETSH names, and ends with the status of MARLUNE_NETSH_STATUS. How
-// it was started, its folder and whether it may show itself, stands in a second file beside it.
+// Stand-in for netsh: writes its arguments, one per line, to the file named by MARLUNE_NETSH and
+// exits with MARLUNE_NETSH_STATUS. A second file, ".start", records its working directory and
+// whether it was started hidden.
 #include <windows.h>
 
 #include <cstdlib>

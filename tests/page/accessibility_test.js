@@ -1,10 +1,10 @@
-// The page for those who do not see it, in the browser's own accessibility tree, and for those who
-// have a keyboard alone.
+// The page for users of assistive technology, by the browser's accessibility tree, and for users
+// with only a keyboard.
 import assert from 'node:assert/strict';
 import { nextPoll, pageTest, shows, until } from './browser.js';
 import { someFiles } from './service_fake.js';
 
-/** What assistive technology gets of all elements that `selector` matches. */
+/** What assistive technology sees of all elements that match `selector`. */
 async function spoken(page, selector) {
   const devtools = await page.context().newCDPSession(page);
   const { root } = await devtools.send('DOM.getDocument');
@@ -74,7 +74,7 @@ pageTest('the switch of the shortcuts has a name and tells what it is for', {}, 
   assert.deepEqual([role, name, description], ['switch', '快捷键控制', '允许使用键盘控制播放']);
 });
 
-// By keyboard alone.
+// Keyboard only.
 
 const focused = (page, selector) => page.evaluate((wanted) => document.activeElement.matches(wanted), selector);
 
@@ -95,7 +95,7 @@ pageTest('a talk is led by keyboard alone', {}, async (page, service) => {
   await page.keyboard.press('Space');
   await until(async () => assert.equal(await focused(page, '[data-cmd=next]:enabled'), true));
   await tabTo(page, '#minutes');
-  await page.keyboard.type('12');  // what had been there was selected
+  await page.keyboard.type('12');  // replaces the text, which was selected
   await tabTo(page, '#set-duration');
   await page.keyboard.press('Enter');
   await tabTo(page, '#files article:nth-child(2) .file-play');
@@ -140,7 +140,7 @@ pageTest('a failure is taken away by keyboard, and its button is there as long a
     assert.equal(await page.isVisible('#message-close'), false);
   });
 
-/** Walks all targets towards `cover`, which stays in sight; none of them may come to lie below it. */
+/** Tabs through all targets towards the sticky `cover`; it must never cover the focused one. */
 async function assertNothingCovered(page, cover, key) {
   let seen = 0;
   for (let step = 0; step < 70; step++) {

@@ -1,4 +1,4 @@
-// The form of the advanced settings: its fields, and how a draft is kept, saved and refused.
+// The advanced settings form: its fields, and how a draft is kept, saved and refused.
 import assert from 'node:assert/strict';
 import { nextPoll, pageTest, shows, until } from './browser.js';
 import { someValues } from './service_fake.js';
@@ -26,7 +26,7 @@ function formTest(name, options, body) {
   });
 }
 
-/** Sets a box from the outside as a finger does; the drawn switch moves, so no click may miss it. */
+/** Sets a box and verifies it: the drawn switch moves, so a plain click could miss it. */
 const set = (page, name, on) => page.setChecked(field(name), on);
 
 const saved = (page) => shows(page, '#advanced-status', '设置已自动保存并生效。');
@@ -93,7 +93,7 @@ pageTest('the settings are loaded at the first visit only, and a draft is kept',
   await page.$eval(field('opacity'), (input) => { input.id = 'same'; });
   await page.click('#back-control');
   await page.click('#settings-tab');
-  await nextPoll(page);  // what was asked for before it has arrived by then
+  await nextPoll(page);  // earlier requests have arrived by then
   assert.equal(service.asked('controls').length, 1);
   assert.equal(await page.isVisible('#same'), true);
 
@@ -255,7 +255,7 @@ formTest('a number out of range that the computer itself holds is named from the
     await shows(page, '#advanced-status', '已加载电脑当前参数。');
     await hint(page, '请修正：计时与动作 · 基础时长（秒）（0–59999 的整数）');
     assert.equal(await page.getAttribute(field('duration'), 'aria-invalid'), 'true');
-    assert.deepEqual(await draft(page), clean);  // no edit: a reload does not ask
+    assert.deepEqual(await draft(page), clean);  // not an edit: a reload does not ask
   });
 
 formTest('a save that nobody answers is explained in Chinese', { complaints: true }, async (page, service) => {
@@ -462,7 +462,7 @@ formTest('the Enter key in a number does not send the form away', {}, async (pag
   assert.equal(service.requests.filter(({ method }) => method === 'POST').length, 0);
 });
 
-// What this page itself changes behind its form.
+// Changes that the page itself makes behind its form.
 
 const loads = (service) => service.asked('controls').filter(({ method }) => method === 'GET').length;
 const noQuestion = (page) => page.on('dialog', () => assert.fail('asked a question'));
@@ -531,7 +531,7 @@ formTest('an edit that begins while the form loads itself stays', {}, async (pag
   await page.fill(field('opacity'), '5');
   release();
   await until(() => assert.equal(loads(service), 2));
-  await nextPoll(page);  // what was asked for before it has arrived by then
+  await nextPoll(page);  // earlier requests have arrived by then
   assert.equal(await page.inputValue(field('opacity')), '5');
   assert.deepEqual((await draft(page)).invalid, ['opacity']);
 });
@@ -540,7 +540,7 @@ formTest('a command during a save loads the form after it', {}, async (page, ser
   noQuestion(page);
   let release;
   await page.route('**/api/controls', async (route) => {
-    const response = await route.fetch();  // saved, but the answer is late
+    const response = await route.fetch();  // saved, but the answer is delayed
     await new Promise((resolve) => { release = resolve; });
     await route.fulfill({ response });
   }, { times: 1 });

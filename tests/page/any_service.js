@@ -1,5 +1,5 @@
-// The page on a real service, what pages of other places can do to that service (nothing), and the
-// service's answers byte by byte: the same tests for the program without a desktop and for the real one.
+// The page on a real service, attacks by pages of other origins (all refused), and the service's
+// answers byte by byte. The same tests run on the headless program and on the real one.
 import assert from 'node:assert/strict';
 import { readFile } from 'node:fs/promises';
 import { createServer } from 'node:http';
@@ -10,7 +10,7 @@ import { pagePath, someState, someValues } from './service_fake.js';
 
 const kBusy = 503;
 
-/** The answer of the service itself, without a page. */
+/** Sends a request to the service directly, without a page. */
 async function ask(service, path, method = 'GET') {
   const answer = await fetch(service.origin + path, { method });
   if (answer.status === kBusy) service.wasBusy = true;
@@ -19,7 +19,7 @@ async function ask(service, path, method = 'GET') {
 export const stateOf = async (service) => (await ask(service, '/api/state')).json();
 export const controlsOf = async (service) => (await ask(service, '/api/controls')).json();
 
-/** The page tells its user when the computer did not answer in time: to look, and to try again. */
+/** Sets `wasBusy` if the computer did not answer in time: a 503, or a request the page aborted. */
 function noteBusy(page, service) {
   page.on('response', (answer) => {
     if (answer.status() === kBusy) service.wasBusy = true;
@@ -30,8 +30,8 @@ function noteBusy(page, service) {
 }
 
 /**
- * The ways to name a test on the service that `start` gives: each test has one of its own. One that
- * fails after the service said that it is busy, as on a loaded machine, is tried again from its start.
+ * Functions that declare tests on a service; `start` starts a separate one for each test. A test
+ * that fails after the service was busy, as on a loaded machine, is retried from its start.
  */
 export function testsOn(start) {
   const serviceTest = (name, body) => test(name, { timeout: 180_000 }, async () => {
@@ -47,7 +47,7 @@ export function testsOn(start) {
     }
   });
 
-  /** A test on the connected page, at its real pace unless its clock is frozen. */
+  /** A test on the connected page, in real time unless `frozen`. */
   const remoteTest = (name, { complaints = false, path = '/', files = [], frozen = false }, body) =>
     serviceTest(name, async (service) => {
       for (const file of files) await service.add(file);
@@ -64,9 +64,9 @@ export function testsOn(start) {
   return { serviceTest, remoteTest };
 }
 
-// Pages of other places.
+// Pages of other origins.
 
-/** Serves `html` under another origin. */
+/** Serves `html` from another origin. */
 async function withForeignPage(html, body) {
   const server = createServer((request, response) => {
     response.setHeader('Content-Type', 'text/html; charset=utf-8');
@@ -96,7 +96,7 @@ const attacks = {
   'a form without an origin': async (page, target) => {
     await page.setContent(`<iframe sandbox="allow-scripts allow-forms" srcdoc='
       <form method="post" action="${target}/api/toggle"></form>'></iframe>`);
-    await submitForm(page.frames()[1]);  // not by itself: the frame must be watched before it leaves
+    await submitForm(page.frames()[1]);  // not by its own script: the frame must be watched first
   },
 };
 
@@ -110,12 +110,12 @@ export function anyService(start) {
       await withForeignPage('<body>', async (port) => {
         const before = await stateOf(service);
         const page = await visit(await sharedBrowser(), `http://127.0.0.1:${port}`, { frozen: false });
-        // An answer that the browser keeps from the page has no status to see.
+        // A response that the browser blocks has no status to check.
         const statuses = [];
         page.on('response', (response) => statuses.push(response.status()));
         const over = Promise.race(['response', 'requestfailed'].map((event) =>
           page.waitForEvent(event, (one) => one.url().startsWith(service.origin))));
-        await attack(page, service.origin).catch(() => {});  // some leave the page
+        await attack(page, service.origin).catch(() => {});  // some navigate away
         await over;
         assert.deepEqual(statuses.filter((status) => status !== 403), []);
         assert.deepEqual({ ...await stateOf(service), time: '' }, { ...before, time: '' });
@@ -149,7 +149,7 @@ export function anyService(start) {
       const own = `http://rebound.example:${service.port}`;
       const page = await visit(browser, own, { frozen: false });
       assert.equal(await page.textContent('body'), 'Invalid request origin');
-      // What the name's owner had sent before the name was turned runs with this same origin.
+      // Simulates a script that was loaded before the name was rebound; it has this same origin.
       const statuses = await page.evaluate(() => Promise.all([
         fetch('/api/state'), fetch('/api/controls'), fetch('/api/toggle', { method: 'POST' }),
       ]).then((answers) => answers.map(({ status }) => status)));
@@ -159,7 +159,7 @@ export function anyService(start) {
     }
   });
 
-  // The page where it belongs.
+  // The page on its own origin.
 
   serviceTest('the page is served byte for byte', async (service) => {
     const answer = await fetch(service.origin + '/');
@@ -205,7 +205,7 @@ export function anyService(start) {
     });
 
   remoteTest('the timer is started and paused from the page', {}, async (page, service) => {
-    await ask(service, '/api/manual', 'POST');  // no show is there to follow
+    await ask(service, '/api/manual', 'POST');  // there is no show to follow
     await page.click('[data-cmd=toggle]');
     await shows(page, '[data-cmd=toggle] .button-label', '暂停');
     assert.equal((await stateOf(service)).running, true);

@@ -1,4 +1,4 @@
-// Chromium as the tests use it, and the test that opens the page in it beside a model of the service.
+// Launches Chromium for the tests, and runs tests on the page with the fake service.
 import assert from 'node:assert/strict';
 import { mkdir } from 'node:fs/promises';
 import { after, test } from 'node:test';
@@ -8,7 +8,7 @@ import { ServiceFake } from './service_fake.js';
 
 export const outputFolder = fileURLToPath(new URL('../../build/page/', import.meta.url));
 
-/** `names` maps host names to addresses, as a name server would. */
+/** `names` maps host names to addresses, like a DNS server. */
 export async function launch(names = '') {
   await mkdir(outputFolder, { recursive: true });
   return chromium.launch({
@@ -19,12 +19,12 @@ export async function launch(names = '') {
   });
 }
 
-// Browsers look for an icon by themselves where a page names none.
+// Browsers request an icon by themselves if the page names none.
 const isIcon = (url) => url.endsWith('/favicon.ico');
 
 /**
- * A visit in a context of its own. `page.said` grows with the console, `page.asked` with the requests.
- * With `frozen` the page's clock stands still, so that polls come only where a test lets it run.
+ * Opens the page in a context of its own. Collects console messages in `page.said` and requests in
+ * `page.asked`. With `frozen` the page's time stops: it polls only when the test advances time.
  */
 export async function visit(browser, origin, {
   path = '/', theme, width = 390, height = 844, frozen = true, before, ...options
@@ -53,7 +53,7 @@ export async function visit(browser, origin, {
 
 let shared;
 
-/** One browser for all tests of a file; it goes with the last of them. */
+/** One browser for all tests of a file; closed after the last one. */
 export function sharedBrowser() {
   shared ??= launch();
   return shared;
@@ -62,8 +62,8 @@ export function sharedBrowser() {
 after(async () => (await shared)?.close());
 
 /**
- * A test on the connected page. `prepare` gets the service before the visit, `complaints` allows for
- * what the browser itself writes to the console about requests that failed; the rest goes to `visit`.
+ * A test on the connected page. `prepare` receives the service before the visit; `complaints`
+ * permits the browser's own console messages about failed requests; the rest is passed to `visit`.
  */
 export function pageTest(name, { prepare, complaints = false, waits = true, ...options }, body) {
   test(name, { timeout: 30_000 }, async () => {
@@ -86,7 +86,7 @@ export async function shows(page, selector, text) {
   await until(async () => assert.equal(await page.textContent(selector), text));
 }
 
-/** Repeats `attempt` until it no longer throws; after its time its last error stands. */
+/** Repeats `attempt` until it no longer throws; on time-out throws its last error. */
 export async function until(attempt, limitMs = 10_000) {
   const end = Date.now() + limitMs;
   for (;;) {
@@ -99,7 +99,7 @@ export async function until(attempt, limitMs = 10_000) {
   }
 }
 
-/** Lets the page's clock run to the next poll, and waits until its answer is there. */
+/** Advances the page's time to the next poll and waits for its answer. */
 export async function nextPoll(page) {
   const answer = page.waitForEvent('requestfinished', (request) => request.url().endsWith('/api/state'));
   await page.clock.runFor(1000);

@@ -1,4 +1,4 @@
-// The control panel: start, state, commands, loss of the connection, duration and file list.
+// The control panel: start, state, commands, lost connection, duration and file list.
 import assert from 'node:assert/strict';
 import { isDisabled, nextPoll, pageTest, shows, until } from './browser.js';
 import { someFiles, someState } from './service_fake.js';
@@ -9,7 +9,7 @@ const inEnglish = { status: 503, type: 'text/plain; charset=utf-8',
 const busyHint = '电脑正忙，操作可能稍后才生效。请先看画面和计时有没有变化，再决定是否重试。';
 const unreachedHint = '没有连上电脑，操作可能没有执行。请检查两台设备是否在同一网络，显示“已连接”后再试。';
 
-/** Lists each text that `selector` gets from here on; the function that is returned gives the list. */
+/** Records each text that `selector` shows from now on; returns a function that gives the list. */
 async function watch(page, selector) {
   await page.$eval(selector, (element) => {
     globalThis.texts = [];
@@ -25,7 +25,7 @@ const commandButtons = {
 pageTest('the fragment leaves the address at once and never reaches the service',
   { path: '/#0123456789abcdef0123456789abcdef' }, async (page, service) => {
     assert.equal(page.url(), service.origin + '/');
-    assert.equal(await page.evaluate(() => history.length), 2);  // the blank page, and this one
+    assert.equal(await page.evaluate(() => history.length), 2);  // the blank page and this one
     assert.ok(service.requests.every(({ path, query }) => !(path + query).includes('0123456789abcdef')));
   });
 
@@ -227,7 +227,7 @@ for (const [what, fail] of [['a failure', true], ['what went well', false]]) {
     await page.mouse.click(x + width / 2, y + height / 2);
     await shows(page, '#message', '');
     assert.deepEqual(service.commands(), ['next']);
-    // Nothing is left there that would swallow the next tap.
+    // Nothing remains there that would intercept the next tap.
     assert.equal(await page.evaluate(([left, top]) =>
       document.elementFromPoint(left, top).closest('.message'), [x + width / 2, y + height / 2]), null);
   });
@@ -244,7 +244,7 @@ pageTest('a failure goes when its panel is left', lost, async (page, service) =>
   await page.click('.connection');
   await shows(page, '#message', '');
   await page.evaluate(() => say('…'));
-  await page.click('.connection');  // leads nowhere
+  await page.click('.connection');  // does nothing
   await shows(page, '#message', '…');
 });
 
@@ -309,7 +309,7 @@ pageTest('a lost connection disables the controls, and the first good poll resto
     for (const selector of ['[data-cmd=next]', '#set-duration', '#files button', '[data-cmd=manual]']) {
       assert.equal(await isDisabled(page, selector), true, selector);
     }
-    await shows(page, '#message', '');  // polling goes on quietly
+    await shows(page, '#message', '');  // polling continues silently
     await shows(page, '#clock', '12:34');
 
     service.refusal = null;
@@ -349,7 +349,7 @@ pageTest('a connection that comes back after a gap comes back once', lost, async
     await page.clock.runFor(1000);
     await until(() => assert.equal(unanswered, poll));
   }
-  for (let poll = 0; poll < 5; poll++) await nextPoll(page);  // the four give up meanwhile
+  for (let poll = 0; poll < 5; poll++) await nextPoll(page);  // the four time out meanwhile
   await shows(page, '#connection', '已连接');
   assert.deepEqual([...new Set(await texts())], ['断线重连', '已连接']);
   assert.equal((await texts()).lastIndexOf('断线重连'), 0);

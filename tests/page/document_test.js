@@ -1,4 +1,4 @@
-// The document as it stands before the first answer: its parts in their order, names, texts and ranges.
+// The document before the first answer: order of its parts, names, texts and ranges.
 import assert from 'node:assert/strict';
 import { pageTest } from './browser.js';
 
@@ -14,7 +14,7 @@ async function assertTexts(page, expected) {
   for (const [selector, words] of Object.entries(expected)) assert.equal(await text(page, selector), words, selector);
 }
 
-/** Whether the elements come in this order in the document. */
+/** Asserts that the elements occur in this order in the document. */
 async function assertOrder(page, selectors) {
   const order = await page.evaluate((wanted) => {
     const elements = [...document.querySelectorAll('*')];

@@ -1,9 +1,9 @@
-// What lint asks of the page's script and of the tests beside it.
+// Lint rules for the page's script and these tests.
 import js from '@eslint/js';
 import html from 'eslint-plugin-html';
 import globals from 'globals';
 
-// The page's own names, which functions that a test hands to the browser may use.
+// Globals of the page, used by functions that tests run in the browser.
 const pageNames = ['act', 'all', 'busy', 'byId', 'connected', 'controlDirty', 'controlInvalid', 'controlPending',
   'controlSaving', 'durationDirty', 'firstState', 'openTab', 'poll', 'recordingKey', 'say'];
 

@@ -1,4 +1,4 @@
-// The program without a desktop, as a child of the test.
+// Runs the headless program as a child process of the test.
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { createInterface } from 'node:readline';
@@ -17,7 +17,7 @@ export class Headless {
     return this;
   }
 
-  /** One of the program's own words, such as "show NAME"; throws where it does not answer "ok". */
+  /** Sends a command, such as "show NAME"; throws if the reply is not "ok". */
   async obey(line) {
     this.child.stdin.write(line + '\n');
     const answer = await this.#line();

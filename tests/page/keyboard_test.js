@@ -1,4 +1,4 @@
-// Keyboard shortcuts, theme and the way between the panels.
+// Keyboard shortcuts, theme, and navigation between the panels.
 import assert from 'node:assert/strict';
 import { nextPoll, pageTest, shows, until } from './browser.js';
 
@@ -21,7 +21,7 @@ async function press(page, key, service, cmd) {
   assert.equal(service.commands().at(-1), cmd, key);
 }
 
-/** Sends nothing: what is pressed now would come before the command that follows. */
+/** Expects that the keys send nothing: a request would arrive before the command that follows. */
 async function pressInVain(page, keys, service) {
   for (const key of keys) await page.keyboard.press(key);
   await page.evaluate(() => new Promise((resolve) => { fetch('/api/state').then(resolve); }));
@@ -117,7 +117,7 @@ pageTest('no key does anything without a connection', { complaints: true }, asyn
   service.refusal = null;
   await pressInVain(page, ['ArrowLeft', 'PageDown', 'Escape'], service);
   assert.equal(await page.evaluate(() => document.body.dispatchEvent(
-    new KeyboardEvent('keydown', { key: 'PageDown', bubbles: true, cancelable: true }))), true);  // it scrolls
+    new KeyboardEvent('keydown', { key: 'PageDown', bubbles: true, cancelable: true }))), true);  // still scrolls
 });
 
 pageTest('a key with a modifier does nothing', {}, async (page, service) => {
@@ -171,7 +171,7 @@ pageTest('another key can be recorded, is stored, and matches in any case', {}, 
 
 pageTest('the stored key is there again at the next visit',
   { before: () => localStorage.setItem('marlune-keyboard-key', 'q') }, async (page, service) => {
-    assert.equal(await page.isChecked('#keyboard-toggle'), false);  // that it was on is not stored
+    assert.equal(await page.isChecked('#keyboard-toggle'), false);  // on or off is not stored
     assert.equal(await page.isVisible('#keyboard-options'), false);
     await turnOn(page);
     await shows(page, '#keyboard-record', 'q');

@@ -1,4 +1,4 @@
-// What can be measured of the page's looks: sizes, widths, contrast, focus, motion, the file itself.
+// Measurable looks of the page: sizes, widths, contrast, focus, motion, and the file itself.
 import assert from 'node:assert/strict';
 import { readFile } from 'node:fs/promises';
 import { createRequire } from 'node:module';
@@ -13,7 +13,7 @@ const tags = ['wcag2a', 'wcag2aa', 'wcag21a', 'wcag21aa', 'wcag22aa'];
 const themes = ['light', 'dark'];
 const longName = { id: 'f'.repeat(16), name: '2026QuarterlyReviewWithoutAnySpaceInItsName_final_final_v12.pptx', skip: true };
 
-/** Each state of the page that looks different, by the name of its picture. */
+/** The visually different states of the page, by the name of their picture. */
 const views = {
   control: async () => {},
   overtime: async (page, service) => {
@@ -72,7 +72,7 @@ async function assertNoSidewaysScrolling(page) {
   assert.deepEqual(outside, []);
 }
 
-/** Text that does not fit into its own box is cut off or runs over its neighbour. */
+/** Text that does not fit into its box is cut off or overlaps its neighbour. */
 async function assertNothingCutOff(page) {
   const cut = await page.$$eval('button, h1, h2, h3, p, small, label, .status, #clock, summary', (elements) =>
     elements.filter((element) => element.checkVisibility() && element.scrollWidth > element.clientWidth + 1 &&
@@ -122,7 +122,7 @@ for (const view of Object.keys(views)) {
         await page.mouse.move(0, 0);
         await page.screenshot({ path: `${outputFolder}${view}-${theme}.png`,
           fullPage: ['advanced', 'control'].includes(view) });
-        await page.clock.resume();  // axe waits for timers
+        await page.clock.resume();  // axe needs running timers
         await page.evaluate(axe);
         const { violations, passes } = await page.evaluate((values) =>
           axe.run(document, { runOnly: { type: 'tag', values } }), tags);
@@ -153,7 +153,7 @@ for (const theme of themes) {
         const expected = await page.$$eval('button, input, select, summary', (elements) =>
           elements.filter((element) => element.checkVisibility() && !element.disabled).length);
         const seen = new Set();
-        for (let step = 0; step < 2 * expected + 5; step++) {  // the walk begins where the last click was
+        for (let step = 0; step < 2 * expected + 5; step++) {  // Tab starts from the last click
           await page.keyboard.press('Tab');
           const ring = await page.evaluate(() => {
             const element = document.activeElement;

@@ -1,5 +1,5 @@
-// The real program under Wine, as a child of the test, in a folder of its own. The prefix and the
-// screen are those of the environment.
+// Runs the real program under Wine as a child process of the test, in its own folder. Wine prefix
+// and display come from the environment.
 import { spawn } from 'node:child_process';
 import { once } from 'node:events';
 import { access, mkdir, mkdtemp, rm, writeFile } from 'node:fs/promises';
@@ -11,7 +11,7 @@ import { until } from './browser.js';
 const program = fileURLToPath(new URL('../../build/windows/marlune.exe', import.meta.url));
 const windowsPath = (path) => 'Z:' + path.replaceAll('/', '\\');
 
-/** The file that the program itself writes, with this folder of decks and this port. */
+/** A settings file as the program writes it, with this folder of decks and this port. */
 const settings = (folder, port) => `MarluneNative2
 900 1 1 0
 300 10 183 82
@@ -34,7 +34,7 @@ export class Program {
     this.folder = await mkdtemp(join(tmpdir(), 'marlune-'));
     this.decks = join(this.folder, 'decks');
     await mkdir(this.decks);
-    this.port = String(20_000 + Math.floor(Math.random() * 12_000));  // below the clients' own
+    this.port = String(20_000 + Math.floor(Math.random() * 12_000));  // below the ephemeral ports
     this.origin = `http://127.0.0.1:${this.port}`;
     await writeFile(join(this.folder, 'settings.dat'), settings(this.decks, this.port));
     this.child = spawn('wine', [program, '--test-root=' + windowsPath(this.folder)], { stdio: 'ignore' });
@@ -44,7 +44,7 @@ export class Program {
     return this;
   }
 
-  // Its first look at the desktop may take it longer than a request can wait.
+  // Its first scan of the desktop may take longer than a request waits.
   async #answers() {
     const { status } = await fetch(this.origin + '/api/state');
     if (status !== 200) throw new Error(`${this.origin} answers with ${status}`);

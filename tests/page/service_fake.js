@@ -1,5 +1,5 @@
-// A small working model of the remote service: it keeps a state and a form, remembers what it was
-// asked, and can be told to be slow, to refuse or to be gone. Runs in the test's own process.
+// A fake of the remote service: has a state and a form, records requests, and can be made slow,
+// refusing or unreachable. Runs in the test's own process.
 import { readFile } from 'node:fs/promises';
 import { createServer } from 'node:http';
 
@@ -45,11 +45,11 @@ export class ServiceFake {
   state = someState();
   values = someValues();
   revision = 1;
-  /** All that the page asked for: {method, path, query, body, headers}. */
+  /** All requests of the page: {method, path, query, body, headers}. */
   requests = [];
-  /** Answers to `/api/` wait for this before they go out: see hold(). */
+  /** Answers to `/api/` are sent once this resolves: see hold(). */
   gate = Promise.resolve();
-  /** While set, each request to `/api/` gets this {status, type, body}, or no answer with 'gone'. */
+  /** While set, each request to `/api/` gets this {status, type, body}, or no answer if 'gone'. */
   refusal = null;
 
   async start() {
@@ -65,7 +65,7 @@ export class ServiceFake {
     await new Promise((resolve) => this.server.close(resolve));
   }
 
-  /** Holds every answer back until the function that is returned is called. */
+  /** Holds back every answer until the returned function is called. */
   hold() {
     let release;
     this.gate = new Promise((resolve) => { release = resolve; });
@@ -76,7 +76,7 @@ export class ServiceFake {
     this.refusal = { status, type: 'application/json; charset=utf-8', body: JSON.stringify({ error }) };
   }
 
-  /** The requests to one command, `state` left out unless asked for. */
+  /** The requests to one command. */
   asked(command) {
     return this.requests.filter(({ path }) => path === '/api/' + command);
   }
@@ -92,7 +92,7 @@ export class ServiceFake {
 
   async #serve(request, response) {
     const url = new URL(request.url, this.origin);
-    if (url.pathname === '/favicon.ico') return response.writeHead(404).end();  // the browser by itself
+    if (url.pathname === '/favicon.ico') return response.writeHead(404).end();  // from the browser itself
     let body = '';
     for await (const chunk of request) body += chunk;
     this.requests.push({
@@ -156,7 +156,7 @@ export class ServiceFake {
     this.#follow(command);
   }
 
-  /** Some commands change what the form shows too, and with it the revision. */
+  /** Some commands also change values of the form, and with them the revision. */
   #follow(command) {
     const { duration, down, machineTime } = this.state;
     const changes = {

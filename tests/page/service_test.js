@@ -1,4 +1,4 @@
-// The page on the real service without a desktop, and what only that can be told to do.
+// The page on the headless program, and tests that need its commands.
 import assert from 'node:assert/strict';
 import { anyService, testsOn } from './any_service.js';
 import { shows } from './browser.js';
@@ -27,8 +27,8 @@ remoteTest('the connection is lost with the service and found again', { complain
   assert.equal(await page.isDisabled('[data-cmd=next]'), false);
 });
 
-// No poll comes before the click: its answer would take the page off the computer, or the time that
-// the click itself has.
+// The clock is frozen so that no poll precedes the click: its answer would show the page as
+// disconnected, or the poll would use up the click's own time-out.
 remoteTest('a computer that is busy for long is reported in its own words', { complaints: true, frozen: true },
   async (page, service) => {
     await service.obey('block');

@@ -1,17 +1,17 @@
-// What goes over the wire, byte by byte, through sockets of the test's own: a browser would mend or
-// refuse most of these requests.
+// Checks the bytes on the wire, with raw sockets: a browser would correct or refuse most of these
+// requests.
 import assert from 'node:assert/strict';
 import { once } from 'node:events';
 import { connect } from 'node:net';
 import { stateOf, testsOn } from './any_service.js';
 
-/** Sends `parts` one after another, and gives all that comes back until the connection is closed. */
+/** Sends `parts` one after another; returns everything received until the connection is closed. */
 async function exchange(service, parts) {
   const socket = connect(service.port, '127.0.0.1');
   await once(socket, 'connect');
   const chunks = [];
   socket.on('data', (chunk) => chunks.push(chunk));
-  socket.on('error', () => {});  // bytes that nobody read make the other side reset the connection
+  socket.on('error', () => {});  // unread bytes make the other side reset the connection
   const closed = new Promise((resolve) => socket.on('close', resolve));
   for (const part of parts) {
     socket.write(part);
@@ -36,7 +36,7 @@ const unknown = '未知操作。';
 const noFile = '文件列表已变化或文件不在当前文件夹，请刷新。';
 const badDuration = '时长须为 0–59999 秒。';
 
-/** PORT stands for the service's own. */
+/** PORT is replaced by the service's port. */
 const hosts = [
   [200, '127.0.0.1'], [200, '127.0.0.1:PORT'], [200, 'localhost'], [200, 'localhost:PORT'],
   [200, '127.0.0.1:PORT', 'http://127.0.0.1:PORT'], [200, 'localhost', 'http://localhost'],
@@ -49,7 +49,7 @@ const hosts = [
   [403, '127.0.0.1:PORT', 'http://site.example'],
 ];
 
-/** Method, target, status, and for 409 its error. */
+/** Method, target, status; for 409 also the error. */
 const routes = [
   ['GET', '/', 200], ['GET', '/api/state', 200], ['GET', '/api/controls', 200],
   ['POST', '/', 404], ['HEAD', '/', 404], ['get', '/', 404], ['GET', '/?x=1', 404], ['GET', '/index.html', 404],
@@ -90,7 +90,7 @@ export function wireTests(start) {
   const text = (service, words) => words.replaceAll('PORT', service.port);
   const ask = (service, method, target, { host = 'localhost', more = '', body = '' } = {}) => exchange(service,
     [text(service, `${method} ${target} HTTP/1.1\r\n${host && `Host: ${host}\r\n`}${more}\r\n${body}`)]);
-  /** Nothing of what was asked has done anything. */
+  /** Asserts that the requests in `body` change nothing. */
   const untouched = async (service, body) => {
     const before = await stateOf(service);
     await body();
@@ -131,7 +131,7 @@ export function wireTests(start) {
   serviceTest('a head that is none is refused', (service) => untouched(service, async () => {
     for (const [name, bytes] of badHeads) {
       const answer = await exchange(service, [bytes]);
-      // What was not read of a long one resets the connection, and may take the answer along.
+      // Unread bytes of a long request reset the connection, which may lose the answer.
       if (answer !== '' || bytes.length < 8192) assert.equal(statusOf(answer), 400, name);
     }
   }));

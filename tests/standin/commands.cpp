@@ -1,4 +1,4 @@
-// The table of commands, and what each does.
+// The command table and the commands.
 #include "standin/commands.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 namespace mrl::standin {
 namespace {
 
-using Words = std::vector<std::wstring>;  // the arguments, without the command's own name
+using Words = std::vector<std::wstring>;  // the arguments, without the command name
 
 const std::wstring kOk = L"ok";
 const std::wstring kNoDeck = L"error: no such deck";
@@ -119,7 +119,7 @@ std::wstring restoreShow(StandIn& standIn, const Words& words) {
   return kOk;
 }
 
-/// Leaves the show window that many pixels short of its monitor, on one side or on all.
+/// Makes the show window smaller than its monitor by that many pixels, on one side or on all.
 std::wstring insetShow(StandIn& standIn, const Words& words) {
   const HWND window = showWindowOf(standIn, L"");
   if (!window) return kNoShow;
@@ -191,7 +191,7 @@ std::wstring hang(StandIn& standIn, const Words& words) {
 }
 
 std::wstring freeze(StandIn&, const Words& words) {
-  // Only after the reply has gone out.
+  // Posted, so that the reply is sent first.
   PostThreadMessageW(GetCurrentThreadId(), kFreeze, std::max(0, number(words, 0, 0)), 0);
   return kOk;
 }
@@ -231,7 +231,7 @@ std::wstring quit(StandIn&, const Words&) {
 
 struct CommandRow {
   const wchar_t* name;
-  size_t atLeast;  // words that must follow
+  size_t atLeast;  // minimum number of arguments
   const wchar_t* usage;
   std::wstring (*handler)(StandIn&, const Words&);
 };
@@ -253,21 +253,21 @@ constexpr CommandRow kCommands[] = {
     {L"log", 0, L"", log},
     {L"clear-log", 0, L"", clearLog},
     {L"fail", 1, L"<member> [count|off]", addFault<&Faults::failing>},
-    // As by a program that is busy: RPC_E_CALL_REJECTED.
+    // Fails with RPC_E_CALL_REJECTED, like a busy program.
     {L"reject", 1, L"<member> [count|off]", addFault<&Faults::rejected>},
     {L"nonsense", 1, L"<member> [count|off]", addFault<&Faults::nonsense>},
     {L"die-on", 1, L"<member>", addFault<&Faults::deadly>},
-    {L"hang", 1, L"<ms>", hang},      // in the next call
-    {L"freeze", 1, L"<ms>", freeze},  // at once: all calls and all windows
+    {L"hang", 1, L"<ms>", hang},      // during the next call
+    {L"freeze", 1, L"<ms>", freeze},  // immediately: all calls and windows
     {L"empty-fullname", 1, L"on|off", switchFault<&Faults::emptyFullName>},
-    // FullName is an https address, as for a file of a synchronised folder; Name stays.
+    // FullName becomes an https address, as for a file in a synchronised folder; Name is unchanged.
     {L"cloud-fullname", 1, L"on|off", switchFault<&Faults::cloudFullName>},
     {L"hwnd-zero", 1, L"on|off", switchFault<&Faults::hwndZero>},
-    // Going on from the last slide leads to a black screen, on which View.Slide fails, and only
-    // then to the end of the show.
+    // Next on the last slide shows a black screen, on which View.Slide fails; only the Next after
+    // that ends the show.
     {L"end-screen", 1, L"on|off", switchFault<&Faults::endScreen>},
-    // Neither a running object nor a class object, as for a client with other rights. Only the
-    // windows lead to the application.
+    // Registers neither a running object nor a class object, as seen by a client with other rights.
+    // Only the windows lead to the application.
     {L"unlisted", 1, L"on|off", unlisted},
     {L"clear-faults", 0, L"", clearFaults},
     {L"withdraw", 0, L"", withdraw},

@@ -1,4 +1,4 @@
-// The commands by which a test steers the stand-in.
+// The commands with which a test controls the stand-in.
 #pragma once
 
 #include <windows.h>
@@ -9,13 +9,12 @@ namespace mrl::standin {
 
 struct StandIn;
 
-/// A message to the thread: sleep for WPARAM milliseconds.
+/// A thread message: sleep for WPARAM milliseconds.
 inline constexpr UINT kFreeze = WM_APP;
 
-/// Runs one command of the table in commands.cpp: words parted by blanks, joined by double quotes.
-/// The reply is "ok", what was asked for, or a text that begins with "error: ". A deck is named by
-/// its path or its file name; where it is left out, the active deck is meant, or the show that was
-/// started last.
+/// Runs one command of the table in commands.cpp; arguments are separated by spaces, double quotes
+/// group them. Returns "ok", the requested value, or a text that begins with "error: ". A deck is
+/// named by its path or file name; if omitted, the active deck or the show started last is meant.
 std::wstring runCommand(StandIn& standIn, const std::wstring& text);
 
 }  // namespace mrl::standin

@@ -1,4 +1,4 @@
-// The window through which tests talk to the stand-in.
+// The window through which tests control the stand-in.
 #pragma once
 
 #include <windows.h>
@@ -9,10 +9,10 @@ struct StandIn;
 
 inline constexpr wchar_t kControlClass[] = L"Marlune.StandIn.Control";
 
-/// A message-only window. A command comes as WM_COPYDATA (UTF-16, no terminator) whose WPARAM is a
-/// window of the asker, and the reply goes there the same way before the asker's send returns.
-/// The window's title is the ProgIDs, parted by blanks. It comes last at start, so whoever finds it
-/// finds the stand-in ready.
+/// A message-only window. A command arrives as WM_COPYDATA (UTF-16, no terminator) whose WPARAM is
+/// a window of the sender; the reply is sent there the same way before the sender's SendMessage
+/// returns. The title lists the ProgIDs, separated by spaces. Created last at start-up, so once it
+/// exists the stand-in is ready.
 class ControlWindow {
  public:
   explicit ControlWindow(StandIn& standIn);

@@ -1,4 +1,4 @@
-// Real windows with the classes and titles that presentation programs give theirs.
+// Real windows with the class names and titles used by presentation programs.
 #include "standin/deck_windows.h"
 
 #include <utility>
@@ -10,22 +10,22 @@
 namespace mrl::standin {
 namespace {
 
-// PowerPoint's windows hold one of these, and that leads to the object model.
+// PowerPoint's windows have a child of this class that leads to the object model.
 constexpr wchar_t kInnerEditingClass[] = L"mdiClass";
 constexpr wchar_t kInnerShowClass[] = L"paneClassDC";
 
-/// What a window procedure needs to know; belongs to the window and goes with it.
+/// Data for the window procedure; owned by the window and deleted with it.
 struct WindowData {
   StandIn& standIn;
   ObjectRef self;
-  bool leadsToObject;  // answers when its native object is asked for
+  bool leadsToObject;  // provides the native object
 };
 
 WindowData* dataOf(HWND window) {
   return reinterpret_cast<WindowData*>(GetWindowLongPtrW(window, GWLP_USERDATA));
 }
 
-/// What all kinds of window share: their data's life, and keys that Windows handles as well.
+/// Common to all windows: the lifetime of their data, and keys that Windows also handles.
 LRESULT CALLBACK handleAny(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
     const auto* create = reinterpret_cast<const CREATESTRUCTW*>(lParam);
@@ -68,7 +68,7 @@ LRESULT CALLBACK editingProcedure(HWND window, UINT message, WPARAM wParam, LPAR
       return 0;
     case WM_SYSKEYDOWN:
       standIn.editingKey(data->self.id, static_cast<unsigned>(wParam), false);
-      break;  // Alt+F4 becomes WM_CLOSE further on
+      break;  // DefWindowProc turns Alt+F4 into WM_CLOSE
     case WM_CLOSE:
       standIn.model.close(data->self.id);
       standIn.showChanges();
@@ -115,8 +115,7 @@ void registerWindowClass(const wchar_t* name, WNDPROC procedure) {
   RegisterClassExW(&window);
 }
 
-/// The full rectangle of a monitor counted from 1; of the primary one when there is no such
-/// monitor.
+/// The full rectangle of a monitor (1-based); of the primary one if there is no such monitor.
 RECT monitorArea(int number) {
   std::vector<RECT> areas;
   EnumDisplayMonitors(
@@ -138,7 +137,7 @@ HWND createWindow(StandIn& standIn, const ObjectRef& self, const std::wstring& w
   const HWND window = CreateWindowExW(0, windowClass.c_str(), title.c_str(), style, area.left,
                                       area.top, area.right - area.left, area.bottom - area.top,
                                       nullptr, nullptr, GetModuleHandleW(nullptr), data);
-  // Without a size, since it is only there to be asked.
+  // Zero size: it exists only to be queried.
   if (hasInner)
     CreateWindowExW(0, innerClass, L"", WS_CHILD, 0, 0, 0, 0, window, nullptr,
                     GetModuleHandleW(nullptr), new WindowData{standIn, self, true});
@@ -166,7 +165,7 @@ HWND createShow(StandIn& standIn, const Show& show) {
                       monitorArea(standIn.options.monitor));
 }
 
-/// Ends the windows whose deck or show `alive` denies, and repaints the others.
+/// Destroys the windows whose deck or show is not `alive`, and repaints the others.
 template <typename Alive>
 void dropDead(std::map<int, HWND>& windows, Alive&& alive) {
   std::erase_if(windows, [&](const auto& entry) {
@@ -191,8 +190,8 @@ DeckWindows::~DeckWindows() {
 }
 
 void DeckWindows::follow(StandIn& standIn) {
-  // While windows come and go, commands of other processes get in and may end up here again: the
-  // call that is at work then goes round once more.
+  // While windows are created and destroyed, commands of other processes are dispatched and may
+  // call this again; the outer call then does another round.
   changed = true;
   if (std::exchange(following, true)) return;
   while (std::exchange(changed, false)) followOnce(standIn);
@@ -203,7 +202,7 @@ void DeckWindows::followOnce(StandIn& standIn) {
   Model& model = standIn.model;
   dropDead(showing, [&](int id) { return model.show(id) != nullptr; });
   dropDead(editing, [&](int id) { return model.deck(id) != nullptr; });
-  // By index and with copies, since the lists may change meanwhile.
+  // By index and with copies: the lists may change meanwhile.
   for (size_t i = 0; i < model.decks.size(); ++i) {
     const Deck deck = model.decks[i];
     if (!editing.contains(deck.id)) editing[deck.id] = createEditing(standIn, deck);

@@ -1,4 +1,4 @@
-// The windows of the stand-in: one editing window for each deck, one show window for each show.
+// The stand-in's windows: one editing window per deck, one show window per show.
 #pragma once
 
 #include <windows.h>
@@ -12,14 +12,14 @@ struct StandIn;
 
 class DeckWindows {
  public:
-  /// With the classes that the options name.
+  /// Registers the window classes that the options name.
   explicit DeckWindows(const Options& options);
   DeckWindows(const DeckWindows&) = delete;
   ~DeckWindows();
 
-  /// Makes the windows that the model lacks, ends those that it no longer has, repaints the rest.
+  /// Creates the windows that the model lacks, destroys obsolete ones and repaints the rest.
   void follow(StandIn& standIn);
-  /// Null when the show is gone.
+  /// Null if the show has ended.
   HWND ofShow(int showId) const;
 
  private:

@@ -1,4 +1,4 @@
-// The dispatch glue: names to members, VARIANTs to values and back.
+// IDispatch: maps names to members, and VARIANTs to values and back.
 #include "standin/dispatch.h"
 
 #include <oleacc.h>
@@ -14,8 +14,8 @@ namespace {
 
 using Microsoft::WRL::ComPtr;
 
-/// The arguments in natural order. On a type that the member doesn't take gives DISP_E_TYPEMISMATCH
-/// and the place of the argument in the call's own order, last to first.
+/// Reads the arguments into natural order. On a wrong type returns DISP_E_TYPEMISMATCH and the
+/// index of the argument in the call's own order, which is reversed.
 HRESULT readArguments(const Member& member, const DISPPARAMS& given, Arguments& out,
                       UINT& wrongArgument) {
   const size_t count = wcslen(member.arguments);
@@ -54,15 +54,14 @@ void putValue(StandIn& standIn, const Value& value, VARIANT& out) {
     out.bstrVal = SysAllocString(text->c_str());
   } else if (const auto* ref = std::get_if<ObjectRef>(&value)) {
     out.vt = VT_DISPATCH;
-    // There is one application, and it can be withdrawn.
+    // The only application object, which may have been withdrawn.
     out.pdispVal = ref->kind == ObjectKind::Application
                        ? ComPtr<IDispatch>(standIn.server.object()).Detach()
                        : dispatchObject(standIn, *ref).Detach();
   }
 }
 
-/// Makes it a value of a type that the member never gives: a number for a text, a text for all
-/// else.
+/// Replaces the value by one of a wrong type: a text by a number, anything else by a text.
 void turnToNonsense(Value& value) {
   if (std::holds_alternative<std::wstring>(value))
     value.emplace<int>(42);
@@ -116,18 +115,18 @@ class DispatchObject : public IDispatch {
 
   StandIn& standIn;
   const ObjectRef ref;
-  ULONG references = 1;  // all calls arrive on the one thread
+  ULONG references = 1;  // not atomic: all calls arrive on one thread
 };
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
   std::fill(ids, ids + count, DISPID_UNKNOWN);
   const auto table = members();
-  // The case must be right as well, so that a misspelt name shows itself.
+  // Case-sensitive, so that a misspelt name is noticed.
   const auto found = std::find_if(table.begin(), table.end(), [&](const Member& member) {
     return member.object == ref.kind && wcscmp(member.name, names[0]) == 0;
   });
   if (found == table.end()) return DISP_E_UNKNOWNNAME;
-  ids[0] = static_cast<DISPID>(found - table.begin() + 1);  // 0 would be the default member
+  ids[0] = static_cast<DISPID>(found - table.begin() + 1);  // 0 is the default member
   return count == 1 ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
@@ -167,7 +166,7 @@ HRESULT DispatchObject::call(const Member& member, const Arguments& arguments, V
   if (faults.rejected.take(object, member.name)) return RPC_E_CALL_REJECTED;
 
   std::optional<Value> value = member.handler(standIn, ref, arguments);
-  // Here and not later: whoever runs a show may ask for its window at once.
+  // Here and not later: the caller that runs a show may ask for its window at once.
   standIn.showChanges();
   if (!value) {
     const std::wstring what = std::wstring(member.name) + L": no such object or value";

@@ -1,4 +1,4 @@
-// The object model on the wire: late-bound COM objects over the table of members.
+// Exposes the object model to COM: late-bound objects over the table of members.
 #pragma once
 
 #include <windows.h>
@@ -10,13 +10,13 @@
 
 namespace mrl::standin {
 
-/// An object for `ref`. Only an IDispatch: there is no type library, members go by name alone.
-/// Every call is journalled, and passes by the faults that a test has asked for.
-/// REQUIRES: `standIn` outlives the message loop, through which alone calls arrive.
+/// Creates an object for `ref`. IDispatch only: there is no type library, members are found by
+/// name. Every call is journalled and subject to the faults that a test has set. REQUIRES:
+/// `standIn` outlives the message loop, through which all calls arrive.
 Microsoft::WRL::ComPtr<IDispatch> dispatchObject(StandIn& standIn, const ObjectRef& ref);
 
-/// What a window says to WM_GETOBJECT when its native object is asked for, `ref`; 0 is nothing.
-/// Known to the journal and to the faults as "Window.NativeObject".
+/// A window's answer to WM_GETOBJECT if its native object (`ref`) is requested, otherwise 0. In the
+/// journal and the faults it is called "Window.NativeObject".
 LRESULT answerNativeObject(StandIn& standIn, const ObjectRef& ref, WPARAM wParam);
 
 }  // namespace mrl::standin

@@ -1,4 +1,4 @@
-// Faults that a test has asked for: which member misbehaves, how, and how often.
+// Faults set by a test: which member misbehaves, how, and how often.
 #pragma once
 
 #include <map>
@@ -6,14 +6,14 @@
 
 namespace mrl::standin {
 
-/// Members are named "Member", for every object that has it, or "Object.Member".
+/// Members are given as "Member" (of any object) or "Object.Member".
 class FaultList {
  public:
-  /// `count` calls misbehave; 0 means every call until the list is cleared.
+  /// The next `count` calls misbehave; 0 means every call until removed.
   void add(const std::wstring& member, int count);
-  /// The member behaves again.
+  /// The member works normally again.
   void remove(const std::wstring& member) { counts.erase(member); }
-  /// Whether this call misbehaves; uses up one of the counted calls.
+  /// True if this call is to misbehave; consumes one of the counted calls.
   bool take(const std::wstring& object, const std::wstring& member);
 
  private:
@@ -21,15 +21,15 @@ class FaultList {
 };
 
 struct Faults {
-  FaultList failing;   // the call fails and explains itself
-  FaultList rejected;  // the call isn't taken, as by a program that is busy, and explains nothing
-  FaultList nonsense;  // the call gives a value of a wrong type
+  FaultList failing;   // the call fails with error details
+  FaultList rejected;  // the call is rejected without details, as by a busy program
+  FaultList nonsense;  // the call returns a value of a wrong type
   FaultList deadly;    // the process ends inside the call
   int hangMs = 0;      // the next call takes this long
   bool emptyFullName = false;
-  bool cloudFullName = false;  // files are named by an address, as in a folder kept in the cloud
+  bool cloudFullName = false;  // FullName is a URL, as in a cloud folder
   bool hwndZero = false;
-  bool endScreen = false;  // after the last slide comes a black one that is none
+  bool endScreen = false;  // a black screen follows the last slide
 };
 
 }  // namespace mrl::standin

@@ -25,7 +25,7 @@ void Journal::alsoTo(const std::wstring& path) {
 
 void Journal::add(const std::wstring& line) {
   lines.push_back(line);
-  // Flushed line by line, since a test may end the process at any moment.
+  // Flushed per line: a test may end the process at any moment.
   if (file.is_open()) file << utf8From(line) << "\n" << std::flush;
 }
 

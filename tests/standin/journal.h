@@ -1,4 +1,4 @@
-// The record of every call and key that reached the stand-in, which tests read back.
+// Log of every call and key that reached the stand-in; tests read it back.
 #pragma once
 
 #include <fstream>
@@ -9,11 +9,11 @@ namespace mrl::standin {
 
 class Journal {
  public:
-  /// From here on every line also goes to the end of this file, as UTF-8. An empty path means none.
+  /// From now on also appends every line to this file, as UTF-8. Does nothing if the path is empty.
   void alsoTo(const std::wstring& path);
   void add(const std::wstring& line);
   void clear() { lines.clear(); }
-  /// All lines since the last clear, each ended by a line feed.
+  /// All lines since the last clear(), each terminated by a line feed.
   std::wstring text() const;
 
  private:

@@ -1,5 +1,5 @@
-// The stand-in presentation program: what the tests and a trial run of the timer have in place of a
-// real one. Built as powerpnt.exe and wpp.exe, since a presentation program is told by its image.
+// The stand-in presentation program, used by tests and trial runs in place of a real one. Built as
+// powerpnt.exe and wpp.exe, because presentation programs are recognised by their image name.
 #include <windows.h>
 
 #include "standin/commands.h"
@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Exit codes: 0 after "quit" or a registration, 1 when COM or the registry refuses.
+/// Exit codes: 0 after "quit" or a registration, 1 if COM or the registry fails.
 int run(const mrl::standin::Options& options) {
   using namespace mrl::standin;
   if (options.unregisterOnly) {
@@ -33,7 +33,7 @@ int run(const mrl::standin::Options& options) {
 }  // namespace
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR commandLine, int) {
-  // A show must cover its monitor in real pixels, whatever the scale of the desktop.
+  // A show must cover its monitor in physical pixels at any scale.
   SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
   if (FAILED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) return 1;
   const int code = run(mrl::standin::readOptions(mrl::standin::splitArguments(commandLine)));

@@ -1,4 +1,4 @@
-// The table of members, and the few lines that each of them takes.
+// The table of members and their handlers.
 #include "standin/members.h"
 
 #include "standin/stand_in.h"
@@ -8,7 +8,7 @@ namespace {
 
 using Outcome = std::optional<Value>;
 
-/// A property that leads to another object of the same deck or show, which must still be there.
+/// A property that returns another object of the same deck or show; fails if that is gone.
 template <ObjectKind target>
 Outcome ofDeck(StandIn& standIn, const ObjectRef& self, const Arguments&) {
   if (!standIn.model.deck(self.id)) return std::nullopt;
@@ -98,7 +98,7 @@ Outcome presentationOfShow(StandIn& standIn, const ObjectRef& self, const Argume
 Outcome showHandle(StandIn& standIn, const ObjectRef& self, const Arguments&) {
   if (!standIn.model.show(self.id)) return std::nullopt;
   if (standIn.faults.hwndZero) return 0;
-  // Handles have 32 significant bits, so that automation can pass them as integers.
+  // Only 32 bits of a handle are significant, so automation can pass it as an integer.
   return static_cast<int>(reinterpret_cast<intptr_t>(standIn.windows.ofShow(self.id)));
 }
 

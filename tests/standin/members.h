@@ -1,5 +1,4 @@
-// The object model that the stand-in offers to automation: which members there are and what they
-// do.
+// The stand-in's object model: its members and their handlers.
 #pragma once
 
 #include <cstdint>
@@ -27,17 +26,17 @@ enum class ObjectKind {
   Slide,
 };
 
-/// Names one object of the model without holding on to it.
+/// Identifies one object of the model without owning it.
 struct ObjectRef {
   ObjectKind kind = ObjectKind::Application;
   int id = 0;     // of the deck or the show
-  int slide = 0;  // of a Slide only: its number at the time it was asked for
+  int slide = 0;  // of a Slide only: its number when it was requested
 };
 
 using Value = std::variant<std::monostate, int, std::wstring, ObjectRef>;
 using Arguments = std::vector<Value>;
 
-/// The bits of a dispatch call.
+/// The flags of a dispatch call.
 inline constexpr uint16_t kMethod = 1;
 inline constexpr uint16_t kGet = 2;
 inline constexpr uint16_t kMethodOrGet = kMethod | kGet;
@@ -45,9 +44,9 @@ inline constexpr uint16_t kMethodOrGet = kMethod | kGet;
 struct Member {
   ObjectKind object;
   const wchar_t* name;
-  uint16_t flags;            // a call must ask for one of these at least
-  const wchar_t* arguments;  // one letter each: i is an integer, s a text
-  /// None when the call fails: the object is gone or the value is out of range.
+  uint16_t flags;            // a call must have at least one of these
+  const wchar_t* arguments;  // one letter each: i integer, s text
+  /// std::nullopt if the call fails: the object is gone or a value is out of range.
   std::optional<Value> (*handler)(StandIn&, const ObjectRef& self, const Arguments&);
 };
 

@@ -1,4 +1,4 @@
-// What the stand-in presentation program has open, as plain data: decks and the shows of them.
+// The stand-in's state as plain data: open decks and their shows.
 #pragma once
 
 #include <string>
@@ -11,10 +11,10 @@ struct Deck {
   int id = 0;
   std::wstring path;
   int slides = 0;
-  int selected = 1;  // the slide that the editing window is on
+  int selected = 1;  // current slide of the editing window
 };
 
-/// A running show. A deck has one at most.
+/// A running show. A deck has at most one.
 struct Show {
   int id = 0;
   int deckId = 0;
@@ -22,32 +22,32 @@ struct Show {
   bool atEnd = false;  // on the black screen that follows the last slide
 };
 
-/// Ids are never used twice, so an object that outlives its deck or show is known to be dead.
+/// Ids are never reused, so a reference to a closed deck or ended show is recognised as stale.
 struct Model {
-  std::vector<Deck> decks;  // in the order of opening
-  std::vector<Show> shows;  // in the order of starting
+  std::vector<Deck> decks;  // in opening order
+  std::vector<Show> shows;  // in starting order
   int activeDeck = 0;       // id; 0 when no deck is open
   int lastId = 0;
 
   Deck* deck(int id);
   Show* show(int id);
   Show* showOf(int deckId);
-  /// By full path or by file name, ignoring case. Null when no deck is called that.
+  /// Finds a deck by full path or file name, ignoring case. Null if there is none.
   Deck* named(std::wstring_view name);
 
-  /// A path that is open already gives the deck that is there.
+  /// Returns the existing deck if the path is already open.
   Deck& open(const std::wstring& path, int slides);
-  /// The show of the deck ends with it.
+  /// Also ends the deck's show.
   void close(int deckId);
-  /// From slide 1, also when the deck is on show already. REQUIRES: the deck is open.
+  /// Starts at slide 1, even if the deck's show is already running. REQUIRES: the deck is open.
   Show& run(int deckId);
   void exit(int showId);
 
-  /// False, and nothing moves, when the show is gone or has no such slide.
+  /// Returns false and changes nothing if the show is gone or has no such slide.
   bool goTo(int showId, int slide);
-  /// Going on from the last slide ends the show, or leads to the screen after which it ends.
+  /// On the last slide ends the show, or first moves to the end screen if there is one.
   bool next(int showId, bool hasEndScreen);
-  /// Stays on the first slide; leads back from the end screen to the last one.
+  /// Stays on the first slide; from the end screen returns to the last slide.
   bool previous(int showId);
 };
 

@@ -1,4 +1,4 @@
-// Reading the command line.
+// Parses the command line.
 #include "standin/options.h"
 
 #include <windows.h>
@@ -56,7 +56,7 @@ Options readOptions(const std::vector<std::wstring>& arguments) {
 
 std::vector<std::wstring> splitArguments(const std::wstring& text) {
   int count = 0;
-  // The first word follows rules for program names, so a dummy takes its place.
+  // The first argument follows the rules for program names, so a dummy takes its place.
   const std::unique_ptr<wchar_t*, decltype(&LocalFree)> words(
       CommandLineToArgvW((L"x " + text).c_str(), &count), &LocalFree);
   return {words.get() + 1, words.get() + count};

@@ -1,4 +1,4 @@
-// The command line of the stand-in.
+// The stand-in's command line.
 #pragma once
 
 #include <string>
@@ -10,24 +10,24 @@ namespace mrl::standin {
 ///              [--unlisted] [--editing-class=NAME] [--show-class=NAME] [--show-title=TEXT]
 /// powerpnt.exe --register | --unregister [--progid=ID]...
 struct Options {
-  std::vector<std::wstring> progIds;     // without --progid, the one that belongs to the image name
-  std::wstring editingClass, showClass;  // of the windows; without these, as the program has them
-  std::wstring showTitle;                // what the title of a show begins with; the same
-  bool innerWindows = false;             // windows lead to the object model by one inside them
-  std::wstring deck;                     // opened at start; empty means none
+  std::vector<std::wstring> progIds;     // default: the ProgID that matches the image name
+  std::wstring editingClass, showClass;  // default: as in the real program
+  std::wstring showTitle;                // prefix of a show's title; same default
+  bool innerWindows = false;             // a child window leads to the object model
+  std::wstring deck;                     // opened at start, unless empty
   std::wstring log;
-  int slides = 10;  // of every deck that is opened without a number
-  int monitor = 0;  // where shows appear, counted from 1; 0 is the primary one
+  int slides = 10;  // default number of slides of a deck
+  int monitor = 0;  // for shows, 1-based; 0: the primary one
   bool show = false;
-  bool unlisted = false;  // as by the command of that name
+  bool unlisted = false;  // see the command of that name
   bool registerOnly = false;
   bool unregisterOnly = false;
 };
 
-/// What is not known is passed over: COM adds arguments of its own when it starts a server.
+/// Ignores unknown arguments: COM adds some of its own when it starts a server.
 Options readOptions(const std::vector<std::wstring>& arguments);
 
-/// Splits by the rules of a Windows command line: blanks part, double quotes join.
+/// Splits like a Windows command line: spaces separate, double quotes group.
 std::vector<std::wstring> splitArguments(const std::wstring& text);
 
 /// The full path of this process's image.

@@ -1,4 +1,4 @@
-// Registration in the registry, in the table of running objects and as a class object.
+// Registration in the registry, the running object table and as class objects.
 #include "standin/server.h"
 
 #include "standin/dispatch.h"
@@ -26,13 +26,13 @@ const ClassRow* classOf(const std::wstring& progId) {
   return nullptr;
 }
 
-// For the whole machine: Wine's COM doesn't look at the classes of the user.
+// Machine-wide: Wine's COM ignores per-user classes.
 bool writeDefault(const std::wstring& key, const std::wstring& value) {
   return RegSetKeyValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, REG_SZ, value.c_str(),
                          static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t))) == ERROR_SUCCESS;
 }
 
-/// There is one application, so every request for a new one gets that.
+/// There is only one application, so every request for a new one returns it.
 class Factory : public IClassFactory {
  public:
   explicit Factory(ComPtr<IDispatch> only) : application(std::move(only)) {}
@@ -56,7 +56,7 @@ class Factory : public IClassFactory {
     if (outer) return CLASS_E_NOAGGREGATION;
     return application->QueryInterface(id, out);
   }
-  // The process ends when it is told to, never by itself.
+  // The process ends only on command.
   STDMETHODIMP LockServer(BOOL) override { return S_OK; }
 
  private:
@@ -105,7 +105,7 @@ bool Server::list(const Options& options) {
     CLSID id;
     if (!row || FAILED(CLSIDFromString(row->classId, &id))) return false;
     DWORD handle = 0;
-    // Strong, so that the object stays reachable while nobody holds it.
+    // Strong, so that the object stays registered while nobody holds a reference.
     if (FAILED(RegisterActiveObject(application.Get(), id, ACTIVEOBJECT_STRONG, &handle)))
       return false;
     activeObjects.push_back(handle);
@@ -130,8 +130,8 @@ void Server::withdraw() {
 }
 
 void Server::crash() {
-  // Windows forgets the class objects of the dead. Wine goes on giving them out, also when the
-  // program is started anew, so they go first.
+  // Windows drops the class objects of dead processes. Wine keeps returning them, even after a
+  // restart of the program, so revoke them first.
   revokeClassObjects();
   TerminateProcess(GetCurrentProcess(), 1);
 }

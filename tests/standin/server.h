@@ -1,4 +1,4 @@
-// The stand-in as an automation server: how other programs find it and start it.
+// The stand-in as an automation server: how other programs find and start it.
 #pragma once
 
 #include <windows.h>
@@ -14,13 +14,13 @@ namespace mrl::standin {
 struct Options;
 struct StandIn;
 
-/// Writes the machine's registration of these ProgIDs: this image is the program that serves them.
-/// False when a ProgID isn't one that the stand-in can play, or the registry refuses.
+/// Registers this image machine-wide as the server of these ProgIDs. False if a ProgID isn't one
+/// that the stand-in can play, or the registry fails.
 [[nodiscard]] bool registerProgIds(const std::vector<std::wstring>& progIds);
-/// Takes the registration away again; what isn't there is passed over.
+/// Removes the registration; ignores what isn't registered.
 void unregisterProgIds(const std::vector<std::wstring>& progIds);
 
-/// Offers the Application object under each ProgID, as running object and as class object.
+/// Registers the Application object under each ProgID, as running object and as class object.
 /// REQUIRES: a single-threaded apartment that outlives this.
 class Server {
  public:
@@ -28,17 +28,17 @@ class Server {
   Server(const Server&) = delete;
   ~Server() { withdraw(); }
 
-  /// False when the system refuses; `standIn` then can't be reached by automation.
+  /// False if the system refuses; `standIn` is then unreachable by automation.
   [[nodiscard]] bool announce(StandIn& standIn);
-  /// Makes the application to be found, or not, as the options say. References that others hold
-  /// live on. False when the system refuses.
+  /// Lists or unlists the application, as the options say. Existing references stay valid. False if
+  /// the system refuses.
   [[nodiscard]] bool list(const Options& options);
-  /// Nobody finds the application any more, and references that others hold are dead.
+  /// Unlists the application and disconnects existing references.
   void withdraw();
-  /// Ends the process on the spot, as a crash does, for whoever holds or looks for the application.
+  /// Terminates the process at once, like a crash.
   void crash();
   bool announced() const { return application != nullptr; }
-  /// Null while it isn't announced.
+  /// Null while not announced.
   const Microsoft::WRL::ComPtr<IDispatch>& object() const { return application; }
 
  private:

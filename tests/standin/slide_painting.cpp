@@ -1,4 +1,4 @@
-// GDI painting of slides. All sizes are parts of the area, so one routine serves every size.
+// GDI painting of slides. All sizes are relative to the area, so it works at any size.
 #include "standin/slide_painting.h"
 
 #include <algorithm>
@@ -40,7 +40,7 @@ void write(HDC target, RECT area, const std::wstring& text, int height, int weig
   SelectObject(target, before);
 }
 
-/// The largest rectangle of 16:9 in the middle of `area`.
+/// The largest 16:9 rectangle centred in `area`.
 RECT slideWithin(const RECT& area) {
   const int width = std::min<int>(area.right - area.left, (area.bottom - area.top) * 16 / 9);
   const int height = width * 9 / 16;
@@ -97,7 +97,7 @@ void paintEditing(HDC target, const RECT& area, const Deck& deck) {
   const int margin = stripWidth / 10;
   const int rowHeight = (stripWidth - 2 * margin) * 9 / 16 + margin;
   const int rows = std::max<int>(1, (area.bottom - area.top - margin) / rowHeight);
-  const int first = std::max(1, deck.selected - rows + 1);  // the selected one is always in sight
+  const int first = std::max(1, deck.selected - rows + 1);  // keeps the selected one visible
   for (int row = 0; row < rows && first + row <= deck.slides; ++row) {
     const int top = strip.top + margin + row * rowHeight;
     const RECT small{strip.left + margin, top, strip.right - margin, top + rowHeight - margin};

@@ -1,4 +1,4 @@
-// How decks look: the slide of a show, and an editing window with its strip of slides.
+// Paints decks: the slide of a show, and an editing window with its slide strip.
 #pragma once
 
 #include <windows.h>
@@ -7,13 +7,13 @@
 
 namespace mrl::standin {
 
-/// A slide that fills `area`.
+/// Paints a slide that fills `area`.
 void paintSlide(HDC target, const RECT& area, const Deck& deck, int slide);
 
 /// The black screen after the last slide.
 void paintEnd(HDC target, const RECT& area);
 
-/// The selected slide on a desk, with the deck's first slides in a strip at the left.
+/// Paints the selected slide, with a strip of slides at the left.
 void paintEditing(HDC target, const RECT& area, const Deck& deck);
 
 }  // namespace mrl::standin

@@ -1,4 +1,4 @@
-// What keys do in the stand-in, and how it starts.
+// Start-up of the stand-in, and its keys.
 #include "standin/stand_in.h"
 
 #include <cwchar>

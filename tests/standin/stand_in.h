@@ -1,5 +1,5 @@
-// The stand-in presentation program as one object. Everything happens on its one thread: calls of
-// other processes, commands of tests and window messages all arrive through the message loop.
+// The stand-in presentation program as one object. Single-threaded: calls of other processes,
+// commands of tests and window messages all arrive through the message loop.
 #pragma once
 
 #include "standin/deck_windows.h"
@@ -15,9 +15,9 @@ struct StandIn {
   explicit StandIn(const Options& given);
   StandIn(const StandIn&) = delete;
 
-  /// What windows call themselves: "PowerPoint" or "WPS Presentation".
+  /// The name in window titles: "PowerPoint" or "WPS Presentation".
   std::wstring programName() const;
-  /// Brings the windows in line with the model. To be called after whatever changed it.
+  /// Updates the windows to match the model. Call it after every change of the model.
   void showChanges() { windows.follow(*this); }
 
   // User input.

@@ -1,4 +1,4 @@
-// The black screen beside a real show: what it covers, and every way out of it.
+// The black screen over a real show: what it covers, and every way out of it.
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -38,7 +38,7 @@ class BlackScreenTest : public testing::Test {
     return presentations.command(L"state").find(L"show none") == std::wstring::npos;
   }
 
-  /// From the top one down.
+  /// Topmost first.
   std::vector<HWND> blackWindows() const {
     std::vector<HWND> found = topWindows(kBlackClass);
     std::erase_if(found, [](HWND each) { return !IsWindowVisible(each); });
@@ -53,7 +53,7 @@ class BlackScreenTest : public testing::Test {
     ReleaseDC(nullptr, screen);
     return colour == RGB(0, 0, 0);
   }
-  /// Asks the pixels: Wine lists the window below the mouse first, wherever it really stands.
+  /// Checks pixels: Wine lists the window under the mouse first, whatever the real z-order.
   bool isClockSeenOnBlack() const {
     const RECT clock = program.rect();
     bool seen = false;
@@ -73,13 +73,13 @@ class BlackScreenTest : public testing::Test {
         reinterpret_cast<LPARAM>(&rects));
     return rects;
   }
-  /// On a black window, away from the clock.
+  /// A point on a black window, away from the clock.
   POINT emptyPlace() const {
     const RECT rect = monitors().front();
     return {rect.left + 100, rect.bottom - 150};
   }
   void expectEveryMonitorCovered() const {
-    // They come one after the other, and the clock is lifted behind the last.
+    // They appear one by one; the clock is raised after the last one.
     ASSERT_TRUE(waitUntil([&] { return blackWindows().size() == monitors().size(); }));
     const std::vector<HWND> windows = blackWindows();
     for (const RECT& monitor : monitors()) {
@@ -110,7 +110,7 @@ TEST_F(BlackScreenTest, ABlackWindowThatIsActivatedAgainStaysBelowTheClock) {
   ASSERT_TRUE(waitUntil([&] { return isClockSeenOnBlack(); }));
   const HWND window = blackWindows().front();
   constexpr UINT kOrderOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
-  // Down first: what is on top already is not raised.
+  // Lower it first: a window already on top is not raised.
   SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, kOrderOnly);
   SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, kOrderOnly);
   (void)settledPictureOf(program.rect());
@@ -148,7 +148,7 @@ TEST_F(BlackScreenTest, SettingsThatAreAskedForMeanwhileStandAboveItAndNotAfterI
 }
 
 TEST_F(BlackScreenTest, TwoMonitorsGetAWindowEachWithTheClockAboveBoth) {
-  // The variable tells how many there should be, so that a display that has lost one is noticed.
+  // The variable states the expected number, so that a lost monitor is noticed.
   const wchar_t* expected = _wgetenv(L"MARLUNE_MONITORS");
   if (expected == nullptr) GTEST_SKIP() << "this display is not known to have two monitors";
   ASSERT_TRUE(waitUntil([&] { return monitors().size() == 2; }));
@@ -267,7 +267,8 @@ TEST_F(BlackScreenTest, TheEndOfTheProgramTakesItAlong) {
   EXPECT_TRUE(blackWindows().empty());
 }
 
-/// Wrong input in an open settings window, which the show and then the black screen cover.
+/// The settings window is open with invalid input, and is covered first by the show and then by the
+/// black screen.
 class BlackScreenQuestionTest : public SettingsHand {
  protected:
   void SetUp() override {

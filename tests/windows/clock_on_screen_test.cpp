@@ -1,5 +1,5 @@
-// The clock's window as a user meets it: where it stands, how it is dragged and resized, what is
-// kept of that.
+// The clock's window as a user sees it: its position, dragging and resizing, and what of it is
+// saved.
 #include <gtest/gtest.h>
 
 #include "base/command_ids.h"
@@ -27,7 +27,7 @@ class ClockOnScreenTest : public testing::Test {
     const RECT rect = program.rect();
     return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
   }
-  /// Within the corner's grip, and not on the rounding that lets the mouse through.
+  /// Inside the corner's grip, but not on the rounded part that lets the mouse through.
   POINT bottomRight() {
     const RECT rect = program.rect();
     return {rect.right - scaled(6), rect.bottom - scaled(6)};
@@ -36,7 +36,7 @@ class ClockOnScreenTest : public testing::Test {
     const RECT rect = program.rect();
     return {rect.left + scaled(6), rect.top + scaled(6)};
   }
-  /// As a hand does it: the button goes up only when the clock has followed to `expected`.
+  /// Drags like a user: releases the button only once the clock has reached `expected`.
   void drag(POINT from, int byX, int byY, RECT expected) {
     pressAt(from);
     EXPECT_TRUE(waitUntil([&] { return program.isHeldByMouse(); }));
@@ -312,7 +312,7 @@ TEST_F(ClockOnScreenTest, ADamagedFileIsLeftUntouchedWhileTheClockRunsOnDefaults
 TEST_F(ClockOnScreenTest, AFileThatAnotherProcessHoldsKeepsItsOldContentAndNoTemporaryStays) {
   startAt(200, 150);
   const std::string before = program.settingsBytes();
-  // As a scanner or a backup does: others may read, none may replace.
+  // Like a virus scanner or a backup: others may read the file, but not replace it.
   const HANDLE held = CreateFileW(program.settingsPath().c_str(), GENERIC_READ, FILE_SHARE_READ,
                                   nullptr, OPEN_EXISTING, 0, nullptr);
   ASSERT_NE(held, INVALID_HANDLE_VALUE);

@@ -1,5 +1,5 @@
-// What the clock's picture shows on the screen, where the text that it publishes says nothing of
-// it: after it was hidden, and at a new size.
+// The clock's pixels on the screen, where its published text isn't enough: after hiding, and at a
+// new size.
 #include <gtest/gtest.h>
 
 #include "base/command_ids.h"
@@ -16,8 +16,8 @@ using standin::waitUntil;
 
 class ClockPictureTest : public testing::Test {
  protected:
-  /// A clock that fills its rectangle, so that nothing but itself is seen there, and beside the
-  /// editing window: the X server doesn't know that the clock belongs above all others.
+  /// A clock that fills its rectangle, so that only its own pixels are seen, placed beside the
+  /// editing window: the X server doesn't know that the clock is topmost.
   static Settings solid() {
     Settings settings;
     settings.windowX = 1080;
@@ -40,7 +40,7 @@ class ClockPictureTest : public testing::Test {
   bool shows(const Picture& expected) {
     return waitUntil([&] { return pictureOf(program.rect()) == expected; });
   }
-  /// The ground of all four corners of the clock has that colour.
+  /// True once the background in all four corners of the clock has that colour.
   bool isFilledWith(uint32_t colour, DWORD limitMs = 10'000) {
     return waitUntil(
         [&] {
@@ -92,7 +92,7 @@ TEST_F(ClockPictureTest, AfterTheFollowingDeckTheClockComesBackWithoutTheRedOfIt
   tell(L"show");
   ASSERT_TRUE(isFilledWith(settings.alert, 20'000)) << "the time is up";
   ASSERT_TRUE(becomesVisible(false));
-  // Over several polls, so that one of them has seen the deck.
+  // Long enough for several polls, so that one of them has seen the deck.
   EXPECT_FALSE(waitUntil([&] { return program.isVisible(); }, 4000));
   ASSERT_TRUE(waitUntil([&] { return presentations.command(L"exit next.pptx") == L"ok"; }));
   ASSERT_TRUE(becomesVisible(true));

@@ -1,4 +1,5 @@
-// The deck that follows when the time is up: from the old show's exit to the clock's return.
+// The next deck is played when the time is up: from the exit of the old show until the clock
+// reappears.
 #include <gtest/gtest.h>
 
 #include "base/command_ids.h"
@@ -52,7 +53,7 @@ class DeckSwitchSystemTest : public testing::Test {
     }
     return count;
   }
-  /// The deck's show stays in front of a window that has just come up before it.
+  /// True once the deck's show is in front again of a window that has just been raised.
   bool isRaisedAbove(HWND other) {
     SetForegroundWindow(other);
     BringWindowToTop(other);
@@ -80,7 +81,7 @@ TEST_F(DeckSwitchSystemTest, TheNextDeckIsPlayedInFrontAndTheClockComesBackAfter
   EXPECT_TRUE(isRaisedAbove(other));
   DestroyWindow(other);
 
-  // Over several polls, which all see the deck that the clock is hidden for.
+  // Long enough for several polls, all of which see the deck for which the clock is hidden.
   tell(L"clear-log");
   EXPECT_FALSE(waitUntil([&] { return program.isVisible(); }, 4000));
   tell(L"exit next.pptx");
@@ -91,7 +92,7 @@ TEST_F(DeckSwitchSystemTest, TheNextDeckIsPlayedInFrontAndTheClockComesBackAfter
 TEST_F(DeckSwitchSystemTest, TheNextShowIsRaisedFourTimesASecondForTwoSecondsAndThenLeftAlone) {
   runOut(next.path);
   ASSERT_TRUE(waitUntil([&] { return shows(next); }));
-  // A raise and a poll each ask once where the show is; polls alone make two in three seconds.
+  // A raise and a poll each read the show's handle once; polls alone do so twice in three seconds.
   EXPECT_TRUE(waitUntil([&] { return handlesAsked() >= 6; }, 3000));
   EXPECT_FALSE(waitUntil([&] { return false; }, 2000)) << "the raises have ended by now";
   tell(L"clear-log");

@@ -27,7 +27,7 @@ class DocumentsSystemTest : public testing::Test {
   static constexpr char16_t kUntouched[] = u"untouched";
 
   void SetUp() override { ASSERT_TRUE(powerPoint.start(L"powerpnt.exe")); }
-  void TearDown() override { state = {}; }  // while the other processes live
+  void TearDown() override { state = {}; }  // released while the other processes still run
 
   void tell(Client& program, const std::wstring& command) {
     ASSERT_EQ(program.command(command), L"ok") << "after a command";
@@ -55,7 +55,7 @@ class DocumentsSystemTest : public testing::Test {
     for (std::wstring line; std::getline(log, line);) all.push_back(line);
     return all;
   }
-  /// What was done, without the reading.
+  /// The logged calls that change something, without the reads.
   static Calls actions(Client& program) {
     Calls all = lines(program);
     std::erase_if(all, [](const std::wstring& line) {
@@ -74,7 +74,7 @@ class DocumentsSystemTest : public testing::Test {
     const wchar_t* windowClass = program == L"PowerPoint" ? L"screenClass" : L"WPPViewClass";
     return standin::findWindow(windowClass, program + L" Slide Show - [" + deck + L"]");
   }
-  /// Sees the show of the deck in front of all other windows.
+  /// True once the deck's show is the foreground window.
   static bool isInFront(const std::wstring& deck) {
     return waitUntil([&] { return showOf(deck) && GetForegroundWindow() == showOf(deck); });
   }
@@ -307,7 +307,7 @@ TEST_F(DocumentsSystemTest, ANewShowThatCanNotBeMovedStaysOnItsFirstSlide) {
 }
 
 TEST_F(DocumentsSystemTest, AnApplicationIsStartedWhenNoneRuns) {
-  powerPoint.kill();  // its registration as a program stays
+  powerPoint.kill();  // its COM registration remains
   for (const std::u16string_view provider : kProviders) {
     ASSERT_TRUE(waitUntil([&] { return !automation.running(provider); }));
   }

@@ -1,4 +1,4 @@
-// How the program ends where Windows refuses it, at the start, what it can't do without.
+// The exit code if Windows refuses something essential at the start.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -10,7 +10,7 @@
 namespace mrl {
 namespace {
 
-/// A copy of the program that calls `other` wherever it would call `function`. Names of one length.
+/// A copy of the program that calls `other` instead of `function`. REQUIRES: names of equal length.
 std::wstring copyThatCalls(const TemporaryFolder& folder, const std::string& function,
                            const std::string& other) {
   std::string bytes = bytesOf(standin::executableFolder() + L"marlune.exe");
@@ -24,7 +24,7 @@ std::wstring copyThatCalls(const TemporaryFolder& folder, const std::string& fun
   return path;
 }
 
-/// What it ends with; a number that no program gives if it doesn't end.
+/// Its exit code; a value that no program uses if it doesn't exit.
 DWORD exitCodeOf(const std::wstring& program, const TemporaryFolder& root) {
   std::wstring line = L"\"" + program + L"\" \"--test-root=" + root.path() + L"\"";
   STARTUPINFOW startup{};
@@ -46,7 +46,7 @@ DWORD exitCodeOf(const std::wstring& program, const TemporaryFolder& root) {
 
 TEST(ExitCodeTest, WithoutComItIsOne) {
   const TemporaryFolder folder;
-  // That one refuses whoever isn't called through COM at the moment.
+  // CoRevertToSelf fails unless called during a COM call.
   const std::wstring program = copyThatCalls(folder, "CoInitializeEx", "CoRevertToSelf");
   EXPECT_EQ(exitCodeOf(program, folder), 1u);
   EXPECT_FALSE(std::filesystem::exists(folder.path() + L"\\settings.dat"));

@@ -1,6 +1,6 @@
 #include "windows/expected_picture.h"
 
-// After <windows.h>, which it leans on.
+// Needs <windows.h> first.
 #include <usp10.h>
 
 #include <algorithm>
@@ -42,7 +42,7 @@ ExpectedPicture::ExpectedPicture(Size pictureSize, int pictureDpi)
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = size.width;
-  info.bmiHeader.biHeight = -size.height;  // from the top
+  info.bmiHeader.biHeight = -size.height;  // negative: top-down
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
   memory = CreateCompatibleDC(nullptr);
@@ -83,7 +83,7 @@ size_t ExpectedPicture::index(int x, int y) const {
 
 uint32_t& ExpectedPicture::at(int x, int y) const { return pixels[index(x, y)]; }
 
-/// In the picture.
+/// `rect` in picture coordinates, clipped.
 Rect ExpectedPicture::visible(const Rect& rect) const {
   return common(clip, {rect.left + origin.x, rect.top + origin.y, rect.right + origin.x,
                        rect.bottom + origin.y});
@@ -132,7 +132,7 @@ void ExpectedPicture::operator()(const Area& area) {
 }
 
 void ExpectedPicture::operator()(const RoundedRect& shape) {
-  // A line of one pixel covers the outermost pixels, a wider one as many more within.
+  // An outline of one pixel covers the outermost pixels; a wider one extends inwards.
   const float inset = shape.outline ? static_cast<float>(shape.outlineWidth) / 2 : 0.5F;
   const Rect& rect = shape.rect;
   const RoundBox path{
@@ -176,7 +176,7 @@ void ExpectedPicture::operator()(const Disc& disc) {
       always);
 }
 
-/// A straight line has no last pixel.
+/// A straight line excludes its last pixel.
 void ExpectedPicture::operator()(const Line& line) {
   const auto& [from, to, colour, width] = line;
   const Rect around{std::min(from.x, to.x), std::min(from.y, to.y), std::max(from.x, to.x),
@@ -187,7 +187,7 @@ void ExpectedPicture::operator()(const Line& line) {
   if (width == 1 && from.x == to.x) {
     return (*this)(Area{{from.x, around.top, from.x + 1, around.bottom}, colour});
   }
-  // Such a line counts from the middles of pixels.
+  // Coordinates of a slanted line refer to pixel centres.
   const auto middle = [](int pixel) { return static_cast<float>(pixel) + 0.5F; };
   fill(
       insetBy(around, -width), colour,
@@ -215,7 +215,7 @@ void ExpectedPicture::operator()(const Label& label) {
             (label.isCentred ? DT_CENTER : DT_LEFT));
 }
 
-/// The lines together in the middle.
+/// The block of lines is centred vertically.
 void ExpectedPicture::writeWrapped(const Label& label) {
   constexpr UINT kFormat = DT_WORDBREAK | DT_NOPREFIX;
   const std::wstring text = wideFrom(label.text);
@@ -311,7 +311,7 @@ Picture ExpectedPicture::picture() const {
 
 namespace {
 
-/// Of the pixels as near as ExpectedPicture::kReach.
+/// Visits the colours of all pixels up to kReach away.
 template <class Visit>
 void visitAround(const Picture& picture, int x, int y, Visit&& visit) {
   constexpr int kReach = ExpectedPicture::kReach;

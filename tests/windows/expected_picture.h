@@ -1,16 +1,16 @@
-// What a drawing should look like on the screen, told by a painter of the tests' own, and how a
-// picture of the screen differs from it.
+// The expected pixels of a drawing, computed by the tests' own painter, and a comparison of a
+// screen picture with them.
 //
-// Shapes are filled here pixel by pixel from their geometry, unsmoothed, and never by the program's
-// painter or by GDI+, so a fault of either shows. Texts, the dotted focus rectangle and the icon
-// are the system's work here too, but asked for here: fonts, colours and flags are this file's own.
-// That a drawing is the right one is not seen here: the tests of the logic compare drawings with
+// Shapes are filled pixel by pixel from their geometry, without anti-aliasing, and not by the
+// program's painter or GDI+, so a fault in either shows up. Texts, the dotted focus rectangle and
+// the icon are drawn by the system here too, but with fonts, colours and flags chosen by this file.
+// Whether a drawing is the right one is not checked here: the logic tests compare drawings with
 // numbers.
 //
-// Pixels must be equal, but for the soft ones: those within two pixels and a half of a round or
-// slanted edge, those that an edge covers in part, and the dots of a focus rectangle. How an edge
-// is smoothed, if at all, is the system's. A soft pixel may be of any colour between those expected
-// up to kReach pixels away; and what is expected there without smoothing must be seen as near.
+// Pixels must be equal, except soft ones: those within 2.5 pixels of a round or slanted edge, those
+// that an edge covers partly, and the dots of a focus rectangle. How an edge is anti-aliased, if at
+// all, is up to the system. A soft pixel may have any colour between those expected up to kReach
+// pixels away, and the colour expected without anti-aliasing must occur that near.
 #pragma once
 
 #include <windows.h>
@@ -32,18 +32,18 @@ class ExpectedPicture {
   ExpectedPicture(const ExpectedPicture&) = delete;
   ~ExpectedPicture();
 
-  /// From here on everything counts from `origin` and stays within `clip`, a rectangle of the
-  /// picture, whose pixels belong to `region` now.
+  /// From now on coordinates are relative to `origin`, and drawing is clipped to `clip` (in picture
+  /// coordinates), whose pixels now belong to `region`.
   void enter(const std::string& region, Point origin, const Rect& clip);
   void paint(const Drawing& drawing);
-  /// Within `rect`, in the font of `face`; `format` as DrawTextW knows it.
+  /// Writes within `rect` in the font of `face`; `format` is that of DrawTextW.
   void write(const std::wstring& text, const Rect& rect, Face face, uint32_t colour, UINT format);
-  /// From the top left corner, as the system's edit boxes of one line place their characters.
+  /// Writes from the top left corner, placing characters as the system's single-line edit boxes do.
   void writeAsBox(const std::wstring& text, Face face, uint32_t colour);
-  /// What is not looked at; counts from the origin too.
+  /// Excludes `rect` (relative to the origin) from the comparison.
   void leaveOut(const Rect& rect);
 
-  /// A line for each region that differs; empty when all is as expected.
+  /// One line per region that differs; empty if everything is as expected.
   std::string differencesFrom(const Picture& seen) const;
   Picture picture() const;
 
@@ -61,8 +61,8 @@ class ExpectedPicture {
   void operator()(const FocusMark& mark);
   void operator()(const ProgramIcon& icon);
 
-  /// Where `distance` to the shape is below zero the colour is, and at its edge a part of it.
-  /// `isCurved` tells whether the edge next to that point is round or slanted.
+  /// Sets `colour` where `distance` to the shape is negative; pixels at the edge are covered
+  /// partly. `isCurved` says whether the edge near a point is round or slanted.
   void fill(const Rect& around, uint32_t colour, const Coverage& distance,
             const std::function<bool(float, float)>& isCurved);
   uint32_t& at(int x, int y) const;
@@ -78,7 +78,7 @@ class ExpectedPicture {
   uint32_t* pixels = nullptr;
   enum class Kind : uint8_t { Exact, Soft, SoftInPart, LeftOut };
   std::vector<Kind> kinds;
-  std::vector<uint16_t> owners;  // into `regions`
+  std::vector<uint16_t> owners;  // indices into `regions`
   std::vector<std::string> regions;
   Point origin;
   Rect clip;

@@ -1,4 +1,4 @@
-// The test's own firewall: see firewall_class.h. Most of the system's interfaces is never called.
+// See firewall_class.h. Most methods of the system's interfaces are never called.
 #include "windows/firewall_class.h"
 
 #include <netfw.h>
@@ -13,8 +13,8 @@
 namespace mrl {
 namespace {
 
-/// The rule that the system would make of the command; the words of the log stand one a line. A
-/// word that is not understood leaves its field unread.
+/// The rule that the system would create for the command in the log (one argument per line). An
+/// unknown value leaves its field unset.
 FirewallRule ruleOfCommand(std::istream& log) {
   FirewallRule rule{.edgeTraversal = kFirewallFalse};
   for (std::string word; std::getline(log, word);) {
@@ -42,7 +42,7 @@ std::vector<FirewallRule> rulesOf(const FirewallStory& story) {
   return rules;
 }
 
-/// Counts references and knows its one interface and its base.
+/// Implements IUnknown for one interface and its base.
 template <class Interface, class Base>
 class Counted : public Interface {
  public:

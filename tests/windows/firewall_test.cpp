@@ -1,5 +1,5 @@
-// The firewall's edge, through the very calls that it makes on Windows: a firewall of the test's
-// own under the system's class, and a command of the test's own in the place of the system's.
+// The firewall code with its real system calls: a fake firewall under the system's class, and a
+// stand-in for the system's netsh.
 #include <gtest/gtest.h>
 
 #include "base/wide_win.h"
@@ -124,7 +124,7 @@ TEST_F(FirewallSystemTest, TheElevatedCommandGetsItsArgumentsAndItsRuleIsBelieve
   EXPECT_EQ(arguments[9], "localport=8080");
   EXPECT_EQ(arguments[12], "enable=yes");
 
-  story.rules = {ownRule()};  // as the command asked for
+  story.rules = {ownRule()};  // as if added by the command
   EXPECT_TRUE(authorizeFirewallRule(rules, {}, kPort, message));
 }
 

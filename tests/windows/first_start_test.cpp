@@ -1,6 +1,6 @@
-// The program as its user starts it the first time: it finds the network, asks the firewall, has
-// its rule made, and serves the page on the network's address. The firewall and the command that
-// adds a rule are the tests' own; the program and its way to them are the real ones.
+// The program's first start by its user: it finds the network, checks the firewall, has its rule
+// added and serves the page on the network's address. Only the firewall and netsh are fakes; the
+// program and the way it reaches them are real.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -23,7 +23,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// The library of the tests' firewall under the system's class, and the system's own at the end.
+/// Registers the fake firewall's DLL under the system's class; restores the system's own at the
+/// end.
 class FirewallInPlace {
  public:
   FirewallInPlace() : kept(value()) { setValue(standin::executableFolder() + L"firewall.dll"); }
@@ -82,7 +83,7 @@ class FirstStartTest : public testing::Test {
     return {path, GetSystemDirectoryW(path, MAX_PATH)};
   }
   static fs::path ownFolder() { return fs::path(wideFrom(settingsPath())).parent_path(); }
-  /// The status of the answer to a visit at `address`; 0 where nobody listens.
+  /// The HTTP status of a request to `address`; 0 if nobody listens there.
   int statusAt(uint32_t address, const std::string& host) const {
     RawClient client(port, address);
     if (!client.isConnected()) return 0;

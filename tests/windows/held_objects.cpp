@@ -1,6 +1,6 @@
 #include "windows/held_objects.h"
 
-// After <windows.h>, which it leans on.
+// Needs <windows.h> first.
 #include <winternl.h>
 
 #include <algorithm>
@@ -11,7 +11,7 @@
 namespace mrl {
 namespace {
 
-/// One of 65,536 in each process; its type is 0 while it is free.
+/// One of 65,536 entries per process; `type` is 0 if the entry is free.
 struct DrawingEntry {
   uint64_t object;
   uint32_t owner;
@@ -21,7 +21,7 @@ struct DrawingEntry {
   uint64_t user;
 };
 constexpr size_t kDrawingEntries = 65'536;
-constexpr size_t kTableInEnvironment = 0xF8;  // where the process's block has its address
+constexpr size_t kTableInEnvironment = 0xF8;  // offset of the table's address in the PEB
 
 int drawingObjectsOf(HANDLE process) {
   PROCESS_BASIC_INFORMATION basic{};
@@ -58,8 +58,8 @@ int handlesOf(DWORD processId) {
   }));
 }
 
-/// Handles of these objects have numbers, of which freed ones come first and in no order. So many
-/// in a row are new, and then every number below is in use.
+/// Handles of these objects are numbered; freed numbers are reused first, in no order. After
+/// kSurelyNew consecutive numbers all are new, and every number below is in use.
 int windowObjects() {
   constexpr int kSurelyNew = 1000;
   constexpr int kFirstNumber = 0x20;
@@ -73,7 +73,7 @@ int windowObjects() {
     number = next;
     if (made.back() == nullptr) break;
   }
-  // In reverse, so that the next count meets them in this order again.
+  // In reverse, so that the next count gets them in the same order.
   for (auto menu = made.rbegin(); menu != made.rend(); ++menu) DestroyMenu(*menu);
   return (number - kFirstNumber) / kStep + 1 - static_cast<int>(made.size());
 }

@@ -1,5 +1,5 @@
-// What a process holds of the system, to find what it never gives back. Under Wine, where the
-// functions that would count it always say 0.
+// Counts the system objects that a process holds, to find leaks. For Wine, where the system
+// functions that count them always return 0.
 #pragma once
 
 #include <windows.h>

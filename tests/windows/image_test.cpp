@@ -1,5 +1,5 @@
-// What the built executable carries for Windows to read: headers, manifest, version, icons, the
-// page; and the window classes as they come out with its icons.
+// What Windows reads from the built executable: headers, manifest, version, icons, the page; and
+// the window classes with its icons.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -72,8 +72,7 @@ TEST_F(ImageTest, ItIsAProgramOf64BitsWithWindowsAndNoConsole) {
 }
 
 TEST_F(ImageTest, TheTaskbarKnowsItByItsName) {
-  // The call leaves no trace that another process could read; so much is sure, that the name is
-  // there.
+  // Other processes can't observe the call, so this only checks that the image contains the name.
   const std::wstring_view name(L"Marlune.Native\0", 15);
   const std::string bytes = imageBytes();
   EXPECT_NE(bytes.find(std::string(reinterpret_cast<const char*>(name.data()), name.size() * 2)),
@@ -129,7 +128,7 @@ TEST_F(ImageTest, TheVersionBlockNamesProductAndVersion) {
 }
 
 #pragma pack(push, 2)
-struct IconEntry {  // of a group: width 0 stands for 256
+struct IconEntry {  // in a group; width 0 means 256
   BYTE width, height, colours, unused;
   WORD planes, bits;
   DWORD size;
@@ -137,7 +136,7 @@ struct IconEntry {  // of a group: width 0 stands for 256
 };
 #pragma pack(pop)
 
-/// Of one image: a PNG of four channels, or a bitmap.
+/// Width of an image with 32 bits per pixel (an RGBA PNG or a bitmap); 0 for any other.
 int widthOf32Bits(std::string_view image) {
   const auto bigEndian = [&](size_t at) {
     return static_cast<int>(_byteswap_ulong(valueAt<DWORD>(image, at)));

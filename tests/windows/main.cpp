@@ -1,4 +1,4 @@
-// The tests see the screen as the program does: in pixels, whatever its resolution.
+// Runs the tests with per-monitor DPI awareness, so that they see the same pixels as the program.
 #include <gtest/gtest.h>
 #include <windows.h>
 
@@ -8,8 +8,8 @@
 
 namespace {
 
-/// Takes the icons of all programs. Wine would show them in a window of its own, which comes and
-/// goes under the mouse and takes the focus.
+/// Receives the icons of all programs. Otherwise Wine shows them in a window of its own, which
+/// appears under the mouse and takes the focus.
 class Taskbar : public testing::Environment {
  public:
   void SetUp() override {
@@ -39,6 +39,6 @@ class Taskbar : public testing::Environment {
 int main(int count, char** arguments) {
   SetProcessDpiAwarenessContext(DPI_AWARENESS_CONTEXT_PER_MONITOR_AWARE_V2);
   testing::InitGoogleTest(&count, arguments);
-  testing::AddGlobalTestEnvironment(new Taskbar);  // GoogleTest owns it
+  testing::AddGlobalTestEnvironment(new Taskbar);  // owned by GoogleTest
   return RUN_ALL_TESTS();
 }

@@ -1,4 +1,4 @@
-// The menu as a user meets it: on the clock, on its tray icon.
+// The menu as a user sees it: on the clock and on its tray icon.
 #include <gtest/gtest.h>
 
 #include "base/command_ids.h"
@@ -32,7 +32,7 @@ class MenuTest : public testing::Test {
   bool closes() {
     return waitUntil([&] { return menuOf(program.clock()) == nullptr; });
   }
-  /// Until its first picture is painted, the X server lets clicks fall through the clock.
+  /// Retries: until the clock is painted, the X server lets clicks fall through it.
   [[nodiscard]] bool opensByMouse() {
     for (int tries = 0; tries < 5; ++tries) {
       rightClickAt(middle());
@@ -44,10 +44,10 @@ class MenuTest : public testing::Test {
     const RECT rect = menuRect(program.clock());
     return {(rect.left + rect.right) / 2, rect.bottom - scaled(15)};
   }
-  /// Above the last item and a separator.
+  /// The item above the last one and a separator.
   POINT manualModeItem() const { return {lastItem().x, lastItem().y - scaled(40)}; }
 
-  /// How many rows of pixels have some of another colour than the ground, in the texts' column.
+  /// Number of pixel rows that contain something besides background, in the column of the texts.
   static int rowsWithInk(const Picture& menu) {
     const int left = scaled(30);
     int rows = 0;
@@ -99,7 +99,7 @@ TEST_F(MenuTest, TheRightButtonChoosesAsWell) {
 TEST_F(MenuTest, ItsItemsCanBeRead) {
   ASSERT_TRUE(opensByMouse());
   const RECT rect = menuRect(program.clock());
-  // Where no text stands, one item looks like the other, and only separators have lines.
+  // Without the texts only the separators would leave ink.
   EXPECT_TRUE(waitUntil([&] { return rowsWithInk(pictureOf(rect)) >= 7 * scaled(8); }));
 }
 

@@ -1,11 +1,11 @@
-// An open menu of another process, found by its window.
+// Finds the open menu of another process by its window.
 #pragma once
 
 #include <windows.h>
 
 namespace mrl {
 
-/// The menu that is open on the thread of `window`; null when there is none.
+/// The menu open on the thread of `window`; null if there is none.
 HWND menuOf(HWND window);
 RECT menuRect(HWND window);
 

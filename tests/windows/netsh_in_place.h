@@ -1,4 +1,4 @@
-// The tests' own command in the place of the one that adds rules to the firewall. Windows only.
+// Installs the netsh stand-in in place of the system's netsh. Windows only.
 #pragma once
 
 #include <windows.h>
@@ -14,14 +14,14 @@
 
 namespace mrl {
 
-/// Puts the test's command into the system's folder, and the system's own back at the end.
+/// Copies the stand-in into the system folder, and restores the system's own at the end.
 class NetshInPlace {
  public:
   explicit NetshInPlace(const std::u16string& systemFolder)
       : place(wideFrom(systemFolder) + L"\\netsh.exe"), kept(place + L".kept") {
     if (std::filesystem::exists(place)) std::filesystem::rename(place, kept);
     std::filesystem::copy_file(standin::executableFolder() + L"netsh.exe", place);
-    // Wine would rather run its own than the file that stands there.
+    // By default Wine prefers its own netsh to the file in that folder.
     for (const wchar_t* name : kOverrides) {
       RegSetKeyValueW(HKEY_CURRENT_USER, kOverrideKey, name, REG_SZ, L"native", sizeof L"native");
     }
@@ -40,7 +40,7 @@ class NetshInPlace {
   }
   std::wstring log() const { return folder.path() + L"\\arguments.txt"; }
   std::vector<std::string> arguments() const { return linesOf(log()); }
-  /// In which folder the command ran, and whether "hidden" or "shown".
+  /// The command's working directory, then "hidden" or "shown".
   std::vector<std::string> start() const { return linesOf(log() + L".start"); }
 
  private:

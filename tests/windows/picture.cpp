@@ -1,8 +1,8 @@
 #include "windows/picture.h"
 
-// After <windows.h>, which they lean on.
+// Needs <windows.h> first.
 #include <objbase.h>
-// After <objbase.h>, which it leans on.
+// Needs <objbase.h> first.
 #include <gdiplus.h>
 
 #include <filesystem>
@@ -16,17 +16,17 @@ BITMAPINFO infoOf(Size size) {
   BITMAPINFO info{};
   info.bmiHeader.biSize = sizeof info.bmiHeader;
   info.bmiHeader.biWidth = size.width;
-  info.bmiHeader.biHeight = -size.height;  // from the top
+  info.bmiHeader.biHeight = -size.height;  // negative: top-down
   info.bmiHeader.biPlanes = 1;
   info.bmiHeader.biBitCount = 32;
   return info;
 }
 
-/// GDI+'s own writer of PNG files.
+/// GDI+'s PNG encoder.
 constexpr CLSID kPngEncoder = {
     0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
-/// Until the process ends: under Wine a test's output is lost once GDI+ is shut down.
+/// Never shut down: under Wine a test's output is lost once GDI+ is shut down.
 void startGdiPlus() {
   static ULONG_PTR token = 0;
   const Gdiplus::GdiplusStartupInput input;

@@ -1,4 +1,4 @@
-// What the screen shows, to look at in a test and to keep as a file. Windows only.
+// Screenshots, to check in a test and to save as files. Windows only.
 #pragma once
 
 #include <windows.h>
@@ -22,11 +22,11 @@ struct Picture {
   bool operator==(const Picture&) const = default;
 };
 
-/// Screen pixels; what lies outside the screen is black.
+/// `screenRect` is in screen pixels; what lies outside the screen is black.
 Picture pictureOf(const RECT& screenRect);
-/// As soon as two looks in a row show the same.
+/// Waits until two pictures in a row are equal.
 Picture settledPictureOf(const RECT& screenRect);
-/// build/windows-shots/<name>; false when it could not be written.
+/// Writes build/windows-shots/<name>; false on failure.
 [[nodiscard]] bool savePng(const Picture& picture, const std::wstring& name);
 std::wstring pictureFolder();
 

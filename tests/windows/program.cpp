@@ -1,4 +1,4 @@
-// The test's side of the timer.
+// The test's side of the real program.
 #include "windows/program.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ using standin::waitUntil;
 
 namespace {
 
-/// The window of that class and title in that process; null while it has none.
+/// The window of that class and title in that process; null if there is none.
 HWND windowOf(DWORD processId, const std::wstring& className, const std::wstring& title) {
   for (const HWND each : topWindows(className)) {
     DWORD owner = 0;
@@ -40,8 +40,8 @@ HWND settingsOf(DWORD processId) {
   return IsWindowVisible(found) ? found : nullptr;
 }
 
-/// Wine lets a button that only SendInput holds go up again at the next sight of the X server's own
-/// mouse, so the hand has to be one of the X server's.
+/// Uses the X server's mouse: Wine releases a button pressed by SendInput alone as soon as it sees
+/// the X server's own mouse state.
 void moveRealMouse(const std::wstring& actions) {
   std::wstring line = LR"(Z:\usr\bin\xdotool )" + actions;
   STARTUPINFOW startup{};
@@ -121,7 +121,7 @@ bool Program::start(const std::wstring& arguments, Opening opening) {
   if (!launch(arguments + L" \"--test-root=" + root.path() + L"\"")) return false;
   const std::string id = std::to_string(processId);
   if (!waitUntil([&] { return bytesOf(root.path() + L"\\ready.txt") == id; }, 30'000)) return false;
-  // A look at all windows ends early when the one that it has come to is destroyed.
+  // Polled: enumerating windows stops early if the current one is destroyed.
   if (!waitUntil([&] { return (window = clockOf(processId)) != nullptr; })) return false;
   if (!waitUntil([&] { return settingsWindow() != nullptr; })) return false;
   if (opening == Opening::Closed && !closeSettings()) return false;
@@ -162,7 +162,7 @@ std::wstring Program::text() const {
 bool Program::isCounting() const {
   for (int changes = 0; changes < 2; ++changes) {
     const std::wstring before = text();
-    // Between two texts there may be none for a moment.
+    // The text may be empty for a moment between two values.
     if (!waitUntil([&] { return !text().empty() && text() != before; }, 4000)) return false;
   }
   return true;
@@ -214,7 +214,7 @@ FILETIME Program::settingsChangedAt() const {
 }
 
 void Program::lookAtSettings() const {
-  // What has saved once may save again before it is done.
+  // Waits for the program's thread: it may save several times in a row.
   SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, 10'000, nullptr);
   lastLook = {.changedAt = settingsChangedAt()};
   FilesWin files;
@@ -224,7 +224,7 @@ void Program::lookAtSettings() const {
 
 uint32_t somePort() {
   std::random_device source;
-  // Below the ports that the system gives to clients.
+  // Below the system's range of ephemeral ports.
   return std::uniform_int_distribution<uint32_t>(20000, 32000)(source);
 }
 
@@ -255,7 +255,7 @@ void pressKey(WORD virtualKey) {
 }
 
 void sendDpiChanged(HWND window, int dpi, const RECT& suggested) {
-  // The rectangle must lie in the other process for the time of the message.
+  // The rectangle must be in the other process's memory during the call.
   DWORD id = 0;
   GetWindowThreadProcessId(window, &id);
   const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id);

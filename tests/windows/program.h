@@ -1,5 +1,5 @@
-// Starts the timer itself from a test, looks at its clock from outside, and steers it with the
-// mouse and with commands, as its users and its menus do. Windows only.
+// Runs the real program in a test: observes its clock from outside and controls it with the mouse
+// and with commands, as users and menus do. Windows only.
 #pragma once
 
 #include <windows.h>
@@ -10,7 +10,7 @@
 
 namespace mrl {
 
-/// A folder that exists until the test ends.
+/// A folder that is removed at the end of the test.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(const std::wstring& name = L"marlune test");
@@ -22,61 +22,61 @@ class TemporaryFolder {
   std::wstring folder;
 };
 
-/// What that file holds; nothing where there is none.
+/// The file's contents; empty if it doesn't exist.
 std::string bytesOf(const std::wstring& path);
 
-/// One marlune.exe in test mode. Belongs to the thread that made it; every wait has a limit.
+/// One marlune.exe in test mode. Owned by the thread that created it; every wait has a time limit.
 class Program {
  public:
   Program() = default;
   Program(const Program&) = delete;
-  /// Ends the process if it still runs.
+  /// Ends the process if it is still running.
   ~Program();
 
-  /// Puts `settings` into the settings file before the start.
+  /// Writes `settings` to the settings file before the start.
   void prepare(const Settings& settings) const;
-  /// Puts `bytes` there instead.
+  /// Writes `bytes` instead.
   void prepareBytes(const std::string& bytes) const;
-  /// What becomes of the settings window, which opens at every start.
+  /// Whether start() closes the settings window, which opens at every start.
   enum class Opening { Closed, Kept };
-  /// Starts it and waits until it is up. `arguments` stand before the one that names the test root.
+  /// Starts the program and waits until it is ready. `arguments` precede the one for the test root.
   [[nodiscard]] bool start(const std::wstring& arguments = L"", Opening opening = Opening::Closed);
 
-  /// As its user starts it: outside of a test's folder, on the real network. It must not run
-  /// already.
+  /// Starts it as its user does: without test mode, on the real network. REQUIRES: it isn't
+  /// running.
   [[nodiscard]] bool startForUser();
-  /// The same where another program is to take over: waits for the end; false when it doesn't come.
+  /// Starts it while another instance is running and waits for it to exit; false if it doesn't.
   [[nodiscard]] bool startInVain(DWORD& exitCode);
 
-  /// Null while it is not shown.
+  /// Null while it isn't shown.
   HWND settingsWindow() const;
-  /// Closes it and waits until it is gone; false when it stays.
+  /// Closes the settings window and waits until it is gone; false if it stays.
   [[nodiscard]] bool closeSettings() const;
 
   HWND clock() const { return window; }
   RECT rect() const;
   bool isVisible() const { return IsWindowVisible(window) != FALSE; }
-  /// The mouse drags the clock or one of its corners.
+  /// True while the mouse drags the clock or one of its corners.
   bool isHeldByMouse() const;
-  /// What the clock shows.
+  /// The text on the clock.
   std::wstring text() const;
-  /// Sees the clock change by itself, twice.
+  /// True if the clock's text changes twice by itself.
   [[nodiscard]] bool isCounting() const;
-  /// Sees the clock say the same for more than two seconds.
+  /// True if the clock's text stays the same for more than two seconds.
   [[nodiscard]] bool standsStill() const;
   [[nodiscard]] bool waitForText(const std::wstring& expected) const;
 
-  /// Runs a command and waits until it has run.
+  /// Runs a command and waits until it is done.
   void command(int number) const;
-  /// Waits for the end of the process; false when it does not come.
+  /// Waits for the process to exit; false on time-out.
   [[nodiscard]] bool waitForEnd(DWORD& exitCode);
 
-  /// Where the program keeps what it keeps.
+  /// The program's data folder.
   const std::wstring& folder() const { return root.path(); }
   std::wstring settingsPath() const { return root.path() + L"\\settings.dat"; }
   std::string settingsBytes() const;
-  /// What is in the settings file by now. May be asked over and over: the file, which nobody can
-  /// replace while it is open, is opened only when it has changed.
+  /// The current contents of the settings file. Cheap to poll: the file is opened only if it has
+  /// changed, because nobody can replace it while it is open.
   Settings settings() const;
 
  private:
@@ -96,23 +96,23 @@ class Program {
   mutable Look lastLook;
 };
 
-/// For the service of one test: programs of other tests may run meanwhile, and two can't share one.
+/// A random port for the service of one test: programs of other tests may run at the same time.
 uint32_t somePort();
 
-/// The mouse, as a hand moves it. Screen pixels.
+/// Real mouse input. Screen pixels.
 void pressAt(POINT point);
 void moveTo(POINT point);
 void release();
 void clickAt(POINT point);
 void rightClickAt(POINT point);
 
-/// A key goes to the window in the foreground.
+/// Sends a key to the foreground window.
 void pressKey(WORD virtualKey);
 
-/// Tells a window of any process that it has come to a monitor of `dpi`, as Wine never does.
+/// Sends WM_DPICHANGED to a window of any process; Wine never sends it.
 void sendDpiChanged(HWND window, int dpi, const RECT& suggested);
 
-/// Where a thing of 96 dots per inch stands at the desktop's resolution.
+/// Converts units at 96 DPI to pixels at the desktop's DPI.
 int scaled(int units);
 
 }  // namespace mrl

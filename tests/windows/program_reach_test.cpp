@@ -1,4 +1,5 @@
-// A presentation program that is not among the running objects is reached through its windows.
+// A presentation program that is missing from the running object table is reached through its
+// windows.
 #include <gtest/gtest.h>
 
 #include "base/wide_win.h"
@@ -24,7 +25,7 @@ int countOf(const std::wstring& words, Client& program) {
   return count;
 }
 
-/// One look for an application, by the real automation.
+/// Single searches for an application with the real automation.
 class AutomationReachTest : public testing::Test {
  protected:
   void start(Client& program, const std::wstring& image, const std::wstring& arguments) {
@@ -100,7 +101,7 @@ TEST_F(AutomationReachTest, AWithdrawnProgramIsNotFoundByItsWindows) {
   EXPECT_FALSE(powerPoint());
 }
 
-/// The timer itself beside a program that is not listed.
+/// The real program together with an unlisted presentation program.
 class ProgramReachTest : public testing::Test {
  protected:
   void startPresentations(const std::wstring& arguments = L"") {

@@ -1,5 +1,5 @@
-// What presentation programs do in real life beside answering: being busy, keeping files in the
-// cloud, ending a show with a black screen, and having windows of their own kind.
+// Quirks of real presentation programs: being busy, cloud files, a black end screen, and unusual
+// windows.
 #include "base/wide_win.h"
 #include "windows/show_following_fixture.h"
 
@@ -158,7 +158,7 @@ TEST_F(RealProgramsTest, TheEndScreenCountsAsOneMoreSlide) {
 
 class WpsWindowsTest : public RealProgramsTest {
  protected:
-  /// No title here tells what a window is, unless `arguments` make it.
+  /// No window title identifies a window here, unless `arguments` set one.
   void startWps(const std::wstring& arguments) {
     startPresentations(L"wpp.exe", L"--show-title=W " + arguments);
     tell(L"withdraw");

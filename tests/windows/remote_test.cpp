@@ -1,4 +1,4 @@
-// A phone beside the real program: the bytes that go over the wire, and what they do to the clock.
+// A remote client of the real program: the bytes on the wire, and their effect on the clock.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,5 +1,5 @@
-// The program started again by the user for whom it runs already: real processes outside of test
-// mode, over the user's own settings file.
+// The user starts the program again while it is running: real processes outside test mode, with the
+// user's own settings file.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -47,7 +47,7 @@ class SecondStartTest : public testing::Test {
   }
   static size_t clocks() { return topWindows(kTimerClass).size(); }
 
-  /// Starts the program again, and sees it leave everything to the first.
+  /// Starts the program again and checks that it leaves everything to the first instance.
   void startAgain() {
     const std::string before = fileBytes();
     Program second;

@@ -1,5 +1,5 @@
-// What a person can put into the boxes of the real settings window by mistake: it is marked at its
-// place and told, and the file keeps the old value.
+// Invalid input in the real settings window: the box is marked, the error is shown, and the file
+// keeps the old value.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -16,7 +16,7 @@ struct NumberBox {
   int page;
   int id;
   const wchar_t* range;
-  const wchar_t* tooSmall;  // null where nothing is
+  const wchar_t* tooSmall;  // null if there is no such value
   const wchar_t* tooLarge;
   const wchar_t* fits;
 };
@@ -63,7 +63,7 @@ constexpr OtherBox kColourBoxes[] = {
 };
 
 constexpr size_t kLongPath = 32'000;
-constexpr size_t kBoxHolds = 30'000;  // characters; a box takes no more from a person
+constexpr size_t kBoxHolds = 30'000;  // characters; the most a user can type into a box
 
 class SettingsBadInputTest : public SettingsHand {
  protected:
@@ -81,7 +81,7 @@ class SettingsBadInputTest : public SettingsHand {
   static std::wstring numberError(const std::wstring& range) {
     return L"请输入有效数值（" + range + L"）。" + kNotApplied;
   }
-  /// Enters what is in the box, and sees it refused: `text` is what stands there by then.
+  /// Commits the box and expects a refusal; `text` is what the box must contain by then.
   void expectRefused(int id, const std::wstring& text, const std::wstring& error) const {
     ASSERT_TRUE(reads(id, text));
     ASSERT_TRUE(becomesRed(id, false)) << "a change takes the mark away";
@@ -100,7 +100,7 @@ class SettingsBadInputTest : public SettingsHand {
     ASSERT_NO_FATAL_FAILURE(paste(id, text));
     expectRefused(id, text.substr(0, kBoxHolds), error);
   }
-  /// The old value again.
+  /// Restores the old value.
   void correct(int id, const std::wstring& text) {
     ASSERT_NO_FATAL_FAILURE(retype(id, text));
     ASSERT_TRUE(reads(id, text));
@@ -146,7 +146,7 @@ TEST_F(SettingsBadInputTest, WhateverIsPastedIntoANumberBoxIsMarkedAndToldAndNot
     for (const wchar_t* garbage : {L"gar bage", L"-60", L"60.5", L"0x3C", L"六十"}) {
       expectPastedIsRefused(box.id, garbage, error);
     }
-    // Once is enough for what takes seconds to be laid out.
+    // Very long text takes seconds to lay out, so only one box gets it.
     const size_t length = box.id == kMinutesBox ? kLongPath : 100;
     expectPastedIsRefused(box.id, std::wstring(length, L'6'), error);
     correct(box.id, box.fits);

@@ -1,5 +1,5 @@
-// Closing the real settings window with input that has not been taken: the question, and what each
-// answer leaves behind.
+// Closing the real settings window with unapplied input: the question, and the effect of each
+// answer.
 #include <gtest/gtest.h>
 
 #include "base/command_ids.h"

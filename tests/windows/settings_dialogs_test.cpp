@@ -1,4 +1,5 @@
-// The system's dialogs that the real settings window opens: what they offer, and what comes of it.
+// The system dialogs opened by the real settings window: what they offer, and the effect of their
+// result.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -13,7 +14,7 @@ namespace {
 
 using standin::waitUntil;
 
-// The boxes of the system's colour dialog.
+// Control ids of the system's colour dialog.
 constexpr int kRed = 706;
 constexpr int kGreen = 707;
 constexpr int kBlue = 708;
@@ -33,7 +34,7 @@ class SettingsDialogsTest : public SettingsHand {
   bool isGone() const {
     return waitUntil([&] { return dialog() == nullptr; });
   }
-  /// Any control of the dialog shows it.
+  /// Whether any control of the dialog shows it.
   bool offers(const std::wstring& text) const {
     struct Search {
       const std::wstring& text;
@@ -121,7 +122,7 @@ TEST_F(SettingsDialogsTest, AColourDialogThatIsCancelledLeavesWhatWasTyped) {
   setNumber(kRed, L"200");
   pressKeys(VK_ESCAPE);
   EXPECT_TRUE(isGone());
-  turnTo(2);  // the end of what the dialog may have left to do
+  turnTo(2);  // handled after anything the dialog has posted
   EXPECT_EQ(text(kForegroundBox), L"#C03");
 }
 

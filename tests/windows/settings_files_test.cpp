@@ -1,4 +1,4 @@
-// The list of presentations under a person's hands: its switch, its buttons, its folder.
+// The list of presentations as a user operates it: its switch, its buttons, its folder.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -37,7 +37,7 @@ class SettingsFilesTest : public SettingsHand {
       return rows == expected;
     });
   }
-  /// In the middle of a row, or of the switch at its end.
+  /// The middle of a row, or of the switch at its end.
   POINT rowPoint(int row, bool onSwitch) const {
     reveal(kFileList);
     RECT list{};
@@ -46,7 +46,7 @@ class SettingsFilesTest : public SettingsHand {
     const LONG x = onSwitch ? list.right - scaled(70) : list.left + scaled(60);
     return {x, list.top + height * row + height / 2};
   }
-  /// In the middle of the first row, so many units of 1/96 inch before its end.
+  /// The vertical middle of the first row, `units` of 1/96 inch before its end.
   POINT beforeTheEnd(int units) const {
     POINT point = rowPoint(0, false);
     RECT list{};
@@ -98,7 +98,7 @@ TEST_F(SettingsFilesTest, TheSwitchBeginsAHundredAndFortyUnitsBeforeTheEndOfTheR
 }
 
 TEST_F(SettingsFilesTest, AClickBelowTheRowsExcludesNothing) {
-  std::filesystem::remove(decks.path() + L"\\d.ppt");  // three rows fill the list
+  std::filesystem::remove(decks.path() + L"\\d.ppt");  // leaves part of the list empty
   press(kReloadListButton);
   ASSERT_TRUE(hasRows({L"[正常计时] a.pptx", L"[正常计时] b.dps"}));
   clickMouse(rowPoint(2, true));

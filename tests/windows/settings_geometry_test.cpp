@@ -1,5 +1,5 @@
-// Where the controls of the real settings window stand, at the resolution of the desktop that the
-// test runs on, and what the pages look like on the screen.
+// The layout of the real settings window at the DPI of the test's desktop, and pictures of its
+// pages.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ namespace {
 
 using standin::waitUntil;
 
-/// What a phone's camera would read from a picture of ours; empty when it reads nothing.
+/// The text that a QR reader finds in a saved picture; empty if none.
 std::string scanned(const std::wstring& name) {
   const std::wstring folder = pictureFolder();
   const std::wstring answer = folder + name + L".txt";
@@ -48,9 +48,10 @@ std::string scanned(const std::wstring& name) {
 
 class SettingsGeometryTest : public SettingsScreen {
  protected:
-  /// What the system makes of the height that a control was given.
+  /// The actual height of a control that was given `given`.
   int heightOf(const Control* row, int given, int now) const {
-    // Only an open combo shows its list, which was counted; a list shows no part of a row.
+    // The given height of a combo includes its list, which is closed; a list box shows whole rows
+    // only.
     if (row && row->kind == ControlKind::Combo) return std::clamp(now, scaled(32), scaled(40));
     if (row && row->kind == ControlKind::List) return given - given % scaled(54);
     return given;
@@ -63,7 +64,7 @@ class SettingsGeometryTest : public SettingsScreen {
       EXPECT_EQ(now, expected) << id << " on page " << page();
     }
   }
-  /// All of the present page stands where the layout says, scrolled by `scroll`.
+  /// Expects all controls of the current page at their layout positions, scrolled by `scroll`.
   void expectLaidOut(int scroll) {
     ASSERT_EQ(dpi(), static_cast<int>(GetDpiForSystem()));
     const PageLayout layout = layOut(clientSize(), dpi(), page(), scroll);

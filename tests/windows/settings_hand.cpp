@@ -16,7 +16,7 @@ void send(std::vector<INPUT>& inputs) {
             inputs.size());
 }
 
-/// The keys that stand apart from the number pad.
+/// Keys that exist twice: without the extended flag they are those of the number pad.
 bool isExtended(WORD key) {
   return (key >= VK_PRIOR && key <= VK_DOWN) || key == VK_INSERT || key == VK_DELETE;
 }
@@ -38,7 +38,7 @@ INPUT characterInput(wchar_t unit, DWORD flags) {
   return input;
 }
 
-/// The screen's pixels, as mouse input counts them: 65536 to each side.
+/// Converts pixels to absolute mouse coordinates: 65536 across the screen.
 LONG absolute(LONG pixel, int extent) { return (pixel * 65536 + 32768) / extent; }
 
 INPUT mouseInput(POINT point, DWORD flags, int data = 0) {
@@ -51,7 +51,7 @@ INPUT mouseInput(POINT point, DWORD flags, int data = 0) {
   return input;
 }
 
-/// The list that a combo of the window's thread has dropped down; null while none has.
+/// The open list of a combo on the window's thread; null if there is none.
 HWND droppedList(HWND window) {
   return visibleTopWindow(L"ComboLBox", GetWindowThreadProcessId(window, nullptr));
 }
@@ -63,7 +63,7 @@ void pressKeys(WORD key, std::initializer_list<WORD> held) {
   for (const WORD holder : held) inputs.push_back(keyInput(holder, 0));
   inputs.push_back(keyInput(key, 0));
   inputs.push_back(keyInput(key, KEYEVENTF_KEYUP));
-  // In reverse: an Alt key that is let go last would open a menu.
+  // In reverse: an Alt key released last would open a menu.
   for (const WORD holder : std::vector(std::rbegin(held), std::rend(held))) {
     inputs.push_back(keyInput(holder, KEYEVENTF_KEYUP));
   }
@@ -172,7 +172,7 @@ void SettingsHand::press(int id) const {
   POINT point = middleOf(id);
   POINT last{};
   GetCursorPos(&last);
-  // Two clicks on one point would be a double click.
+  // Two clicks on one point would count as a double click.
   if (last.x == point.x && last.y == point.y) point.x += 2 * GetSystemMetrics(SM_CXDOUBLECLK);
   clickMouse(point);
 }

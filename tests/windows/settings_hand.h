@@ -1,5 +1,5 @@
-// A person at the settings window of the real program: a mouse and a keyboard that Windows takes
-// for real ones, and the eyes to see what comes of them. Windows only.
+// Simulates a user at the real program's settings window, with mouse and keyboard input that
+// Windows takes for real, and observes the effects. Windows only.
 #pragma once
 
 #include <initializer_list>
@@ -14,15 +14,15 @@
 
 namespace mrl {
 
-/// A key goes to the window in the foreground. The others are held down meanwhile.
+/// Sends a key to the foreground window while the `held` keys are down.
 void pressKeys(WORD key, std::initializer_list<WORD> held = {});
-/// As a keyboard gives characters, one by one.
+/// Types characters one by one.
 void typeText(std::wstring_view text);
-/// On the screen.
+/// Screen pixels.
 void clickMouse(POINT point, int times = 1);
-/// A notch is 120, away from the hand.
+/// One notch is 120; positive is away from the user.
 void turnWheelAt(POINT point, int delta, std::initializer_list<WORD> held = {});
-/// What any program may paste; false when the clipboard is not to be had.
+/// Puts text on the clipboard; false if the clipboard can't be opened.
 [[nodiscard]] bool putOnClipboard(std::wstring_view text);
 std::wstring clipboardText();
 
@@ -34,15 +34,15 @@ class SettingsHand : public SettingsScreen {
   static constexpr wchar_t kOthersWait[] = L"设置已生效；另有输入尚未完成。";
   static constexpr wchar_t kNotApplied[] = L" 此项尚未应用，其他设置可继续使用。";
 
-  /// A record whose service stays silent.
+  /// Settings with the service off.
   static Settings quiet();
 
   std::wstring status() const { return text(kStatusText); }
-  /// Waits until the status line says this.
+  /// Waits until the status line shows this.
   [[nodiscard]] bool says(const std::wstring& expected) const;
   bool isRed(int id) const { return isMarked(id, L"Marlune.Invalid"); }
   [[nodiscard]] bool isFocused(int id) const;
-  /// Waits until the settings file holds this.
+  /// Waits until the settings file contains this value.
   template <typename Value>
   [[nodiscard]] bool saved(Value Settings::*field, const std::type_identity_t<Value>& expected) {
     return standin::waitUntil([&] { return program.settings().*field == expected; });
@@ -53,37 +53,37 @@ class SettingsHand : public SettingsScreen {
     return standin::waitUntil([&] { return program.settings().*stage.*field == expected; });
   }
 
-  /// Clicks on the section in the sidebar and waits for its page.
+  /// Clicks the section in the sidebar and waits for its page.
   void turnTo(int index) const;
-  /// Waits until the box holds this.
+  /// Waits until the box contains this.
   [[nodiscard]] bool reads(int id, const std::wstring& expected) const;
   [[nodiscard]] bool becomesChecked(int id, bool expected = true) const;
   [[nodiscard]] bool becomesRed(int id, bool expected = true) const;
-  /// Of a control of the page, which scrolling moves. Pixels.
+  /// Top of a control on the page, in pixels; changes with scrolling.
   int topOf(int id) const { return rect(id).top; }
 
-  /// Scrolls the page by the wheel until the middle of the control can be seen.
+  /// Scrolls the page with the wheel until the middle of the control is visible.
   void reveal(int id) const;
-  /// In its middle, once that can be seen.
+  /// Scrolls to the control and clicks its middle.
   void press(int id) const;
-  /// Clicks into the box and selects what it holds.
+  /// Clicks into the box and selects its text.
   void selectAll(int id) const;
-  /// Replaces what the box holds; nothing but deletes it.
+  /// Replaces the box's text; an empty text deletes it.
   void retype(int id, std::wstring_view text) const;
   void paste(int id, std::wstring_view text) const;
-  /// Drops the combo down and clicks on a row of it.
+  /// Opens the combo's list and clicks a row.
   void choose(int id, int row) const;
 
-  /// The box with a question that the program has open; null while there is none.
+  /// The program's open message box; null if there is none.
   HWND question() const;
   [[nodiscard]] bool asks() const;
   std::wstring questionText() const;
-  /// With the mouse.
+  /// Clicks the button of the open message box.
   void answer(int button) const;
-  /// As by a click on its title. Without it Wine at times leaves nobody in front where a question
-  /// was.
+  /// Brings the settings window to the foreground, as a click on its title would. Without this Wine
+  /// at times leaves no foreground window after a message box.
   void comeToFront() const;
-  /// The settings window, and no question is left.
+  /// True if the settings window closes and no message box is left.
   [[nodiscard]] bool closes() const;
 };
 

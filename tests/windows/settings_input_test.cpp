@@ -1,5 +1,5 @@
-// The settings window under the hands of a person: what is typed, ticked and chosen reaches the
-// file and the clock.
+// A user's input in the settings window: what is typed, ticked and chosen reaches the file and the
+// clock.
 #include <gtest/gtest.h>
 
 #include "windows/settings_hand.h"
@@ -25,7 +25,7 @@ template <auto kStage, auto kField>
 bool of(const Settings& settings) {
   return settings.*kStage.*kField;
 }
-/// But for the two that switch each other off.
+/// Without the two that switch each other off.
 constexpr CheckCase kChecks[] = {
     {0, kHideNoDocumentCheck, of<&Settings::hideNoDocument>},
     {0, kPerSlideCheck, of<&Settings::perSlide>},
@@ -91,7 +91,7 @@ constexpr NumberCase kNumbers[] = {
 
 class SettingsInputTest : public SettingsHand {
  protected:
-  /// Every box can be typed into.
+  /// Settings with which every box is enabled.
   static Settings allOn() {
     Settings settings = quiet();
     settings.sound = settings.switchPpt = true;

@@ -1,4 +1,4 @@
-// The settings window of the real program by the keyboard alone.
+// The real settings window operated by keyboard only.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -22,12 +22,12 @@ class SettingsKeyboardTest : public SettingsHand {
     ASSERT_TRUE(waitUntil([&] { return page() == index && showsOnly(index); }));
     ASSERT_TRUE(isFocused(kFirstSection + index));
   }
-  /// Where the Tab key stops: on the page, on the sections, on the frame.
+  /// The Tab stops in order: those on the page, then those in the frame around it.
   std::vector<int> stops(int index) const {
     std::vector<int> all;
     for (const int tag : {index, kEveryPage}) {
       for (const Control& row : allControls()) {
-        // Of radio buttons the Tab key finds the one that is on.
+        // In a radio group only the checked button is a Tab stop.
         const bool isOff = row.kind == ControlKind::Radio && !isChecked(row.id);
         if (row.page == tag && isInteractive(row.kind) && isEnabled(row.id) && !isOff) {
           all.push_back(row.id);
@@ -70,7 +70,7 @@ TEST_F(SettingsKeyboardTest, TabGoesRoundAllThatAPageHasAndShiftTabGoesBack) {
     SCOPED_TRACE(index);
     ASSERT_NO_FATAL_FAILURE(showPage(index));
     std::vector<int> expected = stops(index);
-    // From the section's button, and round to it.
+    // Starting at the section's button, and once around to it.
     std::ranges::rotate(expected, std::ranges::find(expected, kFirstSection + index) + 1);
     EXPECT_EQ(walk(expected.size(), {}), expected);
     std::ranges::reverse(expected);
@@ -163,7 +163,7 @@ TEST_F(SettingsKeyboardTest, ADroppedComboIsChosenByEnterAndTheWindowStays) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
   ASSERT_NO_FATAL_FAILURE(showPage(1));
   focusBox(kFontWeightCombo);
-  moveTo({0, 0});  // over the list the mouse would choose too
+  moveTo({0, 0});  // over the list it would change the selection
   const auto isDropped = [&] { return ask(control(kFontWeightCombo), CB_GETDROPPEDSTATE) != 0; };
   pressKeys(VK_F4);
   ASSERT_TRUE(waitUntil(isDropped));
@@ -211,7 +211,7 @@ TEST_F(SettingsKeyboardTest, AltGrTypesCharactersAndTurnsNoPage) {
   press(kMinutesBox);
   ASSERT_TRUE(isFocused(kMinutesBox));
   pressKeys('3', {VK_CONTROL, VK_MENU});
-  typeText(L"7");  // where the focus is by now
+  typeText(L"7");  // into the focused control
   EXPECT_TRUE(waitUntil([&] { return text(kMinutesBox).find(L'7') != std::wstring::npos; }));
   EXPECT_EQ(page(), 0);
 }

@@ -1,4 +1,4 @@
-// The real settings window on its way to a monitor of another resolution and back.
+// The real settings window moving to a monitor with another DPI and back.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -13,11 +13,11 @@ namespace {
 
 class SettingsMonitorTest : public SettingsScreen {
  protected:
-  /// As the system tells a window of a new monitor, with a rectangle of the window's usual size.
+  /// Sends WM_DPICHANGED like the system, with a rectangle of the window's usual size.
   void moveToMonitorOf(int dpi) {
     const Size size{toPixels(900, dpi), toPixels(620, dpi)};
     const RECT suggested{10, 10, 10 + size.width, 10 + size.height};
-    // The rectangle must lie in the other process for the time of the message.
+    // The rectangle must be in the other process's memory during the call.
     DWORD id = 0;
     GetWindowThreadProcessId(window(), &id);
     const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_WRITE, FALSE, id);
@@ -42,7 +42,7 @@ class SettingsMonitorTest : public SettingsScreen {
     const Rect inner = withinBoxFrame({0, 0, outer.width(), outer.height()}, dpi);
     RECT client{};
     GetClientRect(control(id), &client);
-    // The system keeps a place for the scroll bar of the box of several lines.
+    // In a multi-line box the system reserves space for the scroll bar.
     if (id != kAddressBox) {
       EXPECT_EQ(client.right, inner.width()) << id << " at " << dpi;
     }
@@ -55,11 +55,11 @@ class SettingsMonitorTest : public SettingsScreen {
     }
     if (row.kind != ControlKind::Combo) return;
     EXPECT_EQ(ask(control(row.id), CB_GETITEMHEIGHT), toPixels(kComboRowUnits, dpi));
-    // What the closed combo shows; a system may count an edge of its own.
+    // The height of the closed combo; the system may add an edge.
     EXPECT_NEAR(static_cast<double>(ask(control(row.id), CB_GETITEMHEIGHT, WPARAM(-1))),
                 toPixels(kComboRowUnits, dpi), 2);
   }
-  /// The page that is shown, and the frame.
+  /// Checks the current page and the frame.
   void expectAllFits(int dpi) {
     const PageLayout layout = layOut(clientSize(), dpi, page(), 0);
     for (const auto* placements : {&layout.frame, &layout.page}) {

@@ -1,4 +1,4 @@
-// The wheel over the real settings window, and the mouse on the corners of its preview.
+// The mouse in the real settings window: the wheel, and the corners of the preview.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ class SettingsMouseTest : public SettingsHand {
     GetWindowRect(pane(), &seen);
     return {seen.left + 8, (seen.top + seen.bottom) / 2};
   }
-  /// As far as the host shows, without its scroll bars. Waits for it.
+  /// Waits until the preview is centred in the visible part of its host, or at its start if larger.
   bool standsInTheMiddleOfItsHost() const {
     return waitUntil([&] {
       RECT host{};
@@ -35,7 +35,7 @@ class SettingsMouseTest : public SettingsHand {
     GetWindowRect(control(kPreview), &preview);
     return {preview.right - 4, preview.bottom - 4};
   }
-  /// The mouse drags one of its corners.
+  /// True while the mouse drags one of its corners.
   bool holdsPreview() const {
     GUITHREADINFO info{};
     info.cbSize = sizeof info;
@@ -45,7 +45,7 @@ class SettingsMouseTest : public SettingsHand {
   void takeHoldOf(POINT corner) const {
     moveTo(corner);
     pressAt(corner);
-    // The X server lets a press fall through at times.
+    // The X server sometimes loses a press.
     if (!waitUntil([&] { return holdsPreview(); }, 3000)) {
       release();
       pressAt(corner);
@@ -124,14 +124,14 @@ TEST_F(SettingsMouseTest, TheWheelOverANumberChangesNoNumber) {
   ASSERT_TRUE(isFocused(kMinutesBox));
   turnWheelAt(middleOf(kMinutesBox), WHEEL_DELTA);
   turnWheelAt(middleOf(kMinutesBox), -WHEEL_DELTA);
-  typeText(L"0");  // the end of what the wheel may have done
+  typeText(L"0");  // handled after any effect of the wheel
   EXPECT_TRUE(waitUntil([&] { return text(kMinutesBox).size() == 3; }));
   EXPECT_EQ(text(kMinutesBox).find_first_not_of(L"150"), std::wstring::npos);
 }
 
 class SettingsListWheelTest : public SettingsMouseTest {
  protected:
-  /// Twelve decks, and the page that lists them.
+  /// Opens the page that lists twelve decks.
   void SetUp() override {
     for (char name = 'a'; name <= 'l'; ++name) {
       std::ofstream(std::filesystem::path(decks.path() + L"\\" + std::wstring(1, name) + L".ppt"))
@@ -180,7 +180,7 @@ TEST_F(SettingsListWheelTest, AWheelWithAKeyHeldScrollsThePageByOneNotch) {
     const int top = topOf(kFileList);
     turnWheelAt(onList(), -WHEEL_DELTA, {key});
     EXPECT_TRUE(comesTo(kFileList, top - scaled(56)));
-    turnWheelAt(margin(), WHEEL_DELTA);  // the end of what the turn may have done
+    turnWheelAt(margin(), WHEEL_DELTA);  // handled after any effect of the turn
     EXPECT_TRUE(comesTo(kFileList, top)) << key;
     EXPECT_EQ(firstRow(), 0);
   }
@@ -224,7 +224,7 @@ TEST_F(SettingsMouseTest, WhileACornerIsDraggedThePreviewIsPaintedInTheSizeItHas
   };
   const POINT corner = cornerOfPreview();
   ASSERT_NO_FATAL_FAILURE(takeHoldOf(corner));
-  moveTo({corner.x + scaled(117), corner.y});  // higher, its host would cut it off
+  moveTo({corner.x + scaled(117), corner.y});  // any higher, its host would clip it
   ASSERT_TRUE(reads(kWidthBox, L"300"));
   const Picture held = preview();
   release();

@@ -30,7 +30,7 @@ std::wstring listRow(HWND list, size_t index) {
   return text;
 }
 
-/// What the system writes into an empty box.
+/// The placeholder text of an empty box.
 std::wstring cueOf(const Control& row) { return row.cue ? wideFrom(row.cue) : std::wstring(); }
 
 uint32_t greyText() {
@@ -38,7 +38,7 @@ uint32_t greyText() {
   return RGB(GetBValue(grey), GetGValue(grey), GetRValue(grey));
 }
 
-/// As the system's static control writes.
+/// The DrawTextW format of the system's static control.
 UINT formatOf(ControlKind kind) {
   switch (kind) {
     case ControlKind::Caption: return DT_SINGLELINE | DT_VCENTER;
@@ -49,7 +49,7 @@ UINT formatOf(ControlKind kind) {
 
 }  // namespace
 
-/// Each look-up asks for every window of the desktop, and a picture needs hundreds.
+/// Cached, because each look-up enumerates all windows of the desktop and a picture needs hundreds.
 SettingsPicture::Handles SettingsPicture::handlesNow() const {
   Handles now;
   now.window = window();
@@ -128,7 +128,7 @@ void SettingsPicture::drawStatic(ExpectedPicture& picture, const Control& row) c
   const Rect whole = wholeOf(sizeOf(rect));
   picture.paint({Area{whole, kWhite}});
   const ChildColours colours = childColours(ColourAsker::Static, {.id = row.id});
-  // The system's own static controls write in the system's colour while they are disabled.
+  // A disabled static control is drawn in the system's grey.
   picture.write(textOf(handle(row.id)), whole, faceOf(row.id),
                 IsWindowEnabled(handle(row.id)) != FALSE ? colours.text : greyText(),
                 formatOf(row.kind));

@@ -1,10 +1,10 @@
-// The settings window of the real program beside what it should look like in its present state.
+// Compares the real program's settings window with what it should look like in its current state.
 //
-// The state is asked of the controls themselves: texts, checks, rows, marks, who has the keyboard.
-// What only the form knows is told by the test. See expected_picture.h for what counts as equal.
-// Every control is a region of its own, by its number; so are the window around the controls and
-// the pane with its cards. Not looked at: title bar and frame, scroll bars, what the preview shows
-// of the clock, and the inside of the box that has the keyboard, where the caret blinks.
+// The state is read from the controls: texts, checks, rows, marks, focus. What only the form knows
+// is passed by the test. See expected_picture.h for what counts as equal. Each control is a region
+// named by its id; so are the window around the controls and the pane with its cards. Excluded:
+// title bar and frame, scroll bars, the clock in the preview, and the inside of the focused box,
+// where the caret blinks.
 #pragma once
 
 #include <map>
@@ -16,22 +16,22 @@
 
 namespace mrl {
 
-/// What no control tells.
+/// State that can't be read from the controls.
 struct KnownState {
-  bool isTextAlone = false;  // the preview shows no background of its own
+  bool isTextAlone = false;  // the preview has no background
   bool hasUnsavedInput = false;
-  int boxInPieces = 0;  // whose text the system writes in pieces that cover each other's edges
+  int boxInPieces = 0;  // id of a box whose text is drawn in overlapping pieces
 };
 
 class SettingsPicture : public SettingsHand {
  protected:
-  /// Waits until the screen shows the window as drawn. A failure names the regions that differ, and
-  /// leaves both pictures beside those of the pages.
+  /// Waits until the window looks as expected. A failure lists the regions that differ and saves
+  /// both pictures beside those of the pages.
   void expectAsDrawn(const KnownState& known = {});
-  /// The same for the list that the combo has dropped down.
+  /// The same for the open list of a combo.
   void expectDroppedAsDrawn(int combo);
 
-  /// Gives it the keyboard without a key or a click.
+  /// Sets the focus without a key or a click.
   void giveFocus(int id) const;
   /// Scrolls to the end of the page.
   void toEnd() const { ask(pane(), WM_VSCROLL, SB_BOTTOM); }
@@ -55,10 +55,10 @@ class SettingsPicture : public SettingsHand {
   void drawList(ExpectedPicture& picture) const;
   void drawHost(ExpectedPicture& picture, const KnownState& known) const;
   ControlState stateOf(int id) const;
-  /// In the window's client area.
+  /// In client coordinates of the settings window.
   Rect outerRect(HWND child) const;
   Rect clientRect(HWND child) const;
-  /// Of it, what the pane does not cut off.
+  /// The part of `rect` that the pane doesn't clip.
   Rect seenOf(const Control& row, const Rect& rect) const;
   void enter(ExpectedPicture& picture, const Control& row, const Rect& rect) const;
   std::string differencesNow(const KnownState& known, bool keepPictures);

@@ -1,4 +1,4 @@
-// The settings window on the screen, in each state that its controls can be in, beside its drawing.
+// Compares the settings window on the screen with its drawing, in each state of its controls.
 #include "windows/settings_picture.h"
 
 #include <gtest/gtest.h>

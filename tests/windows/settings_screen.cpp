@@ -24,7 +24,7 @@ struct Search {
 
 BOOL CALLBACK compareId(HWND child, LPARAM parameter) {
   auto& search = *reinterpret_cast<Search*>(parameter);
-  // The pane has no id; the system's own parts of a control have none of ours.
+  // The pane and the system's inner parts of controls don't have ids of ours.
   if (GetDlgCtrlID(child) == search.id) search.found = child;
   return search.found == nullptr;
 }

@@ -1,5 +1,5 @@
-// The settings window of the real program, seen from outside: its controls by their ids, its pages
-// by a click. Windows only.
+// The real program's settings window seen from outside: finds controls by id, opens pages by click.
+// Windows only.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -16,60 +16,62 @@
 
 namespace mrl {
 
-/// Of any process's window. The text of an edit box too, which only its own process may read
-/// without asking it.
+/// For windows of any process. textOf() sends a message, because only the owning process can read
+/// an edit box's text directly.
 std::wstring classOf(HWND window);
 std::wstring textOf(HWND window);
-/// In pixels of the parent's client area.
+/// In client pixels of the parent.
 Rect placeInParent(HWND window);
-/// Handles of another process's window answer as its own do; 0 when it does not answer at all.
+/// Sends a message to a window of any process; 0 if it doesn't respond.
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
 
-/// A program with its settings window open. Every wait has a limit.
+/// A program with its settings window open. Every wait has a time limit.
 class SettingsScreen : public testing::Test {
  protected:
-  /// Starts the program over `settings`, but for the clock's place: it stands at the right edge of
-  /// the screen, where it hides nothing. To be called first, within ASSERT_NO_FATAL_FAILURE.
+  /// Starts the program with `settings`, but with the clock at the right edge of the screen, where
+  /// it covers nothing, and with a random port in place of the default one. Call it first, in
+  /// ASSERT_NO_FATAL_FAILURE.
   void open(Settings settings = {});
-  /// Over what program.prepare...() has put there.
+  /// Starts it with what program.prepare...() has written.
   void openAsItIs();
 
   HWND window() const { return program.settingsWindow(); }
   HWND pane() const { return FindWindowExW(window(), nullptr, kContentClass, nullptr); }
-  /// How many of them the program shows.
+  /// Number of settings windows that are shown.
   int settingsWindows() const;
-  /// Anywhere below the window; null where there is none.
+  /// Finds a control at any depth; null if there is none.
   HWND control(int id) const;
 
   std::wstring text(int id) const { return textOf(control(id)); }
   Rect rect(int id) const { return placeInParent(control(id)); }
-  /// Shown itself, whatever its parents are.
+  /// Its own visibility, regardless of its parents.
   bool isVisible(int id) const;
   bool isEnabled(int id) const { return IsWindowEnabled(control(id)) != FALSE; }
   bool isChecked(int id) const { return ask(control(id), BM_GETCHECK) == BST_CHECKED; }
-  /// Of a combo, -1 for none.
+  /// Selected row of a combo; -1 if none.
   int row(int id) const { return static_cast<int>(ask(control(id), CB_GETCURSEL)); }
   bool isMarked(int id, const wchar_t* property) const;
-  /// Which control of the program has the keyboard; 0 for none of ours.
+  /// Id of the program's focused control; 0 if there is none.
   int focusedId() const;
-  /// 0 to 4, as the tab control has it, which nobody sees.
+  /// 0 to 4, read from the hidden tab control.
   int page() const;
-  /// Told by where the page's title stands: only the program itself can ask its scroll bar.
+  /// Derived from the position of the page's title: only the program itself can query its scroll
+  /// bar.
   int scrollPosition() const;
   int dpi() const { return static_cast<int>(GetDpiForWindow(window())); }
   Size clientSize() const;
 
-  /// On the screen.
+  /// Screen pixels.
   POINT middleOf(int id) const;
-  /// With the mouse, in its middle. REQUIRES: it lies within what can be seen.
+  /// Clicks its middle. REQUIRES: that is visible.
   void click(int id) const { clickAt(middleOf(id)); }
-  /// Clicks on the section in the sidebar and waits until its page stands there alone.
+  /// Clicks the section in the sidebar and waits until only its page is shown.
   [[nodiscard]] bool openPage(int index) const;
-  /// The page's controls are visible, those of the other pages are not.
+  /// True if the page's controls are visible and those of other pages are not.
   bool showsOnly(int index) const;
-  /// What the window looks like, with the mouse out of its way.
+  /// A picture of the window, with the mouse moved away.
   Picture settledShot() const;
-  /// As the frame's edge would do it.
+  /// Resizes the window as dragging its frame would.
   void resize(Size outer) const;
 
   Program program;

@@ -1,4 +1,4 @@
-// The scroll bars of the real settings window, and what no hand can reach: its hidden tabs.
+// The scroll bars of the real settings window, and its hidden tab control.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,13 +19,13 @@ class SettingsScrollTest : public SettingsHand {
     GetWindowRect(pane(), &seen);
     return {seen.left, seen.top, seen.right, seen.bottom};
   }
-  /// Takes hold of the thumb of a bar whose page stands at its beginning, and moves it away.
+  /// Drags the thumb of a scroll bar that is at its start.
   static void dragThumb(POINT thumb, POINT to) {
     moveTo(thumb);
     pressAt(thumb);
     moveTo(to);
   }
-  /// A clock that is larger than its host both ways, on the page that shows it.
+  /// Opens the page with the preview, with a clock larger than its host in both directions.
   void openLargePreview() {
     Settings settings = quiet();
     settings.windowWidth = 1200;
@@ -34,7 +34,7 @@ class SettingsScrollTest : public SettingsHand {
     turnTo(1);
     ASSERT_EQ(clockAt(), (Point{0, 0}));
   }
-  /// Where the preview stands in its host.
+  /// The preview's position in its host.
   Point clockAt() const { return {rect(kPreview).left, rect(kPreview).top}; }
   Size hostSize() const {
     RECT client{};
@@ -112,7 +112,7 @@ TEST_F(SettingsScrollTest, ThePreviewFollowsTheThumbOfItsBarWhileItIsHeld) {
 
 TEST_F(SettingsScrollTest, TheHiddenTabsTurnThePageToo) {
   ASSERT_NO_FATAL_FAILURE(open(quiet()));
-  constexpr UINT kTakeTab = 0x1330;  // TCM_SETCURFOCUS, which reports the change as a click does
+  constexpr UINT kTakeTab = 0x1330;  // TCM_SETCURFOCUS; reports the change as a click does
   ask(control(kTabs), kTakeTab, 3);
   EXPECT_TRUE(waitUntil([&] { return page() == 3 && showsOnly(3); }));
 }

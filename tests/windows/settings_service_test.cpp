@@ -1,4 +1,4 @@
-// The page of the remote service under a person's hands: the service that a phone meets, the
+// The settings page of the remote service as a user operates it: starting and stopping, the
 // clipboard, the port.
 #include <gtest/gtest.h>
 

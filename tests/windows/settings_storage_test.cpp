@@ -1,5 +1,5 @@
-// The settings window over a file that can't be written: what it says, what is kept, and that a
-// later attempt makes up for it.
+// The settings window with a file that can't be written: the message, what is kept, and that a
+// later attempt succeeds.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -21,9 +21,9 @@ class SettingsStorageTest : public SettingsHand {
       EXPECT_TRUE(shell(L"umount -l \"$PWD\""));
     }
   }
-  /// Runs a command of the system below Wine in the program's folder; false when it fails.
+  /// Runs a shell command of the host system under Wine in the program's folder; false if it fails.
   bool shell(std::wstring command) const {
-    // Beside the folder, which may be full or covered by then.
+    // Not inside the folder, which may be full or mounted over by then.
     const std::wstring report = program.folder() + L".done";
     command =
         L"{ " + command + L"; } 2>/dev/null; echo $? > \"$PWD.new\"; mv \"$PWD.new\" \"$PWD.done\"";
@@ -47,14 +47,13 @@ class SettingsStorageTest : public SettingsHand {
     DeleteFileW(report.c_str());
     return result == "0";
   }
-  /// The program's folder becomes a disk of its own, of a few pages. False where nobody may do
-  /// that.
+  /// Mounts a tiny disk over the program's folder. False if that isn't permitted.
   bool mountDisk() {
     hasDisk = shell(L"mount -t tmpfs -o size=32k none \"$PWD\"");
     return hasDisk;
   }
 
-  /// Another program reads the settings file, and nobody may replace it meanwhile.
+  /// Opens the settings file like another program, so that it can't be replaced.
   HANDLE holdFile() const {
     const HANDLE held = CreateFileW(program.settingsPath().c_str(), GENERIC_READ, FILE_SHARE_READ,
                                     nullptr, OPEN_EXISTING, 0, nullptr);
@@ -73,7 +72,7 @@ class SettingsStorageTest : public SettingsHand {
     ASSERT_NO_FATAL_FAILURE(open(quiet()));
     before = program.settingsBytes();
   }
-  /// Ticks a box, which can't be saved for this reason.
+  /// Ticks a box and expects the save to fail for this reason.
   void expectTickFails(const std::wstring& why) {
     press(kHideNoDocumentCheck);
     EXPECT_TRUE(says(failed(why)));
@@ -81,7 +80,7 @@ class SettingsStorageTest : public SettingsHand {
     EXPECT_EQ(program.settingsBytes(), before);
     EXPECT_FALSE(hasTemporaryFile());
   }
-  /// What failed is made up for by the next attempt.
+  /// Expects the next attempt to save the change.
   void expectSecondTrySaves() {
     pressKeys('S', {VK_CONTROL});
     EXPECT_TRUE(says(kApplied));
@@ -94,7 +93,8 @@ class SettingsStorageTest : public SettingsHand {
 
 TEST_F(SettingsStorageTest, AFileThatIsReadOnlyIsLeftAsItIs) {
   ASSERT_NO_FATAL_FAILURE(openAndRemember());
-  // Wine replaces a file whose attributes say so, which Windows does not.
+  // Wine, unlike Windows, replaces files with the read-only attribute, so a read-only mount is
+  // needed.
   const std::wstring file = L" \"$PWD/settings.dat\"";
   if (!shell(L"mount --bind" + file + file)) GTEST_SKIP() << kNobodyMay;
   EXPECT_TRUE(shell(L"mount -o remount,bind,ro" + file));

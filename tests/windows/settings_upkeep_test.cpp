@@ -14,7 +14,7 @@ using standin::waitUntil;
 
 class SettingsUpkeepTest : public SettingsScreen {
  protected:
-  /// With nothing left to paint.
+  /// Counts once nothing is left to paint.
   HeldObjects held() const {
     settledShot();
     DWORD processId = 0;
@@ -56,7 +56,7 @@ TEST_F(SettingsUpkeepTest, TwoThousandPagesTurnedLeaveNothingBehind) {
   ASSERT_NO_FATAL_FAILURE(turnPages(10));
   const HeldObjects before = held();
   ASSERT_NO_FATAL_FAILURE(turnPages(490));
-  ShowWindow(window(), SW_MINIMIZE);  // without painting the others take a fraction of the time
+  ShowWindow(window(), SW_MINIMIZE);  // much faster without painting
   ASSERT_NO_FATAL_FAILURE(turnPages(1500));
   program.command(kCommandOpenSettings);
   ASSERT_TRUE(waitUntil([&] { return !IsIconic(window()); }));

@@ -1,7 +1,7 @@
-// The settings window of the real program: what stands in it and in which order, how it opens.
+// The real settings window: its controls and their order, and how it opens.
 #include <gtest/gtest.h>
 #include <windows.h>
-// After <windows.h>, which it leans on.
+// Needs <windows.h> first.
 #include <commctrl.h>
 
 #include <algorithm>
@@ -23,14 +23,14 @@ namespace {
 
 using standin::waitUntil;
 
-/// How the system knows a control of a kind, and what it may change of that by itself.
+/// Expected class and style of a control; the system may change the `changing` bits.
 struct Made {
   std::wstring_view className;
   DWORD style = 0;
   DWORD changing = 0;
 };
 
-// A scroll bar that is not needed is hidden, and then its style is gone.
+// A scroll bar that isn't needed is hidden, which clears its style bit.
 constexpr DWORD kBars = WS_HSCROLL | WS_VSCROLL;
 
 Made madeAs(ControlKind kind) {
@@ -39,7 +39,7 @@ Made madeAs(ControlKind kind) {
     case ControlKind::Section:
     case ControlKind::Button: return {L"Button", BS_PUSHBUTTON | WS_TABSTOP};
     case ControlKind::Check: return {L"Button", BS_AUTOCHECKBOX | WS_TABSTOP};
-    // Of its group only the button that is on is a stop of the Tab key.
+    // In a group only the checked button is a Tab stop.
     case ControlKind::Radio: return {L"Button", BS_AUTORADIOBUTTON, WS_TABSTOP};
     case ControlKind::Title:
     case ControlKind::Paragraph: return {L"Static"};
@@ -62,7 +62,7 @@ Made madeAs(ControlKind kind) {
   return {};
 }
 
-/// The program writes it while it runs.
+/// Controls whose text the program sets at run time.
 bool hasTextOfItsOwn(const Control& row) {
   switch (row.id) {
     case kToggleButton:
@@ -77,7 +77,7 @@ bool hasTextOfItsOwn(const Control& row) {
 
 constexpr uint32_t kSeeThrough = 0xFFFFFFFF;
 
-/// Its icon on black and on white differs where it lets something through.
+/// The program's icon, drawn on black and on white: transparent pixels differ.
 Picture programIcon(int size) {
   const HMODULE image = LoadLibraryExW((standin::executableFolder() + L"marlune.exe").c_str(),
                                        nullptr, LOAD_LIBRARY_AS_DATAFILE);
@@ -111,7 +111,7 @@ bool showsAt(const Picture& picture, const Picture& icon, int left, int top) {
   return true;
 }
 
-/// Anywhere within the picture.
+/// Whether the icon occurs anywhere in the picture.
 bool shows(const Picture& picture, const Picture& icon) {
   for (int y = 0; y + icon.size.height <= picture.size.height; ++y) {
     for (int x = 0; x + icon.size.width <= picture.size.width; ++x) {

@@ -13,7 +13,7 @@ float distanceToLine(float x, float y, float x1, float y1, float x2, float y2) {
 
 namespace {
 
-/// Angles in degrees, clockwise from the right.
+/// Angles are in degrees, clockwise from the right.
 float distanceToArc(float x, float y, const Stroke& arc) {
   const float middleX = arc.x + arc.a / 2;
   const float middleY = arc.y + arc.b / 2;

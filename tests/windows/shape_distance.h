@@ -1,5 +1,5 @@
-// How far a point is from the shapes that the settings window is drawn with: below zero within
-// them. Pixels; a pixel's own point is its middle.
+// Distance of a point from the shapes that the settings window is drawn with; negative inside. In
+// pixels; a pixel's coordinates are those of its centre.
 #pragma once
 
 #include <algorithm>
@@ -11,10 +11,10 @@
 
 namespace mrl {
 
-/// So near to a round or slanted edge a pixel is nobody's for sure.
+/// Pixels this near to a round or slanted edge may have any coverage.
 inline constexpr float kNearEdge = 2.5F;
 
-/// The distance to a rectangle with round corners; below zero within.
+/// A rectangle with round corners.
 struct RoundBox {
   float left, top, right, bottom, radius;
 
@@ -36,9 +36,9 @@ struct RoundBox {
 };
 
 float distanceToLine(float x, float y, float x1, float y1, float x2, float y2);
-/// The stroke's lengths are pixels here.
+/// `stroke` is in pixels.
 float distanceToStroke(float x, float y, const Stroke& stroke, float penWidth);
-/// The lengths, which are fractions of the square's side, in pixels from where the square counts.
+/// Converts a stroke from fractions of the square's side to pixels.
 Stroke inPixels(const Stroke& stroke, const Rect& square);
 
 }  // namespace mrl

@@ -10,7 +10,7 @@ namespace {
 
 constexpr wchar_t kClass[] = L"Shell_TrayWnd";
 
-/// How Wine hands an icon over.
+/// The structure with which Wine passes an icon.
 struct IconData {
   LONG window;
   UINT id;
@@ -48,8 +48,8 @@ ShellStandIn::ShellStandIn() {
   windowClass.lpfnWndProc = procedure;
   windowClass.hInstance = GetModuleHandleW(nullptr);
   windowClass.lpszClassName = kClass;
-  RegisterClassExW(&windowClass);  // again and in vain while there is another one
-  // Programs take the first one they find, so it must lie above a real taskbar.
+  RegisterClassExW(&windowClass);  // fails if already registered: harmless
+  // Programs use the first one they find, so it must be above a real taskbar.
   window = CreateWindowExW(WS_EX_TOPMOST | WS_EX_TOOLWINDOW | WS_EX_NOACTIVATE, kClass, L"",
                            WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, windowClass.hInstance, this);
   SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);

@@ -1,4 +1,4 @@
-// Stands in for the taskbar: a window under the name by which programs find it.
+// Stand-in for the taskbar: a window with the class name by which programs find it.
 #pragma once
 
 #include <windows.h>
@@ -10,8 +10,8 @@
 
 namespace mrl {
 
-/// The latest one made gets the icons of every program. Belongs to the thread that made it, which
-/// must handle messages: a program that adds its icon waits for the answer.
+/// The one created last receives the icons of all programs. Owned by the thread that created it,
+/// which must dispatch messages: a program that adds its icon waits for the answer.
 class ShellStandIn {
  public:
   struct Request {
@@ -21,7 +21,7 @@ class ShellStandIn {
     UINT flags;
     UINT callbackMessage;
     std::wstring tip;
-    Size picture;  // pixels; none without an icon
+    Size picture;  // pixels; empty without an icon
   };
 
   ShellStandIn();
@@ -31,7 +31,7 @@ class ShellStandIn {
   int count(ULONG_PTR kind) const;
 
   bool accepts = true;
-  bool hasIcon = false;  // what stands is not added again, and nothing else can be modified
+  bool hasIcon = false;  // adding it twice fails, and so does modifying it if it is missing
   std::vector<Request> requests;
 
  private:

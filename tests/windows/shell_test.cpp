@@ -1,5 +1,5 @@
-// What is handed over to the desktop is started for real. The command of the firewall's tests tells
-// where it was started.
+// Opening files through the shell really starts them. The netsh stand-in records where it was
+// started.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -20,11 +20,11 @@ class ShellSystemTest : public testing::Test {
   ShellSystemTest() { SetEnvironmentVariableW(L"MARLUNE_NETSH", log.c_str()); }
   ~ShellSystemTest() override { SetEnvironmentVariableW(L"MARLUNE_NETSH", nullptr); }
 
-  /// Where the command found itself when it was opened with `place`.
+  /// The command's working directory after opening it with `place`.
   fs::path folderOfStart(const std::wstring& place) {
     fs::remove(log);
     EXPECT_TRUE(shell.open(u16From(standin::executableFolder() + L"netsh.exe"), u16From(place)));
-    EXPECT_TRUE(standin::waitUntil([&] { return fs::exists(log); }));  // it is written last
+    EXPECT_TRUE(standin::waitUntil([&] { return fs::exists(log); }));  // written last
     std::ifstream file(fs::path(log + L".start"), std::ios::binary);
     std::string folder;
     std::getline(file, folder);

@@ -1,4 +1,4 @@
-// What the tests share that watch the clock follow the shows of a stand-in. Windows only.
+// Fixture for tests in which the clock follows the shows of a stand-in. Windows only.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -25,7 +25,7 @@ class ShowFollowingTest : public testing::Test {
 
   bool isIdle() { return program.waitForText(L"15:00") && program.standsStill(); }
   bool isPaused() { return program.standsStill() && program.text() != L"15:00"; }
-  /// The clock has begun anew: it says more time left than before.
+  /// True once the countdown has restarted: the clock shows more time than before.
   bool hasRestarted(const std::wstring& before) {
     return standin::waitUntil([&] { return !program.text().empty() && program.text() > before; });
   }

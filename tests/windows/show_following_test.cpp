@@ -1,5 +1,5 @@
-// The clock follows the shows of another process: over automation, and again with nothing to go by
-// but the windows on the desktop.
+// The clock follows the shows of another process: through automation, and by the desktop's windows
+// alone.
 #include "base/command_ids.h"
 #include "base/wide_win.h"
 #include "core/tray_win.h"
@@ -11,7 +11,7 @@ namespace {
 
 using standin::waitUntil;
 
-/// What is to be seen on either road.
+/// Tests that must pass both ways.
 class EitherRoadTest : public ShowFollowingTest, public testing::WithParamInterface<const char*> {
  protected:
   void SetUp() override {
@@ -170,7 +170,7 @@ TEST_F(ShowFollowingTest, OfTwoShowsAtTheStartTheFirstProviderCounts) {
   ASSERT_EQ(second.command(L"open \"" + other.path + L"\""), L"ok");
   ASSERT_EQ(second.command(L"show"), L"ok");
   Settings settings;
-  settings.skipList = {u16From(other.path)};  // the second one's would not be timed
+  settings.skipList = {u16From(other.path)};  // a show of the second would not be timed
   startTimer(settings);
   EXPECT_TRUE(program.isCounting());
 }
@@ -203,8 +203,8 @@ TEST_F(ShowFollowingTest, AProgramThatHangsForAWhileCostsTheClockNoTime) {
   EXPECT_TRUE(program.waitForText(L"14:50"));
 }
 
-// The taskbar sends the clicks on the icon, and whoever waits for another program takes in what is
-// sent. A menu that opened then would run a loop of its own in the midst of the call.
+// The taskbar sends clicks on the icon as messages, and sent messages are handled while waiting for
+// another program. A menu opened then would run a nested loop in the middle of the call.
 TEST_F(ShowFollowingTest, AClickOnTheTrayIconDuringAHangHasItsMenuAfterIt) {
   startPresentations();
   open(demo);

@@ -1,5 +1,5 @@
-// The sound of an alert, as it reaches the sound card. That is a file here: where the variable
-// MARLUNE_SOUND names one, it receives what is played, a few times as fast as a card would take it.
+// The alert sound as it reaches the sound card: the file named by MARLUNE_SOUND, which takes the
+// samples a few times faster than a real card.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -20,7 +20,7 @@ using standin::waitUntil;
 
 constexpr int kRate = 8000;
 
-/// Of a tone with one channel and 16 bits.
+/// Size of a 16-bit mono tone.
 constexpr uintmax_t toneBytes(int seconds) { return uintmax_t{kRate} * 2 * seconds; }
 
 void writeTone(const std::wstring& path, int seconds) {
@@ -59,7 +59,7 @@ class SoundTest : public testing::Test {
     writeTone(path, seconds);
     return u16From(path);
   }
-  /// Starts the timer, and with it the second that is left until the sound.
+  /// Starts the countdown with one second left until the sound.
   void runOut(Settings settings) {
     settings.duration = 1;
     settings.sound = true;
@@ -79,7 +79,7 @@ class SoundTest : public testing::Test {
     const uintmax_t before = recorded();
     return waitUntil([&] { return recorded() > before; }, 2000);
   }
-  /// Sees nothing more come for a second.
+  /// True once nothing has been recorded for a second.
   bool ends() {
     uintmax_t last = recorded();
     ULONGLONG since = GetTickCount64();

@@ -34,7 +34,7 @@ Client::Client() {
   windowClass.lpfnWndProc = procedure;
   windowClass.hInstance = GetModuleHandleW(nullptr);
   windowClass.lpszClassName = kReplyClass;
-  RegisterClassExW(&windowClass);  // fails from the second client on, which is as good
+  RegisterClassExW(&windowClass);  // fails if already registered: harmless
   replyWindow = CreateWindowExW(0, kReplyClass, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
                                 windowClass.hInstance, nullptr);
   SetWindowLongPtrW(replyWindow, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
@@ -65,7 +65,7 @@ bool Client::attach(const std::wstring& progId) {
   return process != nullptr;
 }
 
-/// Looks for the control window of our process or, without one, of the process with that ProgID.
+/// Waits for the control window of our process or, if there is none, of the one with that ProgID.
 bool Client::waitForControl(const std::wstring& progId) {
   return waitUntil([&] {
     HWND window = nullptr;
@@ -82,7 +82,7 @@ std::wstring Client::command(const std::wstring& text) {
   reply = L"error: no answer";
   COPYDATASTRUCT request{0, static_cast<DWORD>(text.size() * sizeof(wchar_t)),
                          const_cast<wchar_t*>(text.data())};
-  // The reply arrives in our window procedure while this send waits.
+  // The reply arrives in our window procedure during this call.
   SendMessageTimeoutW(control, WM_COPYDATA, reinterpret_cast<WPARAM>(replyWindow),
                       reinterpret_cast<LPARAM>(&request), SMTO_NORMAL, kAnswerLimitMs, nullptr);
   return reply;
@@ -97,7 +97,7 @@ bool Client::waitForEnd() { return WaitForSingleObject(process, kAnswerLimitMs) 
 void Client::kill() {
   if (!process) return;
   command(L"die");
-  TerminateProcess(process, 1);  // for one that hangs, or never came up
+  TerminateProcess(process, 1);  // also works if it hangs or never got ready
   WaitForSingleObject(process, kAnswerLimitMs);
 }
 

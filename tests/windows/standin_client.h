@@ -1,4 +1,4 @@
-// Starts the stand-in presentation program from a test, and steers it. Windows only.
+// Starts and controls the stand-in presentation program from a test. Windows only.
 #pragma once
 
 #include <windows.h>
@@ -7,34 +7,34 @@
 
 namespace mrl::standin {
 
-/// The folder of the test's own executable, where the stand-ins and the timer are built as well.
+/// The folder of the test's executable, which also contains the stand-ins and the program.
 std::wstring executableFolder();
 
-/// One stand-in process. Belongs to the thread that made it. Every wait has a limit.
+/// One stand-in process. Owned by the thread that created it. Every wait has a time limit.
 class Client {
  public:
   Client();
   Client(const Client&) = delete;
-  /// Ends the process, and waits until it is gone.
+  /// Ends the process and waits until it is gone.
   ~Client();
 
   /// Starts `image` ("powerpnt.exe", "wpp.exe") of executableFolder() and waits until it is ready.
   /// REQUIRES: not started or attached yet.
   [[nodiscard]] bool start(const std::wstring& image, const std::wstring& arguments = L"");
-  /// Takes over the stand-in that somebody else started under this ProgID, as COM does, and from
-  /// then on owns its process. Waits for it.
+  /// Waits for a stand-in that was started otherwise, e.g. by COM, under this ProgID, and takes
+  /// ownership of its process.
   [[nodiscard]] bool attach(const std::wstring& progId);
 
-  /// The reply, or "error: no answer" when the stand-in is gone or takes too long.
+  /// Returns the reply, or "error: no answer" if the stand-in is gone or takes too long.
   std::wstring command(const std::wstring& text);
 
-  /// False while a call holds it. Waits for half a second.
+  /// Whether it responds within half a second; false while it is inside a call.
   bool answers() const;
 
   DWORD processId() const { return process ? GetProcessId(process) : 0; }
-  /// True once the process has ended; waits for that for a while.
+  /// Waits for the process to exit; false on time-out.
   [[nodiscard]] bool waitForEnd();
-  /// The process crashes. Waits until it is gone.
+  /// Kills the process, as in a crash, and waits until it is gone.
   void kill();
 
  private:
@@ -47,7 +47,7 @@ class Client {
   std::wstring reply;
 };
 
-/// Handles messages until `condition` holds; false when it doesn't within a few seconds.
+/// Dispatches messages until `condition` holds; false on time-out.
 template <typename Condition>
 [[nodiscard]] bool waitUntil(Condition&& condition, DWORD limitMs = 10'000) {
   const ULONGLONG endMs = GetTickCount64() + limitMs;

@@ -1,4 +1,4 @@
-// The stand-in's faults on command, and what becomes of those who hold it when it goes away.
+// The stand-in's faults, and what happens to clients that hold its objects when it goes away.
 #include "windows/standin_fixture.h"
 
 namespace mrl::standin {
@@ -143,7 +143,7 @@ TEST_F(StandInTest, UnlistedItIsNotFoundButReferencesFromBeforeLiveOn) {
 TEST_F(StandInTest, UnlistedItDoesNotAnswerToTheCreationOfItsClassEither) {
   CLSID id;
   ASSERT_EQ(CLSIDFromProgID(L"PowerPoint.Application", &id), S_OK);
-  tell(L"unregister");  // or the system would start a second one
+  tell(L"unregister");  // otherwise COM would start a second one
   const auto createIt = [&id] {
     Dispatch created;
     return CoCreateInstance(id, nullptr, CLSCTX_LOCAL_SERVER, IID_IDispatch,
@@ -276,7 +276,7 @@ TEST_F(StandInStartTest, TwoProgramsRunSideBySide) {
   EXPECT_EQ(standin::ask(wps, L"Presentations.Count").number(), 1);
 }
 
-/// Runs a mode that ends by itself; tells its exit code.
+/// Runs the stand-in in a mode that exits by itself; returns the exit code.
 DWORD runToEnd(const std::wstring& arguments) {
   std::wstring line = L"\"" + executableFolder() + L"powerpnt.exe\" " + arguments;
   STARTUPINFOW startup{};

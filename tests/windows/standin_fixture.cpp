@@ -14,7 +14,7 @@ std::wstring takeText(BSTR text) {
   return taken;
 }
 
-/// Empties the VARIANT into the answer.
+/// Moves the VARIANT's value into the answer.
 void takeValue(VARIANT& from, Answer& to) {
   if (from.vt == VT_I4) to.value.emplace<int>(from.lVal);
   if (from.vt == VT_BSTR) to.value.emplace<std::wstring>(from.bstrVal, SysStringLen(from.bstrVal));

@@ -1,4 +1,4 @@
-// What the tests of the stand-in share: a running stand-in, and late-bound calls written as paths.
+// Fixture for the stand-in tests: a running stand-in, and late-bound calls written as paths.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,11 +18,11 @@ namespace mrl::standin {
 using Microsoft::WRL::ComPtr;
 using Dispatch = ComPtr<IDispatch>;
 
-/// What a late-bound call gave back.
+/// Result of a late-bound call.
 struct Answer {
   HRESULT result = S_OK;
   std::variant<std::monostate, int, std::wstring, Dispatch> value;
-  std::wstring source, description, helpFile;  // of the explanation of a failure
+  std::wstring source, description, helpFile;  // error details
   UINT wrongArgument = 0;
 
   int number() const { return std::get<int>(value); }
@@ -30,22 +30,22 @@ struct Answer {
   Dispatch object() const { return std::get<Dispatch>(value); }
 };
 
-/// One call by name. Arguments in natural order.
+/// Calls one member by name. Arguments in natural order.
 Answer invoke(IDispatch* object, const wchar_t* name, WORD flags,
               const std::vector<std::variant<int, std::wstring>>& arguments = {});
 
-/// Follows a path of members, such as "SlideShowWindows.Item(1).View.Next()". Without parentheses a
-/// member is read; with them it is called, and `Item` with both kinds of call at once. A failure on
-/// the way is the answer.
+/// Follows a path of members, such as "SlideShowWindows.Item(1).View.Next()". A member without
+/// parentheses is read, one with parentheses is called; `Item` is called with both flags. Stops at
+/// the first failure and returns it.
 Answer ask(const Dispatch& from, const std::wstring& path);
 
-/// Through the registry and the table of running objects, as another program would find it.
+/// Finds the application as other programs do, through the registry and the running object table.
 HRESULT findRunning(const wchar_t* progId, Dispatch& out);
 
-/// The visible top-level window of that class whose title is `title`; null when there is none.
+/// The visible top-level window with that class and title; null if there is none.
 HWND findWindow(const wchar_t* windowClass, const std::wstring& title);
 
-/// A file that exists until the test ends.
+/// A file that is removed at the end of the test.
 class TemporaryDeck {
  public:
   explicit TemporaryDeck(const std::wstring& name);

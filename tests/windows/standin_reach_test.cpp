@@ -1,4 +1,4 @@
-// The way into the stand-in by its windows, for those who do not find it among the running objects.
+// Reaching the stand-in through its windows, when it isn't in the running object table.
 #include <oleacc.h>
 
 #include "windows/standin_fixture.h"

@@ -1,4 +1,4 @@
-// The stand-in's object model, reached as other programs reach it.
+// The stand-in's object model, reached as other programs do.
 #include "windows/standin_fixture.h"
 
 namespace mrl::standin {
@@ -181,7 +181,7 @@ TEST_F(StandInTest, ObjectsOfAnEndedShowFail) {
 }
 
 struct MemberCase {
-  const wchar_t* path;  // to the object, from the application
+  const wchar_t* path;  // from the application to the object
   const wchar_t* name;
   WORD kind;
 };

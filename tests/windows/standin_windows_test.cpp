@@ -59,8 +59,8 @@ class StandInWindowTest : public StandInTest {
     show = findWindow(L"screenClass", kShowTitle);
     ASSERT_TRUE(show);
   }
-  /// Keys go to whatever window is in front. The window manager may still be about to put another
-  /// one there, so the window must have stayed in front for a while.
+  /// Keys go to the foreground window. The window manager may still change it, so the window must
+  /// have stayed in front for a while.
   bool bringToFront(HWND window) {
     ULONGLONG sinceMs = GetTickCount64();
     return waitUntil([&] {
@@ -71,7 +71,7 @@ class StandInWindowTest : public StandInTest {
       return GetTickCount64() - sinceMs > 300;
     });
   }
-  /// Keys take their way through the system, so their effect may come a little later.
+  /// Keys go through the system, so their effect may be delayed.
   bool comesTo(const std::wstring& deckState) {
     return waitUntil([&] { return command(L"state").ends_with(deckState); });
   }

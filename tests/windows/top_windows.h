@@ -1,5 +1,5 @@
-// The windows of the desktop, as they stood at one moment. A walk from one window to the next ends
-// too early where a window goes away meanwhile, and any program's may.
+// A snapshot of the desktop's windows. Walking from one window to the next instead would stop early
+// if any program closes a window meanwhile.
 #pragma once
 
 #include <windows.h>
@@ -9,9 +9,9 @@
 
 namespace mrl {
 
-/// All of that class, hidden ones too, from the top one down.
+/// All windows of that class, hidden ones included, topmost first.
 std::vector<HWND> topWindows(const std::wstring& className);
-/// The upper one that is visible and belongs to that thread; null when there is none.
+/// The topmost visible one that belongs to that thread; null if there is none.
 HWND visibleTopWindow(const std::wstring& className, DWORD threadId);
 
 }  // namespace mrl

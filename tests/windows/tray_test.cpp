@@ -1,4 +1,4 @@
-// The tray icon, seen from the shell.
+// The tray icon as the shell sees it.
 #include <gtest/gtest.h>
 #include <windows.h>
 

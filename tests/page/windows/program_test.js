@@ -1,4 +1,4 @@
-// The page, and the wire, on the real program under Wine.
+// The page and the wire tests, on the real program under Wine.
 import { anyService } from '../any_service.js';
 import { Program } from '../program.js';
 import { wireTests } from '../wire.js';
