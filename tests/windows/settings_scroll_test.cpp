@@ -20,10 +20,23 @@ class SettingsScrollTest : public SettingsHand {
     return {seen.left, seen.top, seen.right, seen.bottom};
   }
   /// Drags the thumb of a scroll bar that is at its start.
-  static void dragThumb(POINT thumb, POINT to) {
+  void dragThumb(POINT thumb, POINT to) const {
     moveTo(thumb);
     pressAt(thumb);
+    // The X server sometimes loses a press.
+    if (!waitUntil([&] { return hasCapture(); }, 3000)) {
+      release();
+      pressAt(thumb);
+    }
+    ASSERT_TRUE(waitUntil([&] { return hasCapture(); }));
     moveTo(to);
+  }
+  /// Whether a window of the settings window's thread has the mouse.
+  bool hasCapture() const {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(GetWindowThreadProcessId(window(), nullptr), &info) &&
+           info.hwndCapture != nullptr;
   }
   /// Opens the page with the preview, with a clock larger than its host in both directions.
   void openLargePreview() {
@@ -76,7 +89,7 @@ TEST_F(SettingsScrollTest, ThePageFollowsTheThumbOfItsBarWhileItIsHeld) {
   const Rect seen = seenPane();
   const int bar = GetSystemMetrics(SM_CXVSCROLL);
   const POINT thumb{seen.right - bar / 2, seen.top + GetSystemMetrics(SM_CYVSCROLL) + 10};
-  dragThumb(thumb, {thumb.x, thumb.y + 60});
+  ASSERT_NO_FATAL_FAILURE(dragThumb(thumb, {thumb.x, thumb.y + 60}));
   EXPECT_TRUE(waitUntil([&] { return scrollPosition() > scaled(56); })) << scrollPosition();
   release();
 }
@@ -104,7 +117,7 @@ TEST_F(SettingsScrollTest, ThePreviewFollowsTheThumbOfItsBarWhileItIsHeld) {
   GetWindowRect(control(kPreviewHost), &host);
   const POINT thumb{host.left + GetSystemMetrics(SM_CXHSCROLL) + 10,
                     host.bottom - GetSystemMetrics(SM_CYHSCROLL) / 2};
-  dragThumb(thumb, {thumb.x + 60, thumb.y});
+  ASSERT_NO_FATAL_FAILURE(dragThumb(thumb, {thumb.x + 60, thumb.y}));
   EXPECT_TRUE(waitUntil([&] { return clockAt().x < -scaled(24); })) << clockAt().x;
   EXPECT_EQ(clockAt().y, 0);
   release();
