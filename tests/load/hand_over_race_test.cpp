@@ -1,4 +1,5 @@
 // Races between the two threads: late answers, stops, restarts, program exit.
+#include "http/hand_over.h"
 #include "remote/service_fixture_posix.h"
 
 namespace mrl {
