@@ -280,19 +280,29 @@ void ExpectedPicture::write(const std::wstring& text, const Rect& rect, Face fac
 }
 
 void ExpectedPicture::writeAsBox(const std::wstring& text, Face face, uint32_t colour) {
-  if (text.empty()) return;
   const HGDIOBJ before = SelectObject(memory, font(face));
   SetBkMode(memory, TRANSPARENT);
   SetTextColor(memory, reversed(colour));
-  const auto length = static_cast<int>(text.size());
-  SCRIPT_STRING_ANALYSIS line = nullptr;
-  ScriptStringAnalyse(memory, text.c_str(), length, 3 * length / 2 + 16, -1,
-                      SSA_LINK | SSA_FALLBACK | SSA_GLYPHS, -1, nullptr, nullptr, nullptr, nullptr,
-                      nullptr, &line);
-  ScriptStringOut(line, origin.x, origin.y, 0, nullptr, 0, 0, FALSE);
-  ScriptStringFree(&line);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(memory, &metrics);
+  int top = origin.y;
+  std::wistringstream lines(text);
+  for (std::wstring line; std::getline(lines, line); top += metrics.tmHeight) {
+    if (line.ends_with(L'\r')) line.pop_back();
+    if (!line.empty()) writeLine(line, top);
+  }
   SelectObject(memory, before);
   GdiFlush();
+}
+
+void ExpectedPicture::writeLine(const std::wstring& line, int top) {
+  const auto length = static_cast<int>(line.size());
+  SCRIPT_STRING_ANALYSIS analysis = nullptr;
+  ScriptStringAnalyse(memory, line.c_str(), length, 3 * length / 2 + 16, -1,
+                      SSA_LINK | SSA_FALLBACK | SSA_GLYPHS, -1, nullptr, nullptr, nullptr, nullptr,
+                      nullptr, &analysis);
+  ScriptStringOut(analysis, origin.x, top, 0, nullptr, 0, 0, FALSE);
+  ScriptStringFree(&analysis);
 }
 
 void ExpectedPicture::leaveOut(const Rect& rect) {

@@ -38,7 +38,7 @@ class ExpectedPicture {
   void paint(const Drawing& drawing);
   /// Writes within `rect` in the font of `face`; `format` is that of DrawTextW.
   void write(const std::wstring& text, const Rect& rect, Face face, uint32_t colour, UINT format);
-  /// Writes from the top left corner, placing characters as the system's single-line edit boxes do.
+  /// Writes lines from the top left corner, placing characters as the system's edit boxes do.
   void writeAsBox(const std::wstring& text, Face face, uint32_t colour);
   /// Excludes `rect` (relative to the origin) from the comparison.
   void leaveOut(const Rect& rect);
@@ -57,6 +57,7 @@ class ExpectedPicture {
   void operator()(const Line& line);
   void operator()(const Glyph& glyph);
   void operator()(const Label& label);
+  void writeLine(const std::wstring& line, int top);
   void writeWrapped(const Label& label);
   void operator()(const FocusMark& mark);
   void operator()(const ProgramIcon& icon);

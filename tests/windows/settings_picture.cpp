@@ -154,7 +154,6 @@ void SettingsPicture::drawBox(ExpectedPicture& picture, const Control& row,
 }
 
 void SettingsPicture::writeInBox(ExpectedPicture& picture, const Control& row) const {
-  const Rect whole = wholeOf(sizeOf(clientRect(handle(row.id))));
   const std::wstring held = textOf(handle(row.id));
   const bool showsCue = held.empty();
   const ChildColours colours =
@@ -163,12 +162,7 @@ void SettingsPicture::writeInBox(ExpectedPicture& picture, const Control& row) c
                                       .isReadOnly = row.kind == ControlKind::AddressBox});
   const uint32_t colour =
       showsCue || IsWindowEnabled(handle(row.id)) == FALSE ? greyText() : colours.text;
-  const std::wstring shown = showsCue ? cueOf(row) : held;
-  if (row.kind == ControlKind::AddressBox) {
-    picture.write(shown, whole, faceOf(row.id), colour, DT_NOPREFIX);
-  } else {
-    picture.writeAsBox(shown, faceOf(row.id), colour);
-  }
+  picture.writeAsBox(showsCue ? cueOf(row) : held, faceOf(row.id), colour);
 }
 
 void SettingsPicture::drawList(ExpectedPicture& picture) const {
