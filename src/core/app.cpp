@@ -16,7 +16,7 @@
 #include "settings/file_kind.h"
 #include "settings/settings_file.h"
 #include "settings_window/control_ids.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

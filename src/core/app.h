@@ -32,8 +32,8 @@
 #include "remote/network.h"
 #include "settings/files.h"
 #include "settings/settings.h"
-#include "settings_window/settings_form.h"
-#include "settings_window/settings_view.h"
+#include "settings_window/form.h"
+#include "settings_window/view.h"
 
 namespace mrl {
 

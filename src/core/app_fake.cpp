@@ -1,8 +1,8 @@
 // Out of line, so that the members of the fakes are compiled once and not in every test file.
 #include "core/app_fake.h"
 
+#include "settings_window/commands.h"
 #include "settings_window/preview.h"
-#include "settings_window/settings_commands.h"
 
 namespace mrl {
 

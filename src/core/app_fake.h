@@ -19,7 +19,7 @@
 #include "presentation/presentation_fake.h"
 #include "remote/firewall_rules_fake.h"
 #include "remote/network_fake.h"
-#include "settings_window/settings_view_fake.h"
+#include "settings_window/view_fake.h"
 
 namespace mrl {
 

@@ -24,8 +24,8 @@
 #include "remote/firewall_rules_win.h"
 #include "remote/network_win.h"
 #include "settings/files_win.h"
-#include "settings_window/settings_messages_win.h"
-#include "settings_window/settings_view_win.h"
+#include "settings_window/messages_win.h"
+#include "settings_window/view_win.h"
 
 namespace mrl {
 

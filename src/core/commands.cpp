@@ -8,7 +8,7 @@
 #include "settings_window/control_table.h"
 #include "settings_window/form_sync.h"
 #include "settings_window/remote_page.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

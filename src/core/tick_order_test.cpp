@@ -1,7 +1,7 @@
 // The order of the steps in one tick.
 #include "core/commands.h"
 #include "core/tick.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "core/app_fixture.h"
 #include "core/commands.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

@@ -3,7 +3,7 @@
 #include "core/commands.h"
 #include "http/ipv4.h"
 #include "remote/firewall.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

@@ -1,8 +1,8 @@
 #include "settings_window/auto_apply.h"
 
 #include "base/text.h"
-#include "settings_window/settings_commands.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/commands.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "settings_window/settings_drawing.h"
+#include "settings_window/drawing.h"
 
 namespace mrl {
 

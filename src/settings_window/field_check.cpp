@@ -4,7 +4,7 @@
 
 #include "base/text.h"
 #include "settings_window/field_values.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

@@ -2,7 +2,7 @@
 #include "settings_window/field_check.h"
 
 #include "base/text.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

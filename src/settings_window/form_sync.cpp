@@ -6,7 +6,7 @@
 #include "settings_window/field_table.h"
 #include "settings_window/field_values.h"
 #include "settings_window/preview.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

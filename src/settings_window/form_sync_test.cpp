@@ -1,7 +1,7 @@
 #include "settings_window/form_sync.h"
 
 #include "settings/settings_sample.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

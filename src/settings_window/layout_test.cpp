@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

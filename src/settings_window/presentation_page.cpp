@@ -11,7 +11,7 @@
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/form_sync.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

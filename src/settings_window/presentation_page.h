@@ -1,5 +1,5 @@
 // The presentations page of the settings window: the decks of a folder, and the running show.
-// reloadFileList() is in settings_form.h. UI thread.
+// reloadFileList() is in form.h. UI thread.
 #pragma once
 
 #include "core/app.h"

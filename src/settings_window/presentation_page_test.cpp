@@ -1,8 +1,8 @@
 #include "settings_window/presentation_page.h"
 
 #include "remote/state.h"
-#include "settings_window/settings_commands.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/commands.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

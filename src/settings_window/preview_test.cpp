@@ -1,7 +1,7 @@
 #include "settings_window/preview.h"
 
+#include "settings_window/fixture.h"
 #include "settings_window/layout.h"
-#include "settings_window/settings_fixture.h"
 
 namespace mrl {
 namespace {

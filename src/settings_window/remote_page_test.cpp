@@ -3,7 +3,7 @@
 #include "http/ipv4.h"
 #include "remote/firewall.h"
 #include "remote/remote_service.h"
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

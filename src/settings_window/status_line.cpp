@@ -1,7 +1,7 @@
 #include "settings_window/status_line.h"
 
 #include "settings_window/control_ids.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

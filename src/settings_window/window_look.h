@@ -5,8 +5,8 @@
 #include <span>
 #include <string>
 
+#include "settings_window/drawing.h"
 #include "settings_window/qr_code.h"
-#include "settings_window/settings_drawing.h"
 
 namespace mrl {
 

@@ -19,7 +19,7 @@
 #include <map>
 #include <string>
 
-#include "settings_window/settings_drawing.h"
+#include "settings_window/drawing.h"
 #include "windows/picture.h"
 
 namespace mrl {

@@ -1,4 +1,4 @@
-// The message boxes, pickers and clipboard of the settings window: see settings_view_win.h.
+// The message boxes, pickers and clipboard of the settings window: see view_win.h.
 #include <windows.h>
 // Must come after <windows.h>.
 #include <commdlg.h>
@@ -9,8 +9,8 @@
 #include "base/com_ref_win.h"
 #include "base/wide_win.h"
 #include "settings_window/file_filters.h"
-#include "settings_window/settings_shapes_win.h"
-#include "settings_window/settings_view_win.h"
+#include "settings_window/shapes_win.h"
+#include "settings_window/view_win.h"
 
 namespace mrl {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <windows.h>
 
-#include "settings_window/settings_paint_win.h"
+#include "settings_window/paint_win.h"
 
 namespace mrl {
 

@@ -1,6 +1,6 @@
 // Shapes painted into a bitmap. Only single pixels inside and outside a shape are checked: the
 // antialiasing of edges is up to the system.
-#include "settings_window/settings_shapes_win.h"
+#include "settings_window/shapes_win.h"
 
 #include <gtest/gtest.h>
 #include <objbase.h>

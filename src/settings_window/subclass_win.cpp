@@ -1,4 +1,4 @@
-#include "settings_window/settings_subclass_win.h"
+#include "settings_window/subclass_win.h"
 
 #include <commctrl.h>
 #include <windowsx.h>

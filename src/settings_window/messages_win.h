@@ -8,7 +8,7 @@
 
 #include "core/app.h"
 #include "overlay/clock_painter_win.h"
-#include "settings_window/settings_view_win.h"
+#include "settings_window/view_win.h"
 
 namespace mrl {
 

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "settings_window/control_table.h"
-#include "settings_window/settings_view.h"
+#include "settings_window/view.h"
 
 namespace mrl {
 

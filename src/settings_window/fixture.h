@@ -9,7 +9,7 @@
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_table.h"
 #include "settings_window/field_table.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 

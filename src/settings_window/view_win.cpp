@@ -1,4 +1,4 @@
-#include "settings_window/settings_view_win.h"
+#include "settings_window/view_win.h"
 
 #include <commctrl.h>
 

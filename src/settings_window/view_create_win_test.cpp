@@ -12,7 +12,7 @@
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "settings_window/name_service_win.h"
-#include "settings_window/settings_view_win.h"
+#include "settings_window/view_win.h"
 
 namespace mrl {
 namespace {

@@ -1,4 +1,4 @@
-#include "settings_window/settings_paint_win.h"
+#include "settings_window/paint_win.h"
 
 #include <objbase.h>
 // Must come after <objbase.h>.

@@ -1,5 +1,5 @@
 // Real controls with our painting: what they request of the look, and the pixels on the screen.
-#include "settings_window/settings_subclass_win.h"
+#include "settings_window/subclass_win.h"
 
 #include <gtest/gtest.h>
 

@@ -11,7 +11,7 @@
 #include "overlay/clock_geometry.h"
 #include "settings/settings.h"
 #include "settings_window/qr_code.h"
-#include "settings_window/settings_view.h"
+#include "settings_window/view.h"
 
 namespace mrl {
 

@@ -1,4 +1,4 @@
-// Creates the settings window and its controls: see settings_view_win.h.
+// Creates the settings window and its controls: see view_win.h.
 #include <windows.h>
 // Must come after <windows.h>.
 #include <commctrl.h>
@@ -10,11 +10,11 @@
 #include "base/window_classes_win.h"
 #include "overlay/clock_geometry.h"
 #include "settings_window/control_ids.h"
-#include "settings_window/settings_shapes_win.h"
-#include "settings_window/settings_subclass_win.h"
-#include "settings_window/settings_view_win.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/shapes_win.h"
 #include "settings_window/spoken_names_win.h"
+#include "settings_window/subclass_win.h"
+#include "settings_window/view_win.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

@@ -1,4 +1,4 @@
-#include "settings_window/settings_shapes_win.h"
+#include "settings_window/shapes_win.h"
 
 #include <objbase.h>
 // Must come after <objbase.h>.

@@ -1,16 +1,16 @@
-#include "settings_window/settings_messages_win.h"
+#include "settings_window/messages_win.h"
 
 #include <commctrl.h>
 #include <windowsx.h>
 
 #include "base/geometry_win.h"
 #include "base/window_classes_win.h"
+#include "settings_window/commands.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
 #include "settings_window/preview.h"
-#include "settings_window/settings_commands.h"
-#include "settings_window/settings_subclass_win.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/subclass_win.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

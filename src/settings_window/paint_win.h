@@ -6,8 +6,8 @@
 #include <string>
 
 #include "base/unique_handle.h"
-#include "settings_window/settings_form.h"
-#include "settings_window/settings_shapes_win.h"
+#include "settings_window/form.h"
+#include "settings_window/shapes_win.h"
 
 namespace mrl {
 

@@ -1,9 +1,9 @@
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
+#include "settings_window/commands.h"
+#include "settings_window/fixture.h"
 #include "settings_window/layout.h"
 #include "settings_window/preview.h"
-#include "settings_window/settings_commands.h"
-#include "settings_window/settings_fixture.h"
 
 namespace mrl {
 namespace {

@@ -1,6 +1,6 @@
-#include "settings_window/settings_commands.h"
+#include "settings_window/commands.h"
 
-#include "settings_window/settings_fixture.h"
+#include "settings_window/fixture.h"
 
 namespace mrl {
 namespace {

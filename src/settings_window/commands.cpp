@@ -1,4 +1,4 @@
-#include "settings_window/settings_commands.h"
+#include "settings_window/commands.h"
 
 #include <algorithm>
 
@@ -15,7 +15,7 @@
 #include "settings_window/presentation_page.h"
 #include "settings_window/preview.h"
 #include "settings_window/remote_page.h"
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 namespace mrl {
 namespace {

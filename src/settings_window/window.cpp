@@ -1,4 +1,4 @@
-#include "settings_window/settings_window.h"
+#include "settings_window/window.h"
 
 #include <algorithm>
 

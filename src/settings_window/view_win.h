@@ -1,4 +1,4 @@
-// SettingsView on Windows: see settings_view.h. SettingsLook paints it; settings_messages_win.h
+// SettingsView on Windows: see view.h. SettingsLook paints it; messages_win.h
 // handles its messages.
 #pragma once
 
@@ -7,8 +7,8 @@
 #include <map>
 
 #include "settings_window/control_table.h"
-#include "settings_window/settings_paint_win.h"
-#include "settings_window/settings_view.h"
+#include "settings_window/paint_win.h"
+#include "settings_window/view.h"
 
 namespace mrl {
 

@@ -1,4 +1,4 @@
-#include "settings_window/settings_drawing.h"
+#include "settings_window/drawing.h"
 
 #include <gtest/gtest.h>
 
