@@ -20,7 +20,7 @@ struct Folder : AppFake {
     real.settings.pptFolder = place.folder;
   }
   PosixPlace place;
-  App real{doors(place.files, audio)};
+  App real{platform(place.files, audio)};
 };
 
 void describeThousandFiles(benchmark::State& state) {

@@ -1,4 +1,4 @@
-// Converts points, rectangles and window handles between Windows and our own types.
+// Converts points, rectangles, sizes and window handles between Windows and our own types.
 #pragma once
 
 #include <windows.h>
@@ -22,6 +22,8 @@ inline Size clientSizeOf(HWND window) {
   GetClientRect(window, &client);
   return {static_cast<int>(client.right), static_cast<int>(client.bottom)};
 }
+
+inline int dpiOf(HWND window) { return static_cast<int>(GetDpiForWindow(window)); }
 
 inline WindowHandle handleFrom(HWND window) { return {reinterpret_cast<intptr_t>(window)}; }
 

@@ -17,6 +17,11 @@ HICON programIcon(HINSTANCE instance, int widthMetric, int heightMetric) {
 
 }  // namespace
 
+bool isWindowClass(HWND window, const wchar_t* name) {
+  wchar_t buffer[80];
+  return GetClassNameW(window, buffer, 80) != 0 && lstrcmpiW(buffer, name) == 0;
+}
+
 void registerWindowClasses(HINSTANCE instance, WNDPROC procedure) {
   const struct {
     const wchar_t* name;

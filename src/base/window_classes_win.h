@@ -1,4 +1,4 @@
-// The window classes of the program; all share one window procedure.
+// The window classes of the program, which all share one window procedure.
 #pragma once
 
 #include <windows.h>
@@ -17,5 +17,8 @@ inline constexpr wchar_t kBlackClass[] = L"Marlune.Native.Black";
 /// Registers all eight. Every window of them must be created with a pointer as its creation
 /// parameter, which `procedure` stores.
 void registerWindowClasses(HINSTANCE instance, WNDPROC procedure);
+
+/// Whether the window is of that class, one of ours or of the system's. Case does not matter.
+bool isWindowClass(HWND window, const wchar_t* name);
 
 }  // namespace mrl

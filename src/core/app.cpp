@@ -16,6 +16,7 @@
 #include "settings/file_kind.h"
 #include "settings/settings_file.h"
 #include "settings_window/control_ids.h"
+#include "settings_window/form_sync.h"
 #include "settings_window/window.h"
 
 namespace mrl {
@@ -32,8 +33,8 @@ void readArguments(App& app, const std::vector<std::u16string>& arguments) {
   const std::u16string_view prefix = kTestRootArgument;
   for (const std::u16string& argument : arguments) {
     if (!argument.starts_with(prefix)) continue;
-    app.testMode = true;
-    app.testRoot = argument.substr(prefix.size());
+    app.testMode.isOn = true;
+    app.testMode.root = argument.substr(prefix.size());
   }
 }
 
@@ -81,8 +82,8 @@ void startService(App& app) {
 void announceReady(App& app) {
   std::u16string error;
   Files& files = app.platform.files;
-  if (!files.createFolders(app.testRoot, error)) {
-    throwFileError(u"create_directories", error, app.testRoot);
+  if (!files.createFolders(app.testMode.root, error)) {
+    throwFileError(u"create_directories", error, app.testMode.root);
   }
   const std::unique_ptr<FileWriter> ready = files.create(inTestRoot(app, u"ready.txt"));
   if (app.remote.running) writeTestFile(app, u"remote.txt", app.remote.pairingKey);
@@ -94,20 +95,20 @@ void announceReady(App& app) {
 std::optional<int> startApp(App& app, const std::vector<std::u16string>& arguments,
                             const std::u16string& defaultSettingsPath) {
   readArguments(app, arguments);
-  if (!app.testMode && handOver(app.platform.instances)) return kExitNormal;
-  app.settingsPath = app.testMode ? inTestRoot(app, kSettingsFileName) : defaultSettingsPath;
+  if (!app.testMode.isOn && handOver(app.platform.instances)) return kExitNormal;
+  app.settingsPath = app.testMode.isOn ? inTestRoot(app, kSettingsFileName) : defaultSettingsPath;
   loadOrDefault(app);
   if (!app.platform.loop.prepareDrawing()) return kExitNoDrawing;
   app.platform.loop.registerWindowClasses();
   if (!createClock(app)) return kExitNoClock;
-  if (!app.testMode) app.platform.instances.announce(app.platform.clockWindow.handle());
+  if (!app.testMode.isOn) app.platform.instances.announce(app.platform.clockWindow.handle());
   correctOffScreen(app);
   app.platform.loop.setTimer(LoopTimer::Tick, kTickPeriodMs);
   showClock(app);
   app.platform.clockWindow.paintNow();
   addTrayIcon(app);
   if (app.settings.remoteAutoStart) startService(app);
-  if (app.testMode) announceReady(app);
+  if (app.testMode.isOn) announceReady(app);
   app.platform.loop.postCommand(kCommandOpenSettings);
   return std::nullopt;
 }
@@ -132,25 +133,27 @@ void setStatus(App& app, const std::u16string& text) {
   if (app.form.isOpen) app.platform.settingsView.setText(kStatusText, text);
 }
 
-bool adoptSettings(App& app, const Settings& changed, std::u16string& error) {
+bool adoptSettings(App& app, const Settings& changed, FormUpdate update, std::u16string& error) {
   if (!saveSettings(app.platform.files, app.settingsPath, changed, error)) return false;
+  const bool listChanged = changed.skipList != app.settings.skipList;
   app.settings = changed;
+  switch (update) {
+    case FormUpdate::None: break;
+    case FormUpdate::Mode: showChangedMode(app); break;
+    case FormUpdate::ClockSize: showChangedSize(app); break;
+    case FormUpdate::All:
+      refillForm(app);
+      if (listChanged) reloadFileList(app);
+      break;
+  }
   return true;
 }
 
-bool adoptSettings(App& app, const Settings& changed) {
+bool adoptSettings(App& app, const Settings& changed, FormUpdate update) {
   std::u16string error;
-  if (adoptSettings(app, changed, error)) return true;
+  if (adoptSettings(app, changed, update, error)) return true;
   setStatus(app, error);
   return false;
-}
-
-bool adoptAndShow(App& app, const Settings& changed, std::u16string& error) {
-  const bool listChanged = changed.skipList != app.settings.skipList;
-  if (!adoptSettings(app, changed, error)) return false;
-  refillForm(app);
-  if (listChanged) reloadFileList(app);
-  return true;
 }
 
 }  // namespace mrl

@@ -23,6 +23,7 @@
 #include "http/request_queue.h"
 #include "http/service_host.h"
 #include "http/sockets.h"
+#include "overlay/clock_drawing.h"
 #include "overlay/clock_geometry.h"
 #include "overlay/clock_window.h"
 #include "overlay/resize_toolbar.h"
@@ -66,9 +67,41 @@ struct Platform {
 /// The exit codes of the process.
 enum ExitCode : int { kExitNormal = 0, kExitNoCom = 1, kExitNoDrawing = 2, kExitNoClock = 3 };
 
+/// Brings a show window to the front again and again: it comes up late, and the system may refuse.
+struct RaisePulse {
+  uint64_t untilMs = 0;  // 0: none
+  uint64_t nextMs = 0;
+};
+
+/// The switch to another deck when the time is up.
+struct DeckSwitch {
+  std::u16string target;  // the deck; empty: no switch
+  uint64_t openAtMs = 0;  // when it is opened
+  bool hold = false;      // the clock stays hidden while the target is shown
+  bool holdSeen = false;  // a poll has seen the target during the hold
+  RaisePulse pulse;
+
+  void endHold() {
+    hold = false;
+    pulse = {};
+  }
+};
+
+/// A show that a remote command started.
+struct StartedShow {
+  std::u16string target;  // its deck
+  RaisePulse pulse;
+};
+
+/// Driven by a test: files of its own, no firewall, no browser.
+struct TestMode {
+  bool isOn = false;
+  std::u16string root;  // the folder of those files
+};
+
 /// Every time field is a reading of the time source in milliseconds; 0 means "not set".
 struct App {
-  explicit App(const Platform& doors) : platform(doors) {}
+  explicit App(const Platform& interfaces) : platform(interfaces) {}
   App(const App&) = delete;
   App& operator=(const App&) = delete;
 
@@ -86,8 +119,7 @@ struct App {
 
   std::u16string lastError;  // the last message for the user
   std::u16string settingsPath;
-  bool testMode = false;
-  std::u16string testRoot;
+  TestMode testMode;
 
   uint64_t lastPollMs = 0;
 
@@ -103,19 +135,10 @@ struct App {
   bool hiddenByRule = false;  // a hide rule, not the user, hid the clock
   bool lastExcluded = false;
 
-  std::u16string switchTarget;  // the deck of the switch after expiry; may outlive the switch
-  bool switchHold = false;      // the clock is hidden until that deck's show has come and gone
-  bool switchHoldSeen = false;  // a poll has seen that show during the hold
-  bool blinkActive = false;
-  uint64_t blinkStartMs = 0;
-  uint64_t blinkEndMs = 0;
-  uint64_t soundStopMs = 0;  // when to stop the sound
-  uint64_t switchAtMs = 0;
-  uint64_t switchPulseUntilMs = 0;
-  uint64_t switchPulseNextMs = 0;
-  std::u16string openPulseTarget;  // a show that a remote command started
-  uint64_t openPulseUntilMs = 0;
-  uint64_t openPulseNextMs = 0;
+  Blink blink;
+  uint64_t soundStopMs = 0;  // when the sound is cut off
+  DeckSwitch deckSwitch;
+  StartedShow startedShow;
 };
 
 /// Start-up: parses the arguments (without the program's name), loads the settings and shows the
@@ -137,12 +160,14 @@ void finishApp(App& app);
 /// If the settings window is closed, it shows the text when it opens.
 void setStatus(App& app, const std::u16string& text);
 
-/// Saves `changed`, then makes it the live record. If the save fails, returns false, keeps the live
-/// record and reports in `error` or, without that parameter, in the status line.
-bool adoptSettings(App& app, const Settings& changed, std::u16string& error);
-bool adoptSettings(App& app, const Settings& changed);
+/// What an open settings window shows anew after a change from outside its form. It overwrites what
+/// was typed there.
+enum class FormUpdate { None, Mode, ClockSize, All };
 
-/// The same for a change from outside the settings window; refreshes what the window shows.
-bool adoptAndShow(App& app, const Settings& changed, std::u16string& error);
+/// The only way to change the live settings: saves `changed`, makes it the live record and updates
+/// the form. If the save fails, returns false, changes nothing and reports in `error` or, without
+/// that parameter, in the status line.
+bool adoptSettings(App& app, const Settings& changed, FormUpdate update, std::u16string& error);
+bool adoptSettings(App& app, const Settings& changed, FormUpdate update);
 
 }  // namespace mrl

@@ -45,17 +45,30 @@ struct AppFake {
   NetworkFake network;
   FirewallRulesFake firewall;
   InstancesFake instances;
-  App app{doors(outside.files, audio)};
+  App app{platform(outside.files, audio)};
 
   /// All interfaces; the caller chooses the two that may be real.
-  Platform doors(Files& files, AudioPlayer& player) {
-    return {clock,           files,        outside.automation,
-            outside.windows, screens,      loop,
-            clockWindow,     toolbar,      blackScreen,
-            player,          tray,         menu,
-            shell,           settingsView, sockets,
-            requests,        serviceHost,  network,
-            firewall,        instances};
+  Platform platform(Files& files, AudioPlayer& player) {
+    return {.clock = clock,
+            .files = files,
+            .automation = outside.automation,
+            .windows = outside.windows,
+            .screens = screens,
+            .loop = loop,
+            .clockWindow = clockWindow,
+            .resizeToolbar = toolbar,
+            .blackScreen = blackScreen,
+            .audio = player,
+            .tray = tray,
+            .menu = menu,
+            .shell = shell,
+            .settingsView = settingsView,
+            .sockets = sockets,
+            .requests = requests,
+            .serviceHost = serviceHost,
+            .network = network,
+            .firewall = firewall,
+            .instances = instances};
   }
 };
 

@@ -32,7 +32,7 @@ TEST_F(AppTest, StartsWithDefaultsAndAWritableFile) {
 
 TEST_F(AppTest, WithoutATestRootTheDefaultPathCounts) {
   start();
-  EXPECT_FALSE(app.testMode);
+  EXPECT_FALSE(app.testMode.isOn);
   EXPECT_EQ(app.settingsPath, kSettingsPath);
 }
 
@@ -44,29 +44,29 @@ TEST_F(AppTest, ATestRootThatIsADriveMeansItsCurrentFolder) {
 
 TEST_F(AppTest, TheTestRootHoldsTheSettings) {
   EXPECT_EQ(startWithArguments({u"--test-root=C:\\trial"}), std::nullopt);
-  EXPECT_TRUE(app.testMode);
+  EXPECT_TRUE(app.testMode.isOn);
   EXPECT_EQ(app.settingsPath, u"C:\\trial\\settings.dat");
   EXPECT_TRUE(files().exists(u"C:\\trial\\settings.dat"));
 }
 
 TEST_F(AppTest, OfTwoTestRootsTheLaterCounts) {
   (void)startWithArguments({u"--test-root=C:\\one", u"--test-root=C:\\two"});
-  EXPECT_EQ(app.testRoot, u"C:\\two");
+  EXPECT_EQ(app.testMode.root, u"C:\\two");
 }
 
 TEST_F(AppTest, ATestRootWithBlanksArrivesWhole) {
   (void)startWithArguments({u"--test-root=C:\\my talks\\trial run"});
-  EXPECT_EQ(app.testRoot, u"C:\\my talks\\trial run");
+  EXPECT_EQ(app.testMode.root, u"C:\\my talks\\trial run");
 }
 
 TEST_F(AppTest, TheCaseOfTheArgumentCounts) {
   (void)startWithArguments({u"--Test-Root=C:\\one"});
-  EXPECT_FALSE(app.testMode);
+  EXPECT_FALSE(app.testMode.isOn);
 }
 
 TEST_F(AppTest, OtherArgumentsAreIgnored) {
   (void)startWithArguments({u"--help", u"C:\\talk.pptx", u"x--test-root=C:\\one"});
-  EXPECT_FALSE(app.testMode);
+  EXPECT_FALSE(app.testMode.isOn);
 }
 
 TEST_F(AppTest, WithoutAFileTheClockStartsNearTheTopRightCorner) {
@@ -306,7 +306,7 @@ TEST_F(AppTest, TheEndStopsWhatIsInFlightAndWritesNothing) {
   app.settings.duration = 1;
   const std::string before = files().bytesOf(kSettingsPath);
   finishApp(app);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
   EXPECT_EQ(files().bytesOf(kSettingsPath), before);
 }
 
@@ -319,13 +319,13 @@ TEST_F(AppTest, ChangedSettingsAreAdoptedOnlyWhenTheyWereSaved) {
   start();
   Settings changed = app.settings;
   changed.duration = 60;
-  EXPECT_TRUE(adoptSettings(app, changed));
+  EXPECT_TRUE(adoptSettings(app, changed, FormUpdate::None));
   EXPECT_EQ(app.settings.duration, 60u);
   EXPECT_EQ(saved().duration, 60u);
 
   changed.duration = 70;
   files().failing = {FilesFake::Operation::Replace};
-  EXPECT_FALSE(adoptSettings(app, changed));
+  EXPECT_FALSE(adoptSettings(app, changed, FormUpdate::None));
   EXPECT_EQ(app.settings.duration, 60u);
   EXPECT_EQ(app.lastError, u"Atomic configuration replacement failed");
   files().failing.clear();

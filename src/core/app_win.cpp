@@ -21,12 +21,6 @@
 namespace mrl {
 namespace {
 
-bool isClass(HWND window, std::wstring_view name) {
-  wchar_t buffer[80];
-  const int length = GetClassNameW(window, buffer, static_cast<int>(std::size(buffer)));
-  return name == std::wstring_view(buffer, static_cast<size_t>(length));
-}
-
 LRESULT CALLBACK windowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_NCCREATE) {
     const auto* creation = reinterpret_cast<const CREATESTRUCTW*>(lParam);
@@ -52,9 +46,26 @@ AppWin::AppWin(HINSTANCE programInstance)
       blackScreen(programInstance, this),
       tray(programInstance, clockWindow),
       settingsView(programInstance, this, app.form),
-      app({clock,         files,       automation,  windows, screens,  *this,    clockWindow,
-           resizeToolbar, blackScreen, audio,       tray,    menu,     shell,    settingsView,
-           sockets,       requests,    serviceHost, network, firewall, instances}),
+      app({.clock = clock,
+           .files = files,
+           .automation = automation,
+           .windows = windows,
+           .screens = screens,
+           .loop = *this,
+           .clockWindow = clockWindow,
+           .resizeToolbar = resizeToolbar,
+           .blackScreen = blackScreen,
+           .audio = audio,
+           .tray = tray,
+           .menu = menu,
+           .shell = shell,
+           .settingsView = settingsView,
+           .sockets = sockets,
+           .requests = requests,
+           .serviceHost = serviceHost,
+           .network = network,
+           .firewall = firewall,
+           .instances = instances}),
       settingsMessages(app, settingsView, painter) {}
 
 int AppWin::run(const std::vector<std::u16string>& arguments) {
@@ -81,9 +92,12 @@ LRESULT AppWin::handleMessage(HWND window, UINT message, WPARAM wParam, LPARAM l
       }
       break;
   }
-  if (isClass(window, kTimerClass)) return handleClockMessage(window, message, wParam, lParam);
-  if (isClass(window, kResizeClass)) return handleToolbarMessage(window, message, wParam, lParam);
-  if (isClass(window, kBlackClass)) return handleBlackMessage(window, message, wParam, lParam);
+  if (isWindowClass(window, kTimerClass))
+    return handleClockMessage(window, message, wParam, lParam);
+  if (isWindowClass(window, kResizeClass))
+    return handleToolbarMessage(window, message, wParam, lParam);
+  if (isWindowClass(window, kBlackClass))
+    return handleBlackMessage(window, message, wParam, lParam);
   if (const auto result = settingsMessages.handle(window, message, wParam, lParam)) return *result;
   return DefWindowProcW(window, message, wParam, lParam);
 }

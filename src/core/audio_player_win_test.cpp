@@ -74,7 +74,7 @@ class AudioPlayerWinTest : public AppFixture {
   }
 
   AudioPlayerWin player;
-  App real{doors(outside.files, player)};
+  App real{platform(outside.files, player)};
   std::wstring path;
 };
 

@@ -223,7 +223,7 @@ TEST_F(AudioTest, AFailureStopsNeitherTheTimerNorTheOtherActions) {
   audio.openError = u"找不到文件";
   runOut();
   EXPECT_EQ(app.lastError, u"音频播放失败：找不到文件");
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
   runFor(5000);
   EXPECT_EQ(elapsedMs(), 65'000);
 }

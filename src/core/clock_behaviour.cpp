@@ -1,7 +1,5 @@
 #include "core/clock_behaviour.h"
 
-#include "settings_window/form_sync.h"
-
 namespace mrl {
 namespace {
 
@@ -23,7 +21,7 @@ bool saveGeometry(App& app) {
   changed.windowY = rect.top;
   changed.windowWidth = static_cast<uint32_t>(units.width);
   changed.windowHeight = static_cast<uint32_t>(units.height);
-  return adoptSettings(app, changed);
+  return adoptSettings(app, changed, FormUpdate::ClockSize);
 }
 
 void beginCornerDrag(App& app, CornerHit hit) {
@@ -34,8 +32,7 @@ void beginCornerDrag(App& app, CornerHit hit) {
 }  // namespace
 
 bool isBlinkOn(const App& app) {
-  return isBlinkOn(Blink{app.blinkActive, app.blinkStartMs, app.blinkEndMs}, app.settings,
-                   app.platform.clock.nowMs());
+  return isBlinkOn(app.blink, app.settings, app.platform.clock.nowMs());
 }
 
 ClockPicture clockPicture(const App& app) {
@@ -55,8 +52,8 @@ void showClock(App& app) {
 void applyHideRules(App& app) {
   ClockWindow& window = app.platform.clockWindow;
   const bool hide =
-      app.switchHold || overlayHidden(app.settings, app.timer, app.platform.clock.nowMs(),
-                                      app.lastExcluded, app.lastStatus.presentationsOpen);
+      app.deckSwitch.hold || overlayHidden(app.settings, app.timer, app.platform.clock.nowMs(),
+                                           app.lastExcluded, app.lastStatus.presentationsOpen);
   if (hide && window.isVisible()) {
     window.hide();
     app.hiddenByRule = true;
@@ -80,13 +77,7 @@ void placeToolbar(App& app) {
 
 void toggleResizeMode(App& app) {
   app.resizeMode = !app.resizeMode;
-  if (!app.resizeMode) {
-    if (saveGeometry(app)) {
-      showChangedSize(app);
-    } else {
-      app.resizeMode = true;
-    }
-  }
+  if (!app.resizeMode && !saveGeometry(app)) app.resizeMode = true;
   updateResizeToolbar(app);
 }
 
@@ -94,10 +85,9 @@ void restoreDefaultSize(App& app) {
   Settings changed = app.settings;
   changed.windowWidth = static_cast<uint32_t>(kDefaultClockUnits.width);
   changed.windowHeight = static_cast<uint32_t>(kDefaultClockUnits.height);
-  if (!adoptSettings(app, changed)) return;
+  if (!adoptSettings(app, changed, FormUpdate::ClockSize)) return;
   ClockWindow& clock = app.platform.clockWindow;
   clock.resize(clockPixels(kDefaultClockUnits, clock.dpi()));
-  showChangedSize(app);
 }
 
 void onClockPress(App& app) { app.platform.clockWindow.beginMove(); }
@@ -108,7 +98,7 @@ void onClockMoveEnded(App& app) {
   Settings changed = app.settings;
   changed.windowX = rect.left;
   changed.windowY = rect.top;
-  (void)adoptSettings(app, changed);
+  (void)adoptSettings(app, changed, FormUpdate::None);
 }
 
 CornerHit clockHitTest(const App& app, Point cursor) {

@@ -159,7 +159,7 @@ TEST_F(ClockBehaviourTest, AProtectedFileIsReplacedWhenResizeModeEnds) {
 TEST_F(ClockBehaviourTest, TheDefaultSizeIsSavedAndTakenAtOnceWithoutLeavingTheMode) {
   Settings wide = app.settings;
   wide.windowWidth = 600;
-  ASSERT_TRUE(adoptSettings(app, wide));
+  ASSERT_TRUE(adoptSettings(app, wide, FormUpdate::None));
   clockWindow.windowDpi = 144;
   enterResizeMode();
   runCommand(app, kCommandDefaultSize);

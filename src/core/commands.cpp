@@ -6,7 +6,6 @@
 #include "core/test_files.h"
 #include "remote/addresses.h"
 #include "settings_window/control_table.h"
-#include "settings_window/form_sync.h"
 #include "settings_window/remote_page.h"
 #include "settings_window/window.h"
 
@@ -43,12 +42,12 @@ void setClockVisible(App& app, bool visible) {
 void setMode(App& app, bool automatic) {
   Settings changed = app.settings;
   changed.autoMode = automatic;
-  if (!adoptSettings(app, changed)) return;
-  showChangedMode(app);
+  if (!adoptSettings(app, changed, FormUpdate::Mode)) return;
   // Now, not at the next poll: automatic mode chosen during a show starts the timer at once.
-  followShow(app.follower, app.timer, app.settings,
-             observe(app.platform.files, app.lastStatus, app.lastExcluded, app.switchTarget),
-             app.platform.clock.nowMs());
+  followShow(
+      app.follower, app.timer, app.settings,
+      observeShow(app.platform.files, app.lastStatus, app.lastExcluded, app.deckSwitch.target),
+      app.platform.clock.nowMs());
 }
 
 void exitProgram(App& app) {
@@ -61,7 +60,7 @@ void openRemotePage(App& app) {
     selectPage(app, kRemotePage);
     setStatus(app, kStartFirst);
     refreshRemotePage(app);
-  } else if (app.testMode) {
+  } else if (app.testMode.isOn) {
     writeTestFile(app, u"remote-opened.txt", "opened");
   } else {
     // Ignored: the shell shows its own error.
@@ -74,7 +73,7 @@ void refreshRemoteAddress(App& app) {
   setStatus(app, app.remote.running ? kAddressShown : kNotRunning);
 }
 
-void dispatch(App& app, int command) {
+void performCommand(App& app, int command) {
   switch (command) {
     case kCommandToggleTimer: return toggleTimer(app);
     case kCommandReset: resetTimer(app.timer); return clearRuntime(app);
@@ -101,7 +100,7 @@ void dispatch(App& app, int command) {
 }  // namespace
 
 void runCommand(App& app, int command) {
-  dispatch(app, command);
+  performCommand(app, command);
   app.platform.clockWindow.invalidate();
 }
 

@@ -35,7 +35,7 @@ TEST_F(CommandsTest, ResetStopsTheTimerAndWhatIsInFlight) {
   clock.advance(5000);
   runCommand(app, kCommandReset);
   EXPECT_EQ(app.timer, TimerState{});
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(CommandsTest, PauseOrResumeDoesNothingOnAnIdleTimer) {
@@ -152,7 +152,7 @@ TEST_F(CommandsTest, AutomaticModeWhileTheDeckOfASwitchIsShownStartsNothing) {
   runCommand(app, kCommandManualMode);
   startShow(kDeck);
   waitForPoll();
-  app.switchTarget = kDeck;
+  app.deckSwitch.target = kDeck;
   app.follower.switchPending = true;
   runCommand(app, kCommandAutoMode);
   EXPECT_EQ(phase(), TimerPhase::Idle);

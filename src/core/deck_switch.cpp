@@ -19,40 +19,37 @@ constexpr uint64_t kPulsePeriodMs = 250;
 /// stay hidden.
 void lookForTarget(App& app) {
   const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
-  if (!showsDocument(app.platform.files, status, app.switchTarget)) return;
-  app.switchHoldSeen = true;
+  if (!showsDocument(app.platform.files, status, app.deckSwitch.target)) return;
+  app.deckSwitch.holdSeen = true;
   followShow(app.follower, app.timer, app.settings,
-             observe(app.platform.files, status, false, app.switchTarget),
+             observeShow(app.platform.files, status, false, app.deckSwitch.target),
              app.platform.clock.nowMs());
 }
 
 /// Ends the effects of the expiry and hides the clock. The tick shows it again after the show.
-void holdForTarget(App& app) {
-  app.blinkActive = false;
-  app.blinkEndMs = 0;
+void hideForTarget(App& app) {
+  app.blink.stop();
   closeAudio(app);
   setBlack(app, false);
-  app.switchHold = true;
-  app.switchHoldSeen = false;
+  app.deckSwitch.hold = true;
+  app.deckSwitch.holdSeen = false;
   // A clock that the user hid is not marked, so that it stays hidden after the show.
   if (app.platform.clockWindow.isVisible()) {
     app.platform.clockWindow.hide();
     app.hiddenByRule = true;
   }
   lookForTarget(app);
-  if (!app.switchHold) return;  // a reset ran during that poll
-  app.switchPulseUntilMs = app.platform.clock.nowMs() + kPulseLengthMs;
-  app.switchPulseNextMs = 0;
+  if (!app.deckSwitch.hold) return;  // a reset ran during that poll
+  app.deckSwitch.pulse = {.untilMs = app.platform.clock.nowMs() + kPulseLengthMs};
 }
 
-void pulse(App& app, const std::u16string& target, uint64_t& untilMs, uint64_t& nextMs,
-           uint64_t nowMs) {
-  if (untilMs == 0) return;
-  if (nowMs >= untilMs) {
-    untilMs = nextMs = 0;
-  } else if (nowMs >= nextMs) {
+void raiseIfDue(App& app, const std::u16string& target, RaisePulse& pulse, uint64_t nowMs) {
+  if (pulse.untilMs == 0) return;
+  if (nowMs >= pulse.untilMs) {
+    pulse = {};
+  } else if (nowMs >= pulse.nextMs) {
     // Set before the call, in which a reset may run and clear it.
-    nextMs = nowMs + kPulsePeriodMs;
+    pulse.nextMs = nowMs + kPulsePeriodMs;
     // A copy, because such a reset also clears App's own string.
     raiseDocumentShow(app.platform.presentation(), app.automation, std::u16string(target));
   }
@@ -62,42 +59,50 @@ void pulse(App& app, const std::u16string& target, uint64_t& untilMs, uint64_t& 
 
 void beginDeckSwitch(App& app, uint64_t nowMs) {
   // From here on only the new deck is raised.
-  app.openPulseUntilMs = 0;
-  app.openPulseNextMs = 0;
-  app.openPulseTarget.clear();
+  app.startedShow = {};
   pauseTimer(app.timer, nowMs);
-  app.switchTarget = app.settings.switchDeck;
+  app.deckSwitch.target = app.settings.switchDeck;
   app.follower.switchPending = true;
   app.follower.switchSeen = false;
   // A delayed reset that came due during the switch would cancel the switch.
   app.follower.resetAtMs = 0;
   std::u16string ignored;  // there may be no show to exit
   (void)sendShowCommand(app.platform.presentation(), app.automation, "exit", ignored);
-  if (app.follower.switchPending) app.switchAtMs = nowMs + kExitDelayMs;  // not reset meanwhile
+  if (app.follower.switchPending)
+    app.deckSwitch.openAtMs = nowMs + kExitDelayMs;  // not reset meanwhile
 }
 
 void continueDeckSwitch(App& app, uint64_t nowMs) {
-  if (app.switchAtMs == 0 || nowMs < app.switchAtMs) return;
-  app.switchAtMs = 0;
+  if (app.deckSwitch.openAtMs == 0 || nowMs < app.deckSwitch.openAtMs) return;
+  app.deckSwitch.openAtMs = 0;
   std::u16string error;
-  const std::u16string target = app.switchTarget;  // a reset during the call clears App's own
+  const std::u16string target = app.deckSwitch.target;  // a reset during the call clears App's own
   if (tryOpenDocument(app.platform.presentation(), app.automation, target, true, error)) {
     // Empty after a reset: the deck plays on, but the clock stays visible.
-    if (!app.switchTarget.empty()) holdForTarget(app);
+    if (!app.deckSwitch.target.empty()) hideForTarget(app);
     return;
   }
   // Only the switch ends: the timer stays paused, and blink and sound go on.
   app.follower.switchPending = false;
   app.follower.switchSeen = false;
-  app.switchTarget.clear();
+  app.deckSwitch.target.clear();
   setStatus(app, error);
 }
 
+void updateHold(App& app, bool isTargetShown) {
+  if (!app.deckSwitch.hold) return;
+  if (isTargetShown) {
+    app.deckSwitch.holdSeen = true;
+  } else if (app.deckSwitch.holdSeen) {
+    app.deckSwitch.endHold();
+  }
+}
+
 void raiseStartedShows(App& app, uint64_t nowMs) {
-  pulse(app, app.switchTarget, app.switchPulseUntilMs, app.switchPulseNextMs, nowMs);
-  pulse(app, app.openPulseTarget, app.openPulseUntilMs, app.openPulseNextMs, nowMs);
-  // switchTarget is kept after its pulse: polls compare the running show with it.
-  if (app.openPulseUntilMs == 0) app.openPulseTarget.clear();
+  raiseIfDue(app, app.deckSwitch.target, app.deckSwitch.pulse, nowMs);
+  raiseIfDue(app, app.startedShow.target, app.startedShow.pulse, nowMs);
+  // The switch's target is kept after its pulse: polls compare the running show with it.
+  if (app.startedShow.pulse.untilMs == 0) app.startedShow.target.clear();
 }
 
 }  // namespace mrl

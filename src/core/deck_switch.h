@@ -15,6 +15,9 @@ void beginDeckSwitch(App& app, uint64_t nowMs);
 /// gone. A deck that can't be played ends the switch and is reported.
 void continueDeckSwitch(App& app, uint64_t nowMs);
 
+/// Called with each poll: once the target's show was seen and is gone, the clock may come back.
+void updateHold(App& app, bool isTargetShown);
+
 /// Raises the shows that were just started, four times a second for two seconds: a show window may
 /// appear late, and the system may refuse to change the foreground window.
 void raiseStartedShows(App& app, uint64_t nowMs);

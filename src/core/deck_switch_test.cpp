@@ -72,21 +72,21 @@ TEST_F(DeckSwitchTest, TheEndOfTheTimePausesTheTimerAndExitsTheShow) {
   EXPECT_EQ(phase(), TimerPhase::Paused);
   EXPECT_EQ(elapsedMs(), 10'000);
   EXPECT_TRUE(program->shows.empty());
-  EXPECT_EQ(app.switchTarget, kOtherDeck);
+  EXPECT_EQ(app.deckSwitch.target, kOtherDeck);
   EXPECT_TRUE(app.follower.switchPending);
-  EXPECT_EQ(app.switchAtMs, clock.nowMs() + 500);
+  EXPECT_EQ(app.deckSwitch.openAtMs, clock.nowMs() + 500);
 }
 
 TEST_F(DeckSwitchTest, ItDropsAResetThatWasPendingAnOpenPulseAndWhatAnEarlierSwitchSaw) {
   app.follower.switchSeen = true;
   app.follower.resetAtMs = clock.nowMs() + 1;
-  app.openPulseTarget = kDeck;
-  app.openPulseUntilMs = app.openPulseNextMs = clock.nowMs() + 1000;
+  app.startedShow.target = kDeck;
+  app.startedShow.pulse.untilMs = app.startedShow.pulse.nextMs = clock.nowMs() + 1000;
   fireExpiry(app, clock.nowMs());
   EXPECT_EQ(app.follower.resetAtMs, 0u);
   EXPECT_FALSE(app.follower.switchSeen);
-  EXPECT_EQ(app.openPulseTarget, u"");
-  EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 0u);
+  EXPECT_EQ(app.startedShow.target, u"");
+  EXPECT_EQ(app.startedShow.pulse.untilMs + app.startedShow.pulse.nextMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, WithExitAsWellTheCommandGoesOutTwiceAndOnlyTheFirstIsReported) {
@@ -122,13 +122,13 @@ TEST_F(DeckSwitchTest, TheDelayCountsFromTheEndOfTheTimeHoweverSlowTheExit) {
   const uint64_t now = clock.nowMs();
   fireExpiry(app, now);
   EXPECT_EQ(clock.nowMs(), now + 3000);
-  EXPECT_EQ(app.switchAtMs, now + 500);
+  EXPECT_EQ(app.deckSwitch.openAtMs, now + 500);
 }
 
 TEST_F(DeckSwitchTest, ThePulsesCountFromTheStartOfTheShowHoweverSlowThatWas) {
   slowDown("method settings.Run", 30'000);
   switchOver();
-  EXPECT_EQ(app.switchPulseUntilMs, clock.nowMs() + 2000);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs, clock.nowMs() + 2000);
 }
 
 TEST_F(DeckSwitchTest, AnExitThatFailsIsNotReported) {
@@ -145,7 +145,7 @@ TEST_F(DeckSwitchTest, TheDeckIsOpenedAndPlayedHalfASecondLater) {
   EXPECT_EQ(times("method settings.Run"), 1);
   ASSERT_EQ(program->shows.size(), 1u);
   EXPECT_EQ(program->shows.front()->deck->path, kOtherDeck);
-  EXPECT_EQ(app.switchAtMs, 0u);
+  EXPECT_EQ(app.deckSwitch.openAtMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded) {
@@ -157,10 +157,10 @@ TEST_F(DeckSwitchTest, WhileTheDeckIsShownTheClockIsHiddenAndAllEffectsHaveEnded
   app.settings.black = true;
   switchOver();
   EXPECT_FALSE(clockWindow.visible);
-  EXPECT_TRUE(app.hiddenByRule && app.switchHold && app.switchHoldSeen);
-  EXPECT_FALSE(app.blinkActive || app.blackActive || blackScreen.covering);
+  EXPECT_TRUE(app.hiddenByRule && app.deckSwitch.hold && app.deckSwitch.holdSeen);
+  EXPECT_FALSE(app.blink.active || app.blackActive || blackScreen.covering);
   EXPECT_FALSE(audio.isOpen);
-  EXPECT_EQ(app.blinkEndMs + app.soundStopMs, 0u);
+  EXPECT_EQ(app.blink.endMs + app.soundStopMs, 0u);
   runFor(30'000);
   EXPECT_FALSE(clockWindow.visible) << "for as long as it is shown";
   EXPECT_EQ(phase(), TimerPhase::Paused);
@@ -173,7 +173,7 @@ TEST_F(DeckSwitchTest, TheShowIsRaisedFourTimesASecondForTwoSeconds) {
   runFor(2000);
   // Ticks come every 100 ms, so the pulses of 250 ms fall on every third of them.
   EXPECT_EQ(times("topmost 600") - atStart, 6);
-  EXPECT_EQ(app.switchPulseUntilMs + app.switchPulseNextMs, 0u);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs + app.deckSwitch.pulse.nextMs, 0u);
   const long atEnd = times("topmost 600");
   runFor(5000);
   EXPECT_EQ(times("topmost 600"), atEnd);
@@ -184,7 +184,7 @@ TEST_F(DeckSwitchTest, WhenTheDeckHasEndedTheClockComesBackAndTheTimerStaysPause
   waitForPoll();
   endTarget();
   waitForPoll();
-  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(app.deckSwitch.hold);
   EXPECT_TRUE(clockWindow.visible);
   EXPECT_EQ(phase(), TimerPhase::Paused);
 }
@@ -205,22 +205,22 @@ TEST_F(DeckSwitchTest, TheDeckIsFollowedAtOnceAndNotOnlyFromTheNextPollOn) {
   EXPECT_TRUE(app.follower.switchSeen);
   endTarget();
   waitForPoll();
-  EXPECT_FALSE(app.switchHold) << "it was seen, though no poll of the tick ever saw it";
+  EXPECT_FALSE(app.deckSwitch.hold) << "it was seen, though no poll of the tick ever saw it";
   EXPECT_TRUE(clockWindow.visible);
 }
 
 TEST_F(DeckSwitchTest, UntilTheDeckIsSeenTheClockStaysHiddenWhateverAnEarlierSwitchSaw) {
   runOut();
-  app.switchHoldSeen = true;
+  app.deckSwitch.holdSeen = true;
   outside.automation.beforeCall = [&](const std::string& entry) {
     if (entry != "get show.HWND") return;
     program->shows.clear();  // its window takes long to appear
     outside.windows.windows.clear();
   };
   runFor(kExitDelayMs);
-  EXPECT_FALSE(app.switchHoldSeen);
+  EXPECT_FALSE(app.deckSwitch.holdSeen);
   waitForPoll();
-  EXPECT_TRUE(app.switchHold);
+  EXPECT_TRUE(app.deckSwitch.hold);
   EXPECT_FALSE(clockWindow.visible);
 }
 
@@ -231,7 +231,7 @@ TEST_F(DeckSwitchTest, AClockThatTheUserHidBeforeStaysHiddenAfterTheDeck) {
   EXPECT_FALSE(app.hiddenByRule);
   endTarget();
   waitForPoll();
-  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(app.deckSwitch.hold);
   EXPECT_FALSE(clockWindow.visible);
 }
 
@@ -241,7 +241,7 @@ TEST_F(DeckSwitchTest, AfterTheDeckAHideRuleStillKeepsTheClockAway) {
   endTarget();
   program->decks.clear();
   waitForPoll();
-  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(app.deckSwitch.hold);
   EXPECT_FALSE(clockWindow.visible);
 }
 
@@ -249,9 +249,9 @@ TEST_F(DeckSwitchTest, AResetWhileTheDeckIsShownEndsTheSwitchAndBringsTheClockBa
   switchOver();
   runCommand(app, kCommandReset);
   runFor(kTickMs);
-  EXPECT_FALSE(app.switchHold || app.follower.switchPending || app.follower.switchSeen);
+  EXPECT_FALSE(app.deckSwitch.hold || app.follower.switchPending || app.follower.switchSeen);
   EXPECT_TRUE(clockWindow.visible);
-  EXPECT_EQ(app.switchPulseUntilMs, 0u);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, WhenTheDeckIsClosedTheTimerIsReset) {
@@ -279,7 +279,7 @@ TEST_F(DeckSwitchTest, WhileTheOldShowIsStillExitingEverythingStaysAsItIs) {
   outside.automation.fail("view.Exit");
   outside.windows.keysTaken = 0;
   runOut();
-  app.switchAtMs = clock.nowMs() + 60'000;  // a slow application
+  app.deckSwitch.openAtMs = clock.nowMs() + 60'000;  // a slow application
   runFor(6000);
   EXPECT_EQ(phase(), TimerPhase::Paused);
   EXPECT_TRUE(app.follower.switchPending);
@@ -292,8 +292,8 @@ TEST_F(DeckSwitchTest, ADeckThatIsGoneIsToldAndNothingHidesTheClock) {
   EXPECT_EQ(app.lastError, u"演示文件不存在");
   EXPECT_EQ(phase(), TimerPhase::Paused);
   EXPECT_TRUE(clockWindow.visible);
-  EXPECT_FALSE(app.follower.switchPending || app.switchHold);
-  EXPECT_EQ(app.switchTarget, u"");
+  EXPECT_FALSE(app.follower.switchPending || app.deckSwitch.hold);
+  EXPECT_EQ(app.deckSwitch.target, u"");
 }
 
 TEST_F(DeckSwitchTest, ADeckThatIsGoneEndsTheSwitchEvenIfItsShowWasSeen) {
@@ -310,9 +310,9 @@ TEST_F(DeckSwitchTest, ADeckThatIsGoneLeavesBlinkAndSoundGoing) {
   app.settings.soundFile = u"C:\\bell.wav";
   switchOver();
   EXPECT_EQ(app.lastError, u"演示文件不存在");
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
   EXPECT_TRUE(audio.isPlaying);
-  EXPECT_EQ(app.switchPulseUntilMs, 0u);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, AnEmptyDeckIsToldTheSameWay) {
@@ -354,8 +354,8 @@ TEST_F(DeckSwitchTest, AResetWhileTheDeckIsBeingStartedLeavesTheClockInSight) {
   resetDuring("method settings.Run");
   runFor(kExitDelayMs);
   ASSERT_EQ(program->shows.size(), 1u) << "what is being started can't be called back";
-  EXPECT_FALSE(app.switchHold);
-  EXPECT_EQ(app.switchPulseUntilMs, 0u);
+  EXPECT_FALSE(app.deckSwitch.hold);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs, 0u);
   waitForPoll();
   EXPECT_TRUE(clockWindow.visible);
 }
@@ -363,28 +363,28 @@ TEST_F(DeckSwitchTest, AResetWhileTheDeckIsBeingStartedLeavesTheClockInSight) {
 TEST_F(DeckSwitchTest, AResetWhileTheScreenIsLookedAtStillOpensTheDeckThatWasMeant) {
   runOut();
   during("get application.Presentations", [this] {
-    if (app.switchAtMs == 0) runCommand(app, kCommandReset);
+    if (app.deckSwitch.openAtMs == 0) runCommand(app, kCommandReset);
   });
   runFor(kExitDelayMs);
   ASSERT_EQ(program->shows.size(), 1u);
   EXPECT_EQ(program->shows.front()->deck->path, kOtherDeck);
-  EXPECT_FALSE(app.switchHold);
+  EXPECT_FALSE(app.deckSwitch.hold);
 }
 
 TEST_F(DeckSwitchTest, AResetWhileTheNewShowIsLookedForRaisesNothing) {
   runOut();
   resetDuring("get slide.SlideIndex");
   runFor(kExitDelayMs);
-  EXPECT_FALSE(app.switchHold);
-  EXPECT_EQ(app.switchPulseUntilMs + app.switchPulseNextMs, 0u);
+  EXPECT_FALSE(app.deckSwitch.hold);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs + app.deckSwitch.pulse.nextMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, AResetWhileTheNewShowIsRaisedEndsThePulse) {
   switchOver();
   resetDuring("get slide.SlideIndex");
   runFor(kTickMs * 3);
-  EXPECT_FALSE(app.switchHold);
-  EXPECT_EQ(app.switchPulseUntilMs + app.switchPulseNextMs, 0u);
+  EXPECT_FALSE(app.deckSwitch.hold);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs + app.deckSwitch.pulse.nextMs, 0u);
 }
 
 TEST_F(DeckSwitchTest, ARaiseThatHasBegunIsOfTheDeckThatItWasMeantFor) {
@@ -392,7 +392,7 @@ TEST_F(DeckSwitchTest, ARaiseThatHasBegunIsOfTheDeckThatItWasMeantFor) {
   const long before = times("topmost 600");
   resetDuring("get slide.SlideIndex");
   app.lastPollMs = clock.nowMs() + kTickMs;  // only the pulse polls in this tick
-  app.switchPulseNextMs = 0;
+  app.deckSwitch.pulse.nextMs = 0;
   runFor(kTickMs);
   EXPECT_EQ(times("topmost 600"), before + 1);
 }
@@ -400,11 +400,11 @@ TEST_F(DeckSwitchTest, ARaiseThatHasBegunIsOfTheDeckThatItWasMeantFor) {
 TEST_F(DeckSwitchTest, TheNextRaiseIsDueAQuarterOfASecondAfterTheTickHoweverSlowTheLastWas) {
   startShow(kDeck);
   slowDown("get slide.SlideIndex", 400);
-  app.openPulseTarget = kDeck;
-  app.openPulseUntilMs = clock.nowMs() + 2000;
+  app.startedShow.target = kDeck;
+  app.startedShow.pulse.untilMs = clock.nowMs() + 2000;
   const uint64_t now = clock.nowMs();
   tick(app);
-  EXPECT_EQ(app.openPulseNextMs, now + 250);
+  EXPECT_EQ(app.startedShow.pulse.nextMs, now + 250);
 }
 
 TEST_F(DeckSwitchTest, TheProgramMayEndWhileTheDeckIsBeingStarted) {
@@ -421,14 +421,14 @@ TEST_F(DeckSwitchTest, TheProgramMayEndWhileTheDeckIsBeingStarted) {
 
 TEST_F(DeckSwitchTest, AShowThatARemoteCommandStartedIsRaisedForTwoSecondsToo) {
   startShow(kDeck);
-  app.openPulseTarget = kDeck;
-  app.openPulseUntilMs = clock.nowMs() + 2000;
+  app.startedShow.target = kDeck;
+  app.startedShow.pulse.untilMs = clock.nowMs() + 2000;
   runFor(kTickMs);
   EXPECT_EQ(times("topmost 500"), 1);
   runFor(2000);
   EXPECT_EQ(times("topmost 500"), 7);
-  EXPECT_EQ(app.openPulseTarget, u"");
-  EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 0u);
+  EXPECT_EQ(app.startedShow.target, u"");
+  EXPECT_EQ(app.startedShow.pulse.untilMs + app.startedShow.pulse.nextMs, 0u);
 }
 
 }  // namespace

@@ -8,9 +8,7 @@
 namespace mrl {
 
 void startBlink(App& app, uint32_t seconds) {
-  app.blinkActive = true;
-  app.blinkStartMs = app.platform.clock.nowMs();
-  app.blinkEndMs = seconds > 0 ? app.blinkStartMs + uint64_t{seconds} * 1000 : 0;
+  app.blink.start(app.platform.clock.nowMs(), seconds);
 }
 
 void fireStage(App& app, int index) {
@@ -35,23 +33,14 @@ void runTimedWork(App& app, uint64_t nowMs) {
   continueDeckSwitch(app, nowMs);
   raiseStartedShows(app, nowMs);
   if (app.soundStopMs != 0 && nowMs >= app.soundStopMs) closeAudio(app);
-  if (app.blinkEndMs != 0 && nowMs >= app.blinkEndMs) {
-    app.blinkActive = false;
-    app.blinkEndMs = 0;
-  }
+  if (app.blink.endMs != 0 && nowMs >= app.blink.endMs) app.blink.stop();
 }
 
 void clearRuntime(App& app) {
   app.follower.switchPending = false;
   app.follower.switchSeen = false;
-  app.switchTarget.clear();
-  app.switchHold = false;
-  app.switchHoldSeen = false;
-  app.switchPulseNextMs = 0;
-  app.switchPulseUntilMs = 0;
-  app.blinkActive = false;
-  app.blinkEndMs = 0;
-  app.switchAtMs = 0;
+  app.deckSwitch = {};
+  app.blink.stop();
   closeAudio(app);
 }
 

@@ -31,19 +31,19 @@ class ExpiryActionsTest : public AppFixture {
 TEST_F(ExpiryActionsTest, WithNoActionChosenTheTimerJustGoesOnIntoOvertime) {
   runOut();
   EXPECT_TRUE(app.timer.expiredFired);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
   EXPECT_EQ(phase(), TimerPhase::Running);
 }
 
 TEST_F(ExpiryActionsTest, ABlinkWithoutALimitGoesOnThroughTheOvertimeUntilReset) {
   app.settings.blink = true;
   runOut();
-  EXPECT_TRUE(app.blinkActive);
-  EXPECT_EQ(app.blinkEndMs, 0u);
+  EXPECT_TRUE(app.blink.active);
+  EXPECT_EQ(app.blink.endMs, 0u);
   runFor(600'000);
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
   runCommand(app, kCommandReset);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, ABlinkWithALimitEndsByItself) {
@@ -51,20 +51,20 @@ TEST_F(ExpiryActionsTest, ABlinkWithALimitEndsByItself) {
   app.settings.blinkSeconds = 3;
   runOut();
   runFor(2900);
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
   runFor(100);
-  EXPECT_FALSE(app.blinkActive);
-  EXPECT_EQ(app.blinkEndMs, 0u);
+  EXPECT_FALSE(app.blink.active);
+  EXPECT_EQ(app.blink.endMs, 0u);
 }
 
 TEST_F(ExpiryActionsTest, ASecondBlinkReplacesTheFirstAndItsEnd) {
   startBlink(app, 0);
   clock.advance(250);
   startBlink(app, 2);
-  EXPECT_EQ(app.blinkStartMs, clock.nowMs());
-  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 2000);
+  EXPECT_EQ(app.blink.startMs, clock.nowMs());
+  EXPECT_EQ(app.blink.endMs, clock.nowMs() + 2000);
   startBlink(app, 0);
-  EXPECT_EQ(app.blinkEndMs, 0u);
+  EXPECT_EQ(app.blink.endMs, 0u);
 }
 
 TEST_F(ExpiryActionsTest, APauseDoesNotStopTheBlink) {
@@ -72,24 +72,24 @@ TEST_F(ExpiryActionsTest, APauseDoesNotStopTheBlink) {
   runOut();
   runCommand(app, kCommandToggleTimer);
   runFor(5000);
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, EitherStageSwitchStartsTheSameBlink) {
   app.settings.prompt1 = {.blinkWindow = true, .blinkBackground = false, .blinkSeconds = 4};
   fireStage(app, 0);
-  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 4000);
-  app.blinkActive = false;
+  EXPECT_EQ(app.blink.endMs, clock.nowMs() + 4000);
+  app.blink.active = false;
   app.settings.prompt2 = {.blinkWindow = false, .blinkBackground = true, .blinkSeconds = 5};
   fireStage(app, 1);
-  EXPECT_TRUE(app.blinkActive);
-  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 5000);
+  EXPECT_TRUE(app.blink.active);
+  EXPECT_EQ(app.blink.endMs, clock.nowMs() + 5000);
 }
 
 TEST_F(ExpiryActionsTest, AStageWithBothSwitchesOffDoesNotBlink) {
   app.settings.prompt1 = {.blinkWindow = false, .blinkBackground = false};
   fireStage(app, 0);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, AStageNeitherPausesNorBlacksNorExitsNorSwitches) {
@@ -101,7 +101,7 @@ TEST_F(ExpiryActionsTest, AStageNeitherPausesNorBlacksNorExitsNorSwitches) {
   EXPECT_EQ(phase(), TimerPhase::Running);
   EXPECT_FALSE(blackScreen.covering || app.follower.switchPending);
   EXPECT_EQ(program->shows.size(), 1u);
-  EXPECT_EQ(app.switchAtMs, 0u);
+  EXPECT_EQ(app.deckSwitch.openAtMs, 0u);
 }
 
 TEST_F(ExpiryActionsTest, BlinkAndBlackScreenComeBeforeTheExitOfTheShow) {
@@ -110,7 +110,7 @@ TEST_F(ExpiryActionsTest, BlinkAndBlackScreenComeBeforeTheExitOfTheShow) {
   waitForPoll();
   bool stoodBefore = false;
   outside.automation.beforeCall = [&](const std::string& entry) {
-    if (entry == "method view.Exit") stoodBefore = app.blinkActive && blackScreen.covering;
+    if (entry == "method view.Exit") stoodBefore = app.blink.active && blackScreen.covering;
   };
   fireExpiry(app, clock.nowMs());
   EXPECT_TRUE(stoodBefore);
@@ -122,10 +122,10 @@ TEST_F(ExpiryActionsTest, ADurationChangedByHandDoesNotFireAgain) {
   app.settings.blinkSeconds = 1;
   runOut();
   runFor(1000);
-  ASSERT_FALSE(app.blinkActive);
+  ASSERT_FALSE(app.blink.active);
   app.settings.duration = 15;
   runFor(10'000);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, ABlackScreenAtTheEndBlinksTheClockOnIt) {
@@ -134,7 +134,7 @@ TEST_F(ExpiryActionsTest, ABlackScreenAtTheEndBlinksTheClockOnIt) {
   waitForPoll();
   runFor(10'000);
   EXPECT_TRUE(blackScreen.covering);
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, WithoutAShowTheBlackScreenIsRefusedAndTheBlinkStartsAllTheSame) {
@@ -144,7 +144,7 @@ TEST_F(ExpiryActionsTest, WithoutAShowTheBlackScreenIsRefusedAndTheBlinkStartsAl
   EXPECT_FALSE(blackScreen.covering);
   EXPECT_FALSE(app.blackActive);
   EXPECT_EQ(app.lastError, u"当前没有可控制的放映，黑屏不适用于已排除的文稿。");
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, ExitingTheShowPausesTheTimerAtTheNextPoll) {
@@ -166,7 +166,7 @@ TEST_F(ExpiryActionsTest, AnExitThatFailsIsToldAndTheRestStillHappens) {
   app.settings.blink = true;
   runOut();
   EXPECT_EQ(app.lastError, u"放映操作失败（COM HRESULT=2147500037）");
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
 }
 
 TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenTheOpenPulseAndTheTimerAlone) {
@@ -175,27 +175,29 @@ TEST_F(ExpiryActionsTest, ClearingTheRuntimeLeavesTheBlackScreenTheOpenPulseAndT
   setBlack(app, true);
   startBlink(app, 5);
   app.follower.switchPending = app.follower.switchSeen = true;
-  app.switchTarget = kOtherDeck;
-  app.switchHold = app.switchHoldSeen = true;
-  app.switchAtMs = app.switchPulseNextMs = app.switchPulseUntilMs = 1;
-  app.openPulseTarget = kDeck;
-  app.openPulseUntilMs = app.openPulseNextMs = 7;
-  const uint64_t blinkStart = app.blinkStartMs;
+  app.deckSwitch.target = kOtherDeck;
+  app.deckSwitch.hold = app.deckSwitch.holdSeen = true;
+  app.deckSwitch.openAtMs = app.deckSwitch.pulse.nextMs = app.deckSwitch.pulse.untilMs = 1;
+  app.startedShow.target = kDeck;
+  app.startedShow.pulse.untilMs = app.startedShow.pulse.nextMs = 7;
+  const uint64_t blinkStart = app.blink.startMs;
   app.soundStopMs = 1;
   audio.isOpen = true;
   const TimerState timer = app.timer;
   clearRuntime(app);
   EXPECT_FALSE(app.follower.switchPending || app.follower.switchSeen);
-  EXPECT_EQ(app.switchTarget, u"");
-  EXPECT_FALSE(app.switchHold || app.switchHoldSeen);
-  EXPECT_EQ(app.switchAtMs + app.switchPulseNextMs + app.switchPulseUntilMs + app.blinkEndMs, 0u);
+  EXPECT_EQ(app.deckSwitch.target, u"");
+  EXPECT_FALSE(app.deckSwitch.hold || app.deckSwitch.holdSeen);
+  EXPECT_EQ(app.deckSwitch.openAtMs + app.deckSwitch.pulse.nextMs + app.deckSwitch.pulse.untilMs +
+                app.blink.endMs,
+            0u);
   EXPECT_EQ(app.soundStopMs, 0u);
   EXPECT_FALSE(audio.isOpen);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
   EXPECT_TRUE(blackScreen.covering);
-  EXPECT_EQ(app.openPulseTarget, kDeck);
-  EXPECT_EQ(app.openPulseUntilMs + app.openPulseNextMs, 14u);
-  EXPECT_EQ(app.blinkStartMs, blinkStart);
+  EXPECT_EQ(app.startedShow.target, kDeck);
+  EXPECT_EQ(app.startedShow.pulse.untilMs + app.startedShow.pulse.nextMs, 14u);
+  EXPECT_EQ(app.blink.startMs, blinkStart);
   EXPECT_EQ(app.timer, timer);
 }
 

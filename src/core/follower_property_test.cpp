@@ -83,7 +83,7 @@ class Life {
 
   void act() {
     switch (action) {
-      case Action::Poll: lookAtScreen(); return observe();
+      case Action::Poll: lookAtScreen(); return observeShow();
       case Action::Tick: return tick();
       case Action::Toggle:
         return timer.phase == TimerPhase::Running ? pauseTimer(timer, nowMs)
@@ -94,7 +94,7 @@ class Life {
         resetTimer(timer);
         follower.switchPending = follower.switchSeen = false;
         return;
-      case Action::ChangeMode: settings.autoMode = !settings.autoMode; return observe();
+      case Action::ChangeMode: settings.autoMode = !settings.autoMode; return observeShow();
       case Action::RemoteDuration:
         settings.duration = oneOf(kDurations);
         return restartElapsed(timer, nowMs);
@@ -122,7 +122,7 @@ class Life {
     }
   }
 
-  void observe() {
+  void observeShow() {
     followShow(follower, timer, settings, seen, nowMs);
     observed = timer;
     afterObserving = follower;

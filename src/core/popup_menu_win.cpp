@@ -16,8 +16,6 @@ struct MenuTraits {
   static void close(HMENU menu) { DestroyMenu(menu); }
 };
 
-int dpiOf(HWND window) { return static_cast<int>(GetDpiForWindow(window)); }
-
 Font menuFont(int dpi) { return makeFont(kMenuFont, kMenuFontUnits, FW_NORMAL, dpi); }
 
 COLORREF colourFrom(uint32_t rgb) { return RGB(rgb >> 16 & 0xFF, rgb >> 8 & 0xFF, rgb & 0xFF); }

@@ -109,8 +109,8 @@ void followUntracked(ShowFollower& follower, TimerState& timer, const Settings& 
 
 }  // namespace
 
-ShowObservation observe(Files& files, const ShowStatus& status, bool excluded,
-                        const std::u16string& switchTarget) {
+ShowObservation observeShow(Files& files, const ShowStatus& status, bool excluded,
+                            const std::u16string& switchTarget) {
   return {.showing = status.running,
           .excluded = excluded,
           .slideKey = slideKeyOf(status),

@@ -41,8 +41,8 @@ struct ShowObservation {
 
 /// Reduces a poll's status. `switchTarget` is the deck that plays after expiry, or empty; its path
 /// is resolved through `files`.
-ShowObservation observe(Files& files, const ShowStatus& status, bool excluded,
-                        const std::u16string& switchTarget);
+ShowObservation observeShow(Files& files, const ShowStatus& status, bool excluded,
+                            const std::u16string& switchTarget);
 
 /// Updates follower and timer with one observation: after each poll, and at once after a mode
 /// change. In manual mode the timer is left alone, except that closing the deck of a switch resets

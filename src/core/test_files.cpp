@@ -7,7 +7,7 @@
 namespace mrl {
 
 std::u16string inTestRoot(const App& app, const std::u16string& name) {
-  return joinedPath(app.testRoot, name, app.platform.files.separator());
+  return joinedPath(app.testMode.root, name, app.platform.files.separator());
 }
 
 void writeTestFile(App& app, const std::u16string& name, const std::string& bytes) {

@@ -2,6 +2,7 @@
 
 #include "core/blackout.h"
 #include "core/clock_behaviour.h"
+#include "core/deck_switch.h"
 #include "core/expiry.h"
 #include "presentation/show_identity.h"
 #include "presentation/show_poll.h"
@@ -12,18 +13,6 @@ namespace mrl {
 namespace {
 
 constexpr int64_t kPollPeriodMs = 1500;
-
-/// The target's show was seen and is gone: the clock may come back.
-void endHoldIfLeft(App& app, bool isSwitchTarget) {
-  if (!app.switchHold) return;
-  if (isSwitchTarget) {
-    app.switchHoldSeen = true;
-  } else if (app.switchHoldSeen) {
-    app.switchHold = false;
-    app.switchPulseNextMs = 0;
-    app.switchPulseUntilMs = 0;
-  }
-}
 
 bool isSameShow(const ShowStatus& before, const ShowStatus& status) {
   return before.running && before.window == status.window &&
@@ -41,12 +30,13 @@ void poll(App& app, uint64_t nowMs) {
   app.lastPollMs = clockMs;
   const ShowStatus status = pollShowStatus(app.platform.presentation(), app.automation);
   const bool excluded = isExcluded(app.settings, status);
-  const ShowObservation seen = observe(app.platform.files, status, excluded, app.switchTarget);
-  endHoldIfLeft(app, seen.isSwitchTarget);
+  const ShowObservation seen =
+      observeShow(app.platform.files, status, excluded, app.deckSwitch.target);
+  updateHold(app, seen.isSwitchTarget);
 
   const int64_t before = elapsedAt(app.timer, nowMs);
   followShow(app.follower, app.timer, app.settings, seen, nowMs);
-  if (elapsedAt(app.timer, nowMs) < before) app.blinkActive = false;
+  if (elapsedAt(app.timer, nowMs) < before) app.blink.stop();
   if (app.blackActive && (!status.running || excluded)) setBlack(app, false);
   if (status.running && !isSameShow(app.lastStatus, status)) raiseAboveNewShow(app);
   app.lastExcluded = excluded;

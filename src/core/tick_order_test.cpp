@@ -21,7 +21,7 @@ TEST_F(TickOrderTest, OfTwoStagesThatAreDueInOneTickTheSecondHasTheLastWord) {
   runFor(100);
   ASSERT_EQ(app.timer.promptsFired, 3u);
   ASSERT_FALSE(app.timer.expiredFired);
-  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 2000);
+  EXPECT_EQ(app.blink.endMs, clock.nowMs() + 2000);
 }
 
 TEST_F(TickOrderTest, TheHideZeroRuleHidesTheClockAtZeroAndNotEarlier) {

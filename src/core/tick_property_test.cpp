@@ -26,7 +26,7 @@ class TickPropertyTest : public AppFixture {
   void change(void (*edit)(Settings&, int)) {
     Settings changed = app.settings;
     edit(changed, upTo(1000));
-    (void)adoptSettings(app, changed);
+    (void)adoptSettings(app, changed, FormUpdate::None);
   }
 
   void passTime() {

@@ -86,7 +86,7 @@ TEST_F(TickTest, TheProgramMayEndInTheMidstOfAPoll) {
 
 TEST_F(TickTest, TheFileSystemIsAskedOnceForThePathOfAShow) {
   app.settings.skipList = {kOtherDeck};
-  app.switchTarget = kOtherDeck;
+  app.deckSwitch.target = kOtherDeck;
   files().putFile(kDeck, "");
   startShow(kDeck);
   files().done.clear();
@@ -160,10 +160,10 @@ TEST_F(TickTest, AClosedDocumentResetsTheTimerAfterTheDelayAndEndsTheBlinkWithIt
   startBlink(app, 0);
   runFor(29'900);
   EXPECT_EQ(phase(), TimerPhase::Paused);
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
   runFor(100);
   EXPECT_EQ(phase(), TimerPhase::Idle);
-  EXPECT_FALSE(app.blinkActive) << "a delayed reset undoes what is in flight";
+  EXPECT_FALSE(app.blink.active) << "a delayed reset undoes what is in flight";
 }
 
 TEST_F(TickTest, AnotherSpellingOfItsPathIsNoOtherDocument) {
@@ -288,20 +288,20 @@ TEST_F(TickTest, ARestartByTheShowStopsTheBlink) {
   startBlink(app, 0);
   turnTo(2);
   waitForPoll();
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(TickTest, AnImmediateResetStopsTheBlinkAndLeavesTheRestOfTheRuntime) {
   startShow(kDeck);
   runFor(3000);
   startBlink(app, 100);
-  const uint64_t blinkEnd = app.blinkEndMs;
+  const uint64_t blinkEnd = app.blink.endMs;
   endShow();
   closeDecks();
   waitForPoll();
   ASSERT_EQ(phase(), TimerPhase::Idle);
-  EXPECT_FALSE(app.blinkActive);
-  EXPECT_EQ(app.blinkEndMs, blinkEnd);
+  EXPECT_FALSE(app.blink.active);
+  EXPECT_EQ(app.blink.endMs, blinkEnd);
 }
 
 TEST_F(TickTest, AnExcludedShowPausesAndResetsTheTimerThoughTheFirstDocumentIsOpen) {
@@ -389,7 +389,7 @@ TEST_F(TickTest, StageOneFiresBeforeStageTwoAndBothBeforeTheExpiry) {
   runFor(100);
   EXPECT_EQ(app.timer.promptsFired, 3u);
   EXPECT_TRUE(app.timer.expiredFired);
-  EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 3000) << "the last to fire has the last word";
+  EXPECT_EQ(app.blink.endMs, clock.nowMs() + 3000) << "the last to fire has the last word";
 }
 
 TEST_F(TickTest, EachStageFiresOnceARun) {
@@ -398,11 +398,11 @@ TEST_F(TickTest, EachStageFiresOnceARun) {
   app.settings.prompt2 = {};
   runCommand(app, kCommandToggleTimer);
   runFor(4900);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
   runFor(100);
-  EXPECT_TRUE(app.blinkActive);
+  EXPECT_TRUE(app.blink.active);
   runFor(3000);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(TickTest, AHideRuleHidesTheClockAndBringsItBack) {
@@ -450,28 +450,28 @@ TEST_F(TickTest, WithADurationOfZeroTheHideZeroRuleHidesTheClockAtOnceUnlessTheS
 }
 
 TEST_F(TickTest, DuringTheSwitchHoldTheClockStaysHiddenWhateverTheRulesSay) {
-  app.switchHold = true;
-  app.switchTarget = kDeck;
+  app.deckSwitch.hold = true;
+  app.deckSwitch.target = kDeck;
   runFor(100);
   EXPECT_FALSE(clockWindow.visible);
   EXPECT_TRUE(app.hiddenByRule);
 }
 
 TEST_F(TickTest, TheHoldEndsAtTheFirstPollThatNoLongerSeesTheTargetAfterHavingSeenIt) {
-  app.switchHold = true;
-  app.switchTarget = kDeck;
-  app.switchPulseUntilMs = app.switchPulseNextMs = clock.nowMs() + 60'000;
+  app.deckSwitch.hold = true;
+  app.deckSwitch.target = kDeck;
+  app.deckSwitch.pulse.untilMs = app.deckSwitch.pulse.nextMs = clock.nowMs() + 60'000;
   waitForPoll();
-  EXPECT_TRUE(app.switchHold) << "not seen yet";
+  EXPECT_TRUE(app.deckSwitch.hold) << "not seen yet";
   startShow(kDeck);
   waitForPoll();
-  EXPECT_TRUE(app.switchHoldSeen);
-  EXPECT_TRUE(app.switchHold);
+  EXPECT_TRUE(app.deckSwitch.holdSeen);
+  EXPECT_TRUE(app.deckSwitch.hold);
   endShow();
   waitForPoll();
-  EXPECT_FALSE(app.switchHold);
-  EXPECT_EQ(app.switchPulseNextMs, 0u);
-  EXPECT_EQ(app.switchPulseUntilMs, 0u);
+  EXPECT_FALSE(app.deckSwitch.hold);
+  EXPECT_EQ(app.deckSwitch.pulse.nextMs, 0u);
+  EXPECT_EQ(app.deckSwitch.pulse.untilMs, 0u);
   EXPECT_TRUE(clockWindow.visible);
 }
 

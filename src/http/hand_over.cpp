@@ -9,17 +9,19 @@ constexpr char kMayBePending[] =
 
 }  // namespace
 
-std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server, const HandOverDoors& doors) {
+std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server,
+                                           const HandOverInterfaces& interfaces) {
   auto request = std::make_shared<RemoteRequest>();
   request->generation = server.generation;
-  request->deadlineMs = doors.clock.nowMs() + kRequestLifeMs;
-  request->done = doors.requests.makeEvent();
+  request->deadlineMs = interfaces.clock.nowMs() + kRequestLifeMs;
+  request->done = interfaces.requests.makeEvent();
   return request;
 }
 
-Answer handOver(const RemoteServer& server, const HandOverDoors& doors,
+Answer handOver(const RemoteServer& server, const HandOverInterfaces& interfaces,
                 const std::shared_ptr<RemoteRequest>& request) {
-  if (!doors.requests.post(server.targetWindow, request)) return {503, kUnavailable, kPlainText};
+  if (!interfaces.requests.post(server.targetWindow, request))
+    return {503, kUnavailable, kPlainText};
   // After a time-out neither answer field may be read: the UI thread may still be writing them.
   if (!request->done->wait(kAnswerLimitMs)) return {503, kMayBePending, kPlainText};
   return {request->status, request->response, kJson};

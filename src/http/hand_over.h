@@ -14,18 +14,19 @@
 namespace mrl {
 
 /// The interfaces that the listener's thread uses; both are safe to call from there.
-struct HandOverDoors {
+struct HandOverInterfaces {
   Clock& clock;
   RequestQueue& requests;
 };
 
 /// Listener's thread: creates an empty request of the service's current run.
-std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server, const HandOverDoors& doors);
+std::shared_ptr<RemoteRequest> makeRequest(const RemoteServer& server,
+                                           const HandOverInterfaces& interfaces);
 
 /// Listener's thread: posts a filled request to the UI thread and waits for the answer. Returns a
 /// 503 if the UI thread can't be reached or doesn't answer in time; in the latter case the command
 /// may still run.
-Answer handOver(const RemoteServer& server, const HandOverDoors& doors,
+Answer handOver(const RemoteServer& server, const HandOverInterfaces& interfaces,
                 const std::shared_ptr<RemoteRequest>& request);
 
 }  // namespace mrl

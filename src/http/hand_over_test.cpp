@@ -18,12 +18,12 @@ class HandOverTest : public ::testing::Test {
   }
 
   std::shared_ptr<RemoteRequest> make(const std::string& command) {
-    auto request = makeRequest(server, doors);
+    auto request = makeRequest(server, interfaces);
     request->command = command;
     return request;
   }
   Answer handOver(const std::shared_ptr<RemoteRequest>& request) {
-    return mrl::handOver(server, doors, request);
+    return mrl::handOver(server, interfaces, request);
   }
   /// Answers a request as the UI thread would.
   void answer(RemoteRequest& request) const {
@@ -40,7 +40,7 @@ class HandOverTest : public ::testing::Test {
   ClockFake clock;
   RequestQueueFake requests;
   RemoteServer server;
-  HandOverDoors doors{clock, requests};
+  HandOverInterfaces interfaces{clock, requests};
   int32_t status = 200;
 };
 

@@ -4,6 +4,8 @@
 #include <charconv>
 #include <system_error>
 
+#include "base/text.h"
+
 namespace mrl {
 namespace {
 
@@ -15,13 +17,6 @@ char lower(char byte) {
 
 bool isNamed(std::string_view name, std::string_view lowerCaseName) {
   return std::ranges::equal(name, lowerCaseName, {}, lower);
-}
-
-std::string_view trimmed(std::string_view value) {
-  constexpr std::string_view kBlanks = " \t";
-  const size_t first = value.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return value.substr(first, value.find_last_not_of(kBlanks) - first + 1);
 }
 
 }  // namespace

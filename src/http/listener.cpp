@@ -56,9 +56,9 @@ class RequestReader {
   std::string bytes;
 };
 
-Answer answerCommand(const RemoteServer& server, const HandOverDoors& doors, RouteDecision decision,
-                     RequestReader& reader) {
-  const std::shared_ptr<RemoteRequest> request = makeRequest(server, doors);
+Answer answerCommand(const RemoteServer& server, const HandOverInterfaces& interfaces,
+                     RouteDecision decision, RequestReader& reader) {
+  const std::shared_ptr<RemoteRequest> request = makeRequest(server, interfaces);
   request->command = std::move(decision.command);
   request->argument = std::move(decision.argument);
   if (decision.route == Route::Form) {
@@ -67,11 +67,12 @@ Answer answerCommand(const RemoteServer& server, const HandOverDoors& doors, Rou
     if (!length || !reader.readUntil(start + *length)) return kBadRequest;
     request->body = reader.raw().substr(start, *length);
   }
-  return handOver(server, doors, request);
+  return handOver(server, interfaces, request);
 }
 
-Answer answerTo(const RemoteServer& server, const HandOverDoors& doors, Connection& connection) {
-  RequestReader reader(server, doors.clock, connection);
+Answer answerTo(const RemoteServer& server, const HandOverInterfaces& interfaces,
+                Connection& connection) {
+  RequestReader reader(server, interfaces.clock, connection);
   reader.readHead();
   const auto line = requestLineOf(reader.raw());
   if (!line) return kBadRequest;
@@ -84,16 +85,16 @@ Answer answerTo(const RemoteServer& server, const HandOverDoors& doors, Connecti
     case Route::WrongMethod: return kWrongMethod;
     case Route::BadArguments: return kBadRequest;
     case Route::Command:
-    case Route::Form: return answerCommand(server, doors, std::move(decision), reader);
+    case Route::Form: return answerCommand(server, interfaces, std::move(decision), reader);
   }
   return kBadRequest;
 }
 
 }  // namespace
 
-void serveConnection(const RemoteServer& server, const HandOverDoors& doors,
+void serveConnection(const RemoteServer& server, const HandOverInterfaces& interfaces,
                      Connection& connection) {
-  const std::string response = responseBytes(answerTo(server, doors, connection));
+  const std::string response = responseBytes(answerTo(server, interfaces, connection));
   std::string_view rest = response;
   while (!rest.empty()) {
     const int count = connection.send(rest);
@@ -102,12 +103,12 @@ void serveConnection(const RemoteServer& server, const HandOverDoors& doors,
   }
 }
 
-void runListener(const RemoteServer& server, HandOverDoors doors) {
+void runListener(const RemoteServer& server, HandOverInterfaces interfaces) {
   while (server.running) {
     ListeningSocket* const listener = server.session->wait(server.listeners, kWaitForConnectionMs);
     if (listener == nullptr) continue;
     const auto connection = server.session->accept(*listener, kSocketCallLimitMs);
-    if (connection) serveConnection(server, doors, *connection);
+    if (connection) serveConnection(server, interfaces, *connection);
   }
 }
 

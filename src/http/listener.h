@@ -12,10 +12,10 @@ constexpr uint32_t kWaitForConnectionMs = 200;  // an idle listener notices a st
 constexpr uint64_t kReadLimitMs = 2000;  // for head and body together, counted from the accept
 
 /// Serves until `server.running` is false. A connection already being served is answered first.
-void runListener(const RemoteServer& server, HandOverDoors doors);
+void runListener(const RemoteServer& server, HandOverInterfaces interfaces);
 
 /// Reads one request from the connection and sends the answer.
-void serveConnection(const RemoteServer& server, const HandOverDoors& doors,
+void serveConnection(const RemoteServer& server, const HandOverInterfaces& interfaces,
                      Connection& connection);
 
 }  // namespace mrl

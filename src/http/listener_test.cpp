@@ -37,7 +37,7 @@ class ListenerTest : public ::testing::Test {
     peer.receives = peer.sends = 0;
     peer.received.clear();
     ConnectionFake connection(peer);
-    serveConnection(server, doors, connection);
+    serveConnection(server, interfaces, connection);
     return peer.received;
   }
   static int statusOf(const std::string& response) {
@@ -74,7 +74,7 @@ class ListenerTest : public ::testing::Test {
   SocketsFake sockets;
   RemoteServer server;
   std::string answer = "{}";
-  HandOverDoors doors{clock, requests};
+  HandOverInterfaces interfaces{clock, requests};
 };
 
 TEST_F(ListenerTest, ThePageGoesOutByteForByte) {
@@ -365,7 +365,7 @@ class ListenerLoopTest : public ListenerTest {
       server.listeners.push_back(server.session->listen(kLoopback, kPort, 1));
     }
   }
-  void runLoop() { runListener(server, doors); }
+  void runLoop() { runListener(server, interfaces); }
 
   std::array<PeerFake, 3> peers;
 };

@@ -87,7 +87,7 @@ bool startServer(RemoteServer& server, const ServerStart& start, std::u16string&
   ++server.generation;
   server.running = true;
   server.thread =
-      std::thread(runListener, std::ref(server), HandOverDoors{start.clock, start.requests});
+      std::thread(runListener, std::ref(server), HandOverInterfaces{start.clock, start.requests});
   return true;
 }
 

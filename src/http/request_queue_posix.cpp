@@ -18,7 +18,7 @@ constexpr std::chrono::microseconds kSoon{50};
 /// yielding a few times is cheaper than being put to sleep and woken. On a busy machine a single
 /// yield may take longer than kSoon; the loop then ends after it.
 template <class Condition>
-bool comesSoon(Condition condition) {
+bool spinUntil(Condition condition) {
   const auto end = std::chrono::steady_clock::now() + kSoon;
   do {
     if (condition()) return true;
@@ -31,7 +31,7 @@ class DoneEventPosix : public DoneEvent {
  public:
   void set() override { isSet.release(); }
   bool wait(uint32_t limitMs) override {
-    const bool was = (limitMs > 0 && comesSoon([this] { return isSet.try_acquire(); })) ||
+    const bool was = (limitMs > 0 && spinUntil([this] { return isSet.try_acquire(); })) ||
                      isSet.try_acquire_for(std::chrono::milliseconds(limitMs));
     if (was) isSet.release();  // a set event stays set
     return was;
@@ -79,7 +79,7 @@ std::vector<std::shared_ptr<RemoteRequest>> RequestQueuePosix::take() {
 void RequestQueuePosix::drain() { (void)take(); }
 
 void RequestQueuePosix::wait(uint32_t limitMs) {
-  if (comesSoon([this] { return newest.load() != nullptr; })) return;
+  if (spinUntil([this] { return newest.load() != nullptr; })) return;
   pollfd asked{.fd = wake.get(), .events = POLLIN, .revents = 0};
   (void)poll(&asked, 1, static_cast<int>(limitMs));
 }

@@ -82,6 +82,15 @@ struct Blink {
   bool active = false;
   uint64_t startMs = 0;
   uint64_t endMs = 0;  // 0: until it is stopped
+
+  /// For `seconds`, or until it is stopped if 0.
+  void start(uint64_t nowMs, uint32_t seconds) {
+    *this = {true, nowMs, seconds > 0 ? nowMs + uint64_t{seconds} * 1000 : 0};
+  }
+  void stop() {
+    active = false;
+    endMs = 0;
+  }
 };
 /// Whether the blink is in its bright phase, which comes first.
 bool isBlinkOn(const Blink& blink, const Settings& settings, uint64_t nowMs);

@@ -24,8 +24,6 @@ class PaintScope {
 
 bool isEmpty(Size size) { return size.width <= 0 || size.height <= 0; }
 
-int dpiOf(HWND window) { return static_cast<int>(GetDpiForWindow(window)); }
-
 D2D1_RENDER_TARGET_PROPERTIES softwareTarget(D2D1_PIXEL_FORMAT format, int dpi) {
   return {D2D1_RENDER_TARGET_TYPE_SOFTWARE, format,
           static_cast<float>(dpi),          static_cast<float>(dpi),

@@ -50,16 +50,18 @@ class WindowSystemFake : public WindowSystem {
     }
     return handles;
   }
-  bool isVisible(WindowHandle window) override { return look(window).visible; }
-  bool isIconic(WindowHandle window) override { return look(window).iconic; }
-  std::u16string imageName(WindowHandle window) override { return look(window).image; }
-  std::u16string title(WindowHandle window) override { return look(window).title.substr(0, 2047); }
-  std::u16string className(WindowHandle window) override {
-    return look(window).className.substr(0, 255);
+  bool isVisible(WindowHandle window) override { return stateOf(window).visible; }
+  bool isIconic(WindowHandle window) override { return stateOf(window).iconic; }
+  std::u16string imageName(WindowHandle window) override { return stateOf(window).image; }
+  std::u16string title(WindowHandle window) override {
+    return stateOf(window).title.substr(0, 2047);
   }
-  Rect rect(WindowHandle window) override { return look(window).rect; }
-  Rect monitorRect(WindowHandle window) override { return look(window).monitor; }
-  bool isWindow(WindowHandle window) override { return static_cast<bool>(look(window).handle); }
+  std::u16string className(WindowHandle window) override {
+    return stateOf(window).className.substr(0, 255);
+  }
+  Rect rect(WindowHandle window) override { return stateOf(window).rect; }
+  Rect monitorRect(WindowHandle window) override { return stateOf(window).monitor; }
+  bool isWindow(WindowHandle window) override { return static_cast<bool>(stateOf(window).handle); }
 
   WindowHandle foreground() override { return foregroundWindow; }
   void setForeground(WindowHandle window) override {
@@ -83,7 +85,7 @@ class WindowSystemFake : public WindowSystem {
 
  private:
   // The window's present state; empty values if it is gone.
-  FakeWindow look(WindowHandle handle) {
+  FakeWindow stateOf(WindowHandle handle) {
     for (FakeWindow& window : windows) {
       if (window.handle != handle || window.queriesLeft == 0) continue;
       if (window.queriesLeft > 0) --window.queriesLeft;

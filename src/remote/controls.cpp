@@ -205,7 +205,7 @@ bool applyControlsForm(App& app, const std::string& form, std::u16string& error)
   if (hasUnfinishedInput(app, error)) return false;
   Settings changed = app.settings;
   if (!readForm(app.settings, form, changed, error)) return false;
-  if (!adoptAndShow(app, changed, error)) return false;
+  if (!adoptSettings(app, changed, FormUpdate::All, error)) return false;
   if (app.form.isOpen) setStatus(app, kApplied);
   app.platform.clockWindow.dropRegion();  // shape and look may have changed
   applyHideRules(app);

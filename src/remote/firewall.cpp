@@ -38,7 +38,7 @@ bool isWhole(const FirewallRule& rule) {
 }
 
 /// REQUIRES: isWhole(rule).
-bool fits(const FirewallRule& rule, const std::u16string& exePath, int32_t port) {
+bool allowsProgram(const FirewallRule& rule, const std::u16string& exePath, int32_t port) {
   return sameText(*rule.application, exePath) && sameText(*rule.localPorts, decimal(port)) &&
          sameText(*rule.remoteAddresses, u"LocalSubnet") && *rule.enabled == kFirewallTrue &&
          *rule.edgeTraversal == kFirewallFalse && *rule.protocol == kFirewallTcp &&
@@ -53,7 +53,7 @@ RuleSearch findOwnRule(FirewallRules& rules, const std::u16string& exePath, int3
   return rules.find(firewallRuleName(exePath, port, true), rule);
 }
 
-FirewallRuleState judgeOwnRule(FirewallRules& rules, const std::u16string& exePath, int32_t port,
+FirewallRuleState checkOwnRule(FirewallRules& rules, const std::u16string& exePath, int32_t port,
                                std::u16string& message) {
   FirewallRule rule;
   switch (findOwnRule(rules, exePath, port, rule)) {
@@ -66,7 +66,7 @@ FirewallRuleState judgeOwnRule(FirewallRules& rules, const std::u16string& exePa
     message = kNoDetails;
     return FirewallRuleState::Failed;
   }
-  if (fits(rule, exePath, port)) return FirewallRuleState::Authorized;
+  if (allowsProgram(rule, exePath, port)) return FirewallRuleState::Authorized;
   message = kMismatch;
   return FirewallRuleState::ScopeMismatch;
 }
@@ -118,7 +118,7 @@ FirewallRuleState checkFirewallRule(FirewallRules& rules, int32_t port, std::u16
   if (!scanBlockRules(rules, exePath, port, message, blockedFound)) {
     return blockedFound ? FirewallRuleState::Blocked : FirewallRuleState::Failed;
   }
-  return judgeOwnRule(rules, exePath, port, message);
+  return checkOwnRule(rules, exePath, port, message);
 }
 
 bool authorizeFirewallRule(FirewallRules& rules, WindowHandle owner, int32_t port,

@@ -76,7 +76,7 @@ const char16_t* look(BlockScan& scan, const FirewallRule& rule) {
   return nullptr;
 }
 
-std::u16string reportOf(const BlockScan& scan) {
+std::u16string blockReport(const BlockScan& scan) {
   std::u16string report = kFoundHead;
   for (const std::u16string& line : scan.lines) report += u"\n• " + line;
   if (scan.count > scan.lines.size()) {
@@ -97,12 +97,6 @@ const char16_t* failureOf(RuleWalk walk, const char16_t* trouble) {
     case RuleWalk::Broken: return kBroken;
   }
   return kBroken;
-}
-
-std::u16string_view trimmed(std::u16string_view text) {
-  const size_t from = text.find_first_not_of(u" \t");
-  if (from == text.npos) return {};
-  return text.substr(from, text.find_last_not_of(u" \t") - from + 1);
 }
 
 std::optional<int32_t> portOf(std::u16string_view text) {
@@ -142,7 +136,7 @@ bool scanBlockRules(FirewallRules& rules, const std::u16string& exePath, int32_t
   }
   if (scan.count == 0) return true;
   blockedFound = true;
-  message = reportOf(scan);
+  message = blockReport(scan);
   return false;
 }
 

@@ -37,7 +37,7 @@ bool run(const Call& call) {
   return true;
 }
 
-bool nothing(const Call& /*call*/) { return true; }
+bool doNothing(const Call& /*call*/) { return true; }
 
 bool startOrStop(const Call& call) {
   App& app = call.app;
@@ -65,21 +65,13 @@ bool toggleVisibility(const Call& call) {
   return run<kCommandToggleVisibility>(call);
 }
 
-bool shine(const Call& call) {
+bool blinkClock(const Call& call) {
   startBlink(call.app, kShineSeconds);
   return true;
 }
 
-void clearOpenPulse(App& app) {
-  app.openPulseUntilMs = 0;
-  app.openPulseNextMs = 0;
-  app.openPulseTarget.clear();
-}
-
 void beginOpenPulse(App& app, const std::u16string& path) {
-  app.openPulseTarget = path;
-  app.openPulseUntilMs = app.platform.clock.nowMs() + kOpenPulseMs;
-  app.openPulseNextMs = 0;
+  app.startedShow = {path, {.untilMs = app.platform.clock.nowMs() + kOpenPulseMs}};
 }
 
 bool controlShow(const Call& call) {
@@ -88,7 +80,7 @@ bool controlShow(const Call& call) {
 }
 
 bool leaveShow(const Call& call) {
-  clearOpenPulse(call.app);
+  call.app.startedShow = {};
   return controlShow(call);
 }
 
@@ -116,7 +108,7 @@ bool playFile(const Call& call) {
   App& app = call.app;
   std::u16string path;
   if (!findListed(call, path)) return false;
-  clearOpenPulse(app);
+  app.startedShow = {};
   if (!tryOpenDocument(app.platform.presentation(), app.automation, path, true, call.error)) {
     return false;
   }
@@ -144,7 +136,7 @@ bool skipFile(const Call& call) {
   if (!findListed(call, path) || hasUnfinishedInput(app, call.error)) return false;
   Settings changed = app.settings;
   toggleSkip(app.platform.files, changed, path);
-  return adoptAndShow(app, changed, call.error);
+  return adoptSettings(app, changed, FormUpdate::All, call.error);
 }
 
 bool setDuration(const Call& call) {
@@ -159,9 +151,9 @@ bool setDuration(const Call& call) {
   }
   Settings changed = app.settings;
   changed.duration = static_cast<uint32_t>(seconds);
-  if (!adoptAndShow(app, changed, call.error)) return false;
+  if (!adoptSettings(app, changed, FormUpdate::All, call.error)) return false;
   restartElapsed(app.timer, app.platform.clock.nowMs());
-  app.blinkActive = false;
+  app.blink.stop();
   return true;
 }
 
@@ -170,7 +162,7 @@ bool setSwitch(const Call& call) {
   if (hasUnfinishedInput(call.app, call.error)) return false;
   Settings changed = call.app.settings;
   changed.*kField = kValue;
-  return adoptAndShow(call.app, changed, call.error);
+  return adoptSettings(call.app, changed, FormUpdate::All, call.error);
 }
 
 struct Word {
@@ -180,7 +172,7 @@ struct Word {
 
 /// Commands in mixed case or of two capitals are older names of the one above them.
 constexpr Word kWords[] = {
-    {"state", nothing},
+    {"state", doNothing},
     {"toggle", run<kCommandToggleTimer>},
     {"StartPause", run<kCommandToggleTimer>},
     {"reset", run<kCommandReset>},
@@ -199,8 +191,8 @@ constexpr Word kWords[] = {
     {"CtrlHalfHand", run<kCommandManualMode>},
     {"automatic", run<kCommandAutoMode>},
     {"CtrlFullHand", run<kCommandAutoMode>},
-    {"shine", shine},
-    {"Shine", shine},
+    {"shine", blinkClock},
+    {"Shine", blinkClock},
     {"begin", startShow},
     {"current", startShow},
     {"next", controlShow},

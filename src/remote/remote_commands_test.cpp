@@ -177,10 +177,10 @@ TEST_F(RemoteCommandsTest, TheModesAreSavedUnderBothTheirNames) {
 
 TEST_F(RemoteCommandsTest, ShineBlinksForThreeSeconds) {
   for (const char* word : {"shine", "Shine"}) {
-    app.blinkActive = false;
+    app.blink.active = false;
     send(word);
-    EXPECT_TRUE(app.blinkActive);
-    EXPECT_EQ(app.blinkEndMs, clock.nowMs() + 3000);
+    EXPECT_TRUE(app.blink.active);
+    EXPECT_EQ(app.blink.endMs, clock.nowMs() + 3000);
   }
 }
 
@@ -229,13 +229,13 @@ TEST_F(RemoteCommandsTest, CloseClosesADocumentInItsShowToo) {
 
 TEST_F(RemoteCommandsTest, ExitAndCloseEndTheOpenPulseFirst) {
   for (const char* word : {"exit", "close"}) {
-    app.openPulseTarget = kDeck;
-    app.openPulseUntilMs = app.openPulseNextMs = 5;
+    app.startedShow.target = kDeck;
+    app.startedShow.pulse.untilMs = app.startedShow.pulse.nextMs = 5;
     std::u16string error;
     (void)runRemoteCommand(app, word, "", error);  // fails: there is no show
-    EXPECT_EQ(app.openPulseTarget, u"");
-    EXPECT_EQ(app.openPulseUntilMs, 0u);
-    EXPECT_EQ(app.openPulseNextMs, 0u);
+    EXPECT_EQ(app.startedShow.target, u"");
+    EXPECT_EQ(app.startedShow.pulse.untilMs, 0u);
+    EXPECT_EQ(app.startedShow.pulse.nextMs, 0u);
   }
 }
 
@@ -243,12 +243,12 @@ TEST_F(RemoteCommandsTest, BeginAndCurrentBringTheirShowToTheFrontForTwoSeconds)
   startShow(kDeck);
   waitForPoll();
   for (const char* word : {"begin", "current"}) {
-    app.openPulseTarget.clear();
-    app.openPulseNextMs = 9;
+    app.startedShow.target.clear();
+    app.startedShow.pulse.nextMs = 9;
     send(word);
-    EXPECT_EQ(app.openPulseTarget, kDeck);
-    EXPECT_EQ(app.openPulseUntilMs, clock.nowMs() + 2000);
-    EXPECT_EQ(app.openPulseNextMs, 0u);
+    EXPECT_EQ(app.startedShow.target, kDeck);
+    EXPECT_EQ(app.startedShow.pulse.untilMs, clock.nowMs() + 2000);
+    EXPECT_EQ(app.startedShow.pulse.nextMs, 0u);
   }
 }
 
@@ -256,38 +256,38 @@ TEST_F(RemoteCommandsTest, AShowWhoseDocumentCannotBeToldIsNotBroughtToTheFront)
   startShow(kDeck);
   waitForPoll();
   program->shows.front()->deck->path.clear();
-  app.openPulseTarget = kOtherDeck;
-  app.openPulseUntilMs = 5;
+  app.startedShow.target = kOtherDeck;
+  app.startedShow.pulse.untilMs = 5;
   send("begin");
-  EXPECT_EQ(app.openPulseTarget, kOtherDeck);
-  EXPECT_EQ(app.openPulseUntilMs, 5u);
+  EXPECT_EQ(app.startedShow.target, kOtherDeck);
+  EXPECT_EQ(app.startedShow.pulse.untilMs, 5u);
 }
 
 TEST_F(RemoteCommandsTest, AStartByKeysThatShowsNothingYetBringsNothingToTheFront) {
   program->runs = false;
   outside.addEditWindow(70, u"demo.pptx - PowerPoint");
   for (const char* word : {"begin", "current"}) {
-    app.openPulseTarget = kOtherDeck;
-    app.openPulseUntilMs = 5;
+    app.startedShow.target = kOtherDeck;
+    app.startedShow.pulse.untilMs = 5;
     send(word);
-    EXPECT_EQ(app.openPulseTarget, kOtherDeck);
-    EXPECT_EQ(app.openPulseUntilMs, 5u);
+    EXPECT_EQ(app.startedShow.target, kOtherDeck);
+    EXPECT_EQ(app.startedShow.pulse.untilMs, 5u);
   }
 }
 
 TEST_F(RemoteCommandsTest, TheOtherShowAndFileCommandsLeaveTheOpenPulseAlone) {
   startShow(kDeck);
   waitForPoll();
-  app.openPulseTarget = kOtherDeck;
-  app.openPulseUntilMs = app.openPulseNextMs = clock.nowMs() + 1000;
-  const uint64_t before = app.openPulseUntilMs;
+  app.startedShow.target = kOtherDeck;
+  app.startedShow.pulse.untilMs = app.startedShow.pulse.nextMs = clock.nowMs() + 1000;
+  const uint64_t before = app.startedShow.pulse.untilMs;
   send("next");
   send("previous");
   send("open-file", idOf(kDeck));
   send("close-file", idOf(kDeck));
-  EXPECT_EQ(app.openPulseTarget, kOtherDeck);
-  EXPECT_EQ(app.openPulseUntilMs, before);
-  EXPECT_EQ(app.openPulseNextMs, before);
+  EXPECT_EQ(app.startedShow.target, kOtherDeck);
+  EXPECT_EQ(app.startedShow.pulse.untilMs, before);
+  EXPECT_EQ(app.startedShow.pulse.nextMs, before);
 }
 
 TEST_F(RemoteCommandsTest, AShowThatCannotBeginBringsNothingToTheFront) {
@@ -298,32 +298,32 @@ TEST_F(RemoteCommandsTest, AShowThatCannotBeginBringsNothingToTheFront) {
   std::u16string error;
   EXPECT_FALSE(runRemoteCommand(app, "begin", "", error));
   EXPECT_NE(error, u"");
-  EXPECT_EQ(app.openPulseTarget, u"");
+  EXPECT_EQ(app.startedShow.target, u"");
 }
 
 TEST_F(RemoteCommandsTest, AFileIsPlayedAndBroughtToTheFrontForTwoSeconds) {
   send("file", idOf(kDeck));
   EXPECT_EQ(program->shows.size(), 1u);
-  EXPECT_EQ(app.openPulseTarget, kDeck);
-  EXPECT_EQ(app.openPulseUntilMs, clock.nowMs() + 2000);
+  EXPECT_EQ(app.startedShow.target, kDeck);
+  EXPECT_EQ(app.startedShow.pulse.untilMs, clock.nowMs() + 2000);
 }
 
 TEST_F(RemoteCommandsTest, AFileThatCannotBePlayedEndsTheOldPulseAndTellsWhy) {
-  app.openPulseTarget = kOtherDeck;
-  app.openPulseUntilMs = clock.nowMs() + 1000;
+  app.startedShow.target = kOtherDeck;
+  app.startedShow.pulse.untilMs = clock.nowMs() + 1000;
   program->dead = true;
   std::u16string error;
   EXPECT_FALSE(runRemoteCommand(app, "file", idOf(kDeck), error));
   EXPECT_NE(error, u"");
-  EXPECT_EQ(app.openPulseTarget, u"");
-  EXPECT_EQ(app.openPulseUntilMs, 0u);
+  EXPECT_EQ(app.startedShow.target, u"");
+  EXPECT_EQ(app.startedShow.pulse.untilMs, 0u);
 }
 
 TEST_F(RemoteCommandsTest, OpenFileOpensWithoutAShowAndCloseFileCloses) {
   send("open-file", idOf(kDeck));
   EXPECT_EQ(program->decks.size(), 1u);
   EXPECT_TRUE(program->shows.empty());
-  EXPECT_EQ(app.openPulseTarget, u"");
+  EXPECT_EQ(app.startedShow.target, u"");
   send("close-file", idOf(kDeck));
   EXPECT_TRUE(program->decks.empty());
 }
@@ -443,7 +443,7 @@ TEST_F(RemoteCommandsTest, ANewDurationRestartsTheCountAndARunningTimerRunsOn) {
   send("duration", "60");
   EXPECT_EQ(phase(), TimerPhase::Running);
   EXPECT_EQ(elapsedMs(), 0);
-  EXPECT_FALSE(app.blinkActive);
+  EXPECT_FALSE(app.blink.active);
 }
 
 TEST_F(RemoteCommandsTest, ADurationThatCannotBeSavedLeavesTheCountAlone) {

@@ -19,7 +19,7 @@ void refuse(RemoteRequest& request, int32_t status, std::u16string_view reason) 
 }
 
 /// Returns false and fills `error` if the request is refused.
-bool carryOut(App& app, RemoteRequest& request, std::u16string& error) {
+bool runRequest(App& app, RemoteRequest& request, std::u16string& error) {
   if (request.command == "controls" || request.command == "controls-save") {
     const bool saves = request.command == "controls-save";
     if (saves && !applyControlsForm(app, request.body, error)) return false;
@@ -31,7 +31,7 @@ bool carryOut(App& app, RemoteRequest& request, std::u16string& error) {
   return true;
 }
 
-void answer(App& app, RemoteRequest& request) {
+void answerRequest(App& app, RemoteRequest& request) {
   const RemoteServer& server = app.remote;
   if (!server.running || request.generation != server.generation) {
     return refuse(request, kStatusUnavailable, kServiceClosed);
@@ -40,13 +40,13 @@ void answer(App& app, RemoteRequest& request) {
     return refuse(request, kStatusUnavailable, kTooLate);
   }
   std::u16string error;
-  if (!carryOut(app, request, error)) refuse(request, kStatusConflict, error);
+  if (!runRequest(app, request, error)) refuse(request, kStatusConflict, error);
 }
 
 }  // namespace
 
 void onRemoteRequest(App& app, RemoteRequest& request) {
-  answer(app, request);
+  answerRequest(app, request);
   request.done->set();
 }
 

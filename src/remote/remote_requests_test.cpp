@@ -21,7 +21,7 @@ class RemoteRequestsTest : public AppFixture {
   void TearDown() override { app.remote.running = false; }
 
   std::shared_ptr<RemoteRequest> make(const std::string& command) {
-    auto request = makeRequest(app.remote, doors);
+    auto request = makeRequest(app.remote, interfaces);
     request->command = command;
     return request;
   }
@@ -31,11 +31,11 @@ class RemoteRequestsTest : public AppFixture {
     return request;
   }
   Answer handOver(const std::shared_ptr<RemoteRequest>& request) {
-    return mrl::handOver(app.remote, doors, request);
+    return mrl::handOver(app.remote, interfaces, request);
   }
   static bool isAnswered(RemoteRequest& request) { return request.done->wait(0); }
 
-  HandOverDoors doors{clock, requests};
+  HandOverInterfaces interfaces{clock, requests};
 };
 
 TEST_F(RemoteRequestsTest, AStoppedServiceRunsNothing) {

@@ -8,7 +8,7 @@
 namespace mrl {
 namespace {
 
-bool passFirewall(App& app, bool interactive, std::u16string& error) {
+bool ensureFirewallRule(App& app, bool interactive, std::u16string& error) {
   FirewallRules& rules = app.platform.firewall;
   const auto port = static_cast<int32_t>(app.settings.remotePort);
   const WindowHandle owner = app.platform.settingsView.isOpen() ? app.platform.settingsView.handle()
@@ -21,9 +21,9 @@ bool passFirewall(App& app, bool interactive, std::u16string& error) {
 
 bool start(App& app, bool interactive, std::u16string& error) {
   std::vector<uint32_t> addresses;
-  if (!app.testMode) {
+  if (!app.testMode.isOn) {
     if (!discoverAddresses(app.platform.network, addresses, error)) return false;
-    if (!passFirewall(app, interactive, error)) return false;
+    if (!ensureFirewallRule(app, interactive, error)) return false;
   }
   return startServer(app, addresses, error);
 }
@@ -50,7 +50,7 @@ bool startRemote(App& app, bool interactive) {
     setStatus(app, error);
     return false;
   }
-  if (app.testMode) writeTestFile(app, u"remote.txt", app.remote.pairingKey);
+  if (app.testMode.isOn) writeTestFile(app, u"remote.txt", app.remote.pairingKey);
   return true;
 }
 

@@ -28,8 +28,8 @@ class RemoteServiceTest : public SettingsFixture {
     EXPECT_EQ(status(), reason);
   }
   void beInTestMode() {
-    app.testMode = true;
-    app.testRoot = u"C:\\data";
+    app.testMode.isOn = true;
+    app.testMode.root = u"C:\\data";
   }
 };
 
@@ -191,7 +191,7 @@ TEST_F(RemoteServiceTest, TheProgramsStartStartsTheServiceOnlyIfItShould) {
   stopRemote(app);
   Settings quiet = app.settings;
   quiet.remoteAutoStart = false;
-  ASSERT_TRUE(adoptSettings(app, quiet));
+  ASSERT_TRUE(adoptSettings(app, quiet, FormUpdate::None));
   clockWindow.exists = false;
   ASSERT_EQ(startApp(app, {}, kSettingsPath), std::nullopt);
   EXPECT_FALSE(app.remote.running);

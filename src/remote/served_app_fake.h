@@ -7,18 +7,34 @@ namespace mrl {
 
 struct ServedApp {
   ServedApp(Sockets& sockets, RequestQueue& requests, Clock& clock)
-      : app(doors(fakes.app.platform, sockets, requests, clock)) {}
+      : app(platform(fakes.app.platform, sockets, requests, clock)) {}
 
   AppFake fakes;  // its App is unused
   App app;
 
  private:
-  static Platform doors(const Platform& from, Sockets& sockets, RequestQueue& requests,
-                        Clock& clock) {
-    return {clock,     from.files,       from.automation,    from.windows,      from.screens,
-            from.loop, from.clockWindow, from.resizeToolbar, from.blackScreen,  from.audio,
-            from.tray, from.menu,        from.shell,         from.settingsView, sockets,
-            requests,  from.serviceHost, from.network,       from.firewall,     from.instances};
+  static Platform platform(const Platform& from, Sockets& sockets, RequestQueue& requests,
+                           Clock& clock) {
+    return {.clock = clock,
+            .files = from.files,
+            .automation = from.automation,
+            .windows = from.windows,
+            .screens = from.screens,
+            .loop = from.loop,
+            .clockWindow = from.clockWindow,
+            .resizeToolbar = from.resizeToolbar,
+            .blackScreen = from.blackScreen,
+            .audio = from.audio,
+            .tray = from.tray,
+            .menu = from.menu,
+            .shell = from.shell,
+            .settingsView = from.settingsView,
+            .sockets = sockets,
+            .requests = requests,
+            .serviceHost = from.serviceHost,
+            .network = from.network,
+            .firewall = from.firewall,
+            .instances = from.instances};
   }
 };
 

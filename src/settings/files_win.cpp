@@ -42,7 +42,7 @@ FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD
 }
 
 /// Opens an existing file or folder, for its attributes only.
-FileHandle openToLook(const std::u16string& path) {
+FileHandle openForAttributes(const std::u16string& path) {
   return openFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
 }
 
@@ -78,7 +78,7 @@ class Writer : public FileWriter {
 }  // namespace
 
 bool FilesWin::status(const std::u16string& path, FileKind& kind, std::u16string& error) {
-  const FileHandle file = openToLook(path);
+  const FileHandle file = openForAttributes(path);
   BY_HANDLE_FILE_INFORMATION info = {};
   if (file && GetFileType(file.get()) != FILE_TYPE_DISK) {
     kind = FileKind::Other;
@@ -152,7 +152,7 @@ std::vector<FolderEntry> FilesWin::list(const std::u16string& folder) {
 }
 
 CanonicalResult FilesWin::canonical(const std::u16string& path, std::u16string& result) {
-  const FileHandle file = openToLook(path);
+  const FileHandle file = openForAttributes(path);
   std::wstring found(kLongestPath, L'\0');
   const DWORD length =
       file ? GetFinalPathNameByHandleW(file.get(), found.data(), kLongestPath, 0) : 0;

@@ -49,7 +49,9 @@ bool isCleanRight(std::u16string_view title, size_t end) {
 }
 
 /// The part before the first NUL, where a C string would end.
-std::u16string_view untilZero(std::u16string_view text) { return text.substr(0, text.find(u'\0')); }
+std::u16string_view beforeNull(std::u16string_view text) {
+  return text.substr(0, text.find(u'\0'));
+}
 
 }  // namespace
 
@@ -63,7 +65,7 @@ std::u16string normalizePath(Files& files, const std::u16string& path) {
 }
 
 bool samePath(std::u16string_view a, std::u16string_view b) {
-  return equalsIgnoringCase(untilZero(a), untilZero(b));
+  return equalsIgnoringCase(beforeNull(a), beforeNull(b));
 }
 
 bool titleNamesDocument(std::u16string_view title, std::u16string_view path) {

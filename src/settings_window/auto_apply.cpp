@@ -6,7 +6,6 @@
 #include "core/clock_behaviour.h"
 #include "overlay/clock_geometry.h"
 #include "remote/remote_service.h"
-#include "settings/settings_file.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/field_check.h"
 #include "settings_window/form_sync.h"
@@ -92,7 +91,7 @@ std::u16string appliedStatus(const App& app, const Applied& applied) {
 }
 
 /// The effects of an edit whose settings are already saved and adopted.
-void carryOut(App& app, const Field& field, const Applied& applied) {
+void showApplied(App& app, const Field& field, const Applied& applied) {
   if (applied.conflict) showActions(app);
   clearInvalid(app, field.id);
   if (field.kind == FieldKind::Time) clearInvalid(app, field.secondsId);
@@ -131,18 +130,15 @@ bool applyField(App& app, const Field& field) {
   const Rect clock = app.platform.clockWindow.rect();
   candidate.windowX = clock.left;
   candidate.windowY = clock.top;
-  // Save before adopting: a failed save leaves the live settings as they were.
+  applied.portOfRunning = app.remote.running && candidate.remotePort != app.settings.remotePort;
   std::u16string error;
-  if (!saveSettings(app.platform.files, app.settingsPath, candidate, error)) {
+  if (!adoptSettings(app, candidate, FormUpdate::None, error)) {
     return keepWaiting(app, field.id, kSaveFailed + error);
   }
-  // Before adopting, which overwrites the previous port.
-  applied.portOfRunning = app.remote.running && candidate.remotePort != app.settings.remotePort;
-  app.settings = candidate;
   app.form.pendingEdits.erase(field.id);
   if (field.id == kPortBox) app.form.portDirty = false;
   recomputeDirty(app);
-  carryOut(app, field, applied);
+  showApplied(app, field, applied);
   return true;
 }
 
@@ -164,8 +160,8 @@ void clearInvalid(App& app, int id) {
   view.redrawFrame(id);
 }
 
-void bookEdit(App& app, int id, uint64_t delayMs) {
-  app.form.pendingEdits[bookedId(id)] = app.platform.clock.nowMs() + delayMs;
+void queueEdit(App& app, int id, uint64_t delayMs) {
+  app.form.pendingEdits[queuedId(id)] = app.platform.clock.nowMs() + delayMs;
   app.form.settingsDirty = true;
 }
 
@@ -173,9 +169,9 @@ void markEdited(App& app, int id, bool immediate) {
   if (!app.form.isOpen || app.form.controlsSuppressed) return;
   // A typed port waits for its button, because applying it stops the service.
   if (id == kPortBox && !immediate) return notePortInput(app);
-  bookEdit(app, id, immediate ? 0 : kEditDelayMs);
+  queueEdit(app, id, immediate ? 0 : kEditDelayMs);
   if (immediate) {
-    applyEdit(app, bookedId(id));
+    applyEdit(app, queuedId(id));
   } else {
     setStatus(app, kEditing);
   }

@@ -18,7 +18,7 @@ void markEdited(App& app, int id, bool immediate);
 
 /// Queues an edit without applying it and without touching the status line. REQUIRES: the window is
 /// open.
-void bookEdit(App& app, int id, uint64_t delayMs);
+void queueEdit(App& app, int id, uint64_t delayMs);
 
 /// Applies the queued edits that are due, or all of them if `force`, in the order of their ids.
 void applyPending(App& app, bool force);

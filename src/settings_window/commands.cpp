@@ -34,7 +34,7 @@ constexpr PickButton kPickButtons[] = {
     {kSecondStage + kStagePickSound, Picker::Audio, kSecondStage + kStageSoundFile},
 };
 
-std::u16string pick(SettingsView& view, Picker kind) {
+std::u16string pickPath(SettingsView& view, Picker kind) {
   switch (kind) {
     case Picker::Folder: return view.pickFolder();
     case Picker::Presentation: return view.pickFile(FileFilter::Presentation);
@@ -45,7 +45,7 @@ std::u16string pick(SettingsView& view, Picker kind) {
 
 void pickPath(App& app, const PickButton& button) {
   SettingsView& view = app.platform.settingsView;
-  const std::u16string path = pick(view, button.kind);
+  const std::u16string path = pickPath(view, button.kind);
   if (path.empty() || !app.form.isOpen) return;
   view.setText(button.box, path);  // notifies as typing does, which queues the edit
 }

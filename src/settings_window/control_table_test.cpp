@@ -328,7 +328,7 @@ TEST(ControlTableTest, EveryCheckAndBoxOfThePagesEditsAField) {
                        control.kind == ControlKind::NumberBox ||
                        control.kind == ControlKind::TextBox;
     if (edits) {
-      EXPECT_NE(findField(bookedId(control.id)), nullptr) << control.id;
+      EXPECT_NE(findField(queuedId(control.id)), nullptr) << control.id;
     }
   }
 }

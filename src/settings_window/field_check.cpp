@@ -17,7 +17,7 @@ constexpr char16_t kNoFolder[] = u"文件夹不存在或无法访问。";
 constexpr char16_t kNoFile[] = u"文件不存在或无法访问。";
 constexpr char16_t kNoStageSound[] = u"提示音文件不存在或无法访问。";
 
-void fail(FieldCheck& check, int id, const std::u16string& error) {
+void setError(FieldCheck& check, int id, const std::u16string& error) {
   check.valid = false;
   check.errorId = id;
   check.error = error;
@@ -35,7 +35,7 @@ uint32_t takeNumber(App& app, int id, uint32_t lowest, uint32_t highest, FieldCh
   }
   const auto number = numberFrom(view.text(id));
   if (number && *number >= lowest && *number <= highest) return *number;
-  fail(check, id, kNumberBefore + decimal(lowest) + u"–" + decimal(highest) + kNumberAfter);
+  setError(check, id, kNumberBefore + decimal(lowest) + u"–" + decimal(highest) + kNumberAfter);
   return 0;
 }
 
@@ -49,12 +49,12 @@ void takePath(App& app, const Field& field, FileKind wanted, const char16_t* err
   if (fits) {
     field.text().in(candidate) = path;
   } else {
-    fail(check, field.id, error);
+    setError(check, field.id, error);
   }
 }
 
 /// The selected row of a combo, clamped to an index below `count`.
-size_t rowIn(App& app, int id, size_t count) {
+size_t validRow(App& app, int id, size_t count) {
   const int row = std::max(app.platform.settingsView.row(id), 0);
   return std::min(static_cast<size_t>(row), count - 1);
 }
@@ -82,18 +82,18 @@ FieldCheck takeField(App& app, const Field& field, Settings& candidate) {
       if (const auto colour = colourFromText(view.text(field.id))) {
         field.number().in(candidate) = *colour;
       } else {
-        fail(check, field.id, kNoColour);
+        setError(check, field.id, kNoColour);
       }
       break;
     case FieldKind::ShapeRow:
-      field.number().in(candidate) = static_cast<uint32_t>(rowIn(app, field.id, kShapeCount));
+      field.number().in(candidate) = static_cast<uint32_t>(validRow(app, field.id, kShapeCount));
       break;
     case FieldKind::FontWeight:
-      field.number().in(candidate) = kFontWeights[rowIn(app, field.id, std::size(kFontWeights))];
+      field.number().in(candidate) = kFontWeights[validRow(app, field.id, std::size(kFontWeights))];
       break;
     case FieldKind::FontName:
       if (view.text(field.id).empty()) {
-        fail(check, field.id, kNoFont);
+        setError(check, field.id, kNoFont);
       } else {
         field.text().in(candidate) = view.text(field.id);
       }

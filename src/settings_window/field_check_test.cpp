@@ -19,7 +19,7 @@ class FieldCheckTest : public SettingsFixture {
     EXPECT_EQ(status(), error + kNotApplied) << id;
     EXPECT_TRUE(isRed(redId)) << id;
     EXPECT_EQ(app.settings, Settings{}) << id;
-    EXPECT_EQ(app.form.pendingEdits.at(bookedId(id)), kNotDue) << id;
+    EXPECT_EQ(app.form.pendingEdits.at(queuedId(id)), kNotDue) << id;
   }
 };
 

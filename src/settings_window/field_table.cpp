@@ -97,7 +97,7 @@ const Field* findField(int id) {
   return found == std::end(kFields) ? nullptr : found;
 }
 
-int bookedId(int id) {
+int queuedId(int id) {
   const auto* pair = std::ranges::find_if(
       kFields, [&](const Field& field) { return field.kind == Time && field.secondsId == id; });
   return pair == std::end(kFields) ? id : pair->id;

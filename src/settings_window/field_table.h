@@ -68,6 +68,6 @@ std::span<const Field> allFields();
 /// Null for a control that edits no field.
 const Field* findField(int id);
 /// The id that an edit is queued under: for a box of seconds its box of minutes, else `id`.
-int bookedId(int id);
+int queuedId(int id);
 
 }  // namespace mrl

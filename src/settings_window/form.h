@@ -23,7 +23,7 @@ using Cards = std::vector<Rect>;
 struct SettingsForm {
   bool isOpen = false;
   Settings settings;  // as the controls show it, where they parse; only skipList is saved from here
-  std::map<int, uint64_t> pendingEdits;  // by bookedId(): the due time, or kNotDue
+  std::map<int, uint64_t> pendingEdits;  // by queuedId(): the due time, or kNotDue
   bool settingsDirty = false;            // an edit is queued or portDirty
   bool portDirty = false;                // the typed port differs from the live one
   bool controlsSuppressed = false;       // notifications are ignored, as while controls are filled

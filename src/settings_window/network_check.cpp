@@ -20,7 +20,7 @@ constexpr char16_t kCheckedBox[] =
     u"请启动遥控服务，并使用另一台设备测试连接。其他安全软件或系统策略仍可能影响连接。";
 
 /// Reports in the status line and in a modal message box.
-void tell(App& app, const std::u16string& text, DialogIcon icon) {
+void showMessage(App& app, const std::u16string& text, DialogIcon icon) {
   setStatus(app, text);
   app.platform.settingsView.inform(text, kTitle, icon);
 }
@@ -42,7 +42,7 @@ bool hasNetwork(App& app) {
   std::vector<uint32_t> addresses;
   std::u16string error;
   if (discoverAddresses(app.platform.network, addresses, error)) return true;
-  tell(app, error, DialogIcon::Information);
+  showMessage(app, error, DialogIcon::Information);
   return false;
 }
 
@@ -50,14 +50,14 @@ bool authorize(App& app, int32_t port) {
   std::u16string error;
   const WindowHandle owner = app.platform.settingsView.handle();
   if (authorizeFirewallRule(app.platform.firewall, owner, port, error)) return true;
-  tell(app, error, DialogIcon::Information);
+  showMessage(app, error, DialogIcon::Information);
   return false;
 }
 
 }  // namespace
 
 void checkAndRepairNetwork(App& app) {
-  if (app.testMode) return setStatus(app, kTestMode);
+  if (app.testMode.isOn) return setStatus(app, kTestMode);
   const auto port = static_cast<int32_t>(app.settings.remotePort);
   std::u16string text;
   FirewallRuleState state = checkFirewallRule(app.platform.firewall, port, text);
@@ -69,7 +69,7 @@ void checkAndRepairNetwork(App& app) {
     if (!authorize(app, port)) return;
     state = checkFirewallRule(app.platform.firewall, port, text);
   }
-  if (state != FirewallRuleState::Authorized) return tell(app, text, DialogIcon::Warning);
+  if (state != FirewallRuleState::Authorized) return showMessage(app, text, DialogIcon::Warning);
   setStatus(app, kChecked);
   app.platform.settingsView.inform(kCheckedBox, kTitle, DialogIcon::Information);
 }

@@ -31,7 +31,7 @@ class NetworkCheckTest : public SettingsFixture {
 };
 
 TEST_F(NetworkCheckTest, TestModeChecksNothing) {
-  app.testMode = true;
+  app.testMode.isOn = true;
   press();
   EXPECT_EQ(status(), u"测试模式仅使用本机连接，不检查系统网络权限。");
   EXPECT_TRUE(firewall.searched.empty());

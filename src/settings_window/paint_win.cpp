@@ -6,6 +6,7 @@
 
 #include "base/geometry_win.h"
 #include "base/wide_win.h"
+#include "base/window_classes_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
 #include "settings_window/window_look.h"
@@ -23,7 +24,7 @@ std::u16string rowText(const DRAWITEMSTRUCT& item, UINT lengthMessage, UINT text
   return u16From(text);
 }
 
-ColourAsker askerOf(UINT message, HWND control) {
+ColourAsker colourAskerOf(UINT message, HWND control) {
   switch (message) {
     case WM_CTLCOLORSCROLLBAR: return ColourAsker::ScrollBar;
     case WM_CTLCOLORLISTBOX: return ColourAsker::List;
@@ -33,11 +34,6 @@ ColourAsker askerOf(UINT message, HWND control) {
 }
 
 }  // namespace
-
-bool isWindowClass(HWND window, const wchar_t* name) {
-  wchar_t buffer[80];
-  return GetClassNameW(window, buffer, 80) != 0 && lstrcmpiW(buffer, name) == 0;
-}
 
 std::u16string windowText(HWND window) {
   std::wstring text(static_cast<size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
@@ -156,10 +152,10 @@ bool SettingsLook::measureItem(MEASUREITEMSTRUCT& item) const {
 
 HBRUSH SettingsLook::controlColours(UINT message, HDC dc, HWND control) const {
   const ChildColours colours =
-      childColours(askerOf(message, control), {.id = GetDlgCtrlID(control),
-                                               .isEnabled = IsWindowEnabled(control) != FALSE,
-                                               .isReadOnly = isReadOnly(control),
-                                               .hasUnsavedInput = form.settingsDirty});
+      childColours(colourAskerOf(message, control), {.id = GetDlgCtrlID(control),
+                                                     .isEnabled = IsWindowEnabled(control) != FALSE,
+                                                     .isReadOnly = isReadOnly(control),
+                                                     .hasUnsavedInput = form.settingsDirty});
   SetTextColor(dc, systemColour(colours.text));
   SetBkColor(dc, systemColour(colours.fill));
   if (colours.isTransparent) SetBkMode(dc, TRANSPARENT);

@@ -21,7 +21,6 @@ inline constexpr wchar_t kHoverProperty[] = L"Marlune.Hover";
 inline constexpr wchar_t kActiveProperty[] = L"Marlune.Active";
 inline constexpr wchar_t kInvalidProperty[] = L"Marlune.Invalid";
 
-bool isWindowClass(HWND window, const wchar_t* name);
 /// Empty without a window.
 std::u16string windowText(HWND window);
 

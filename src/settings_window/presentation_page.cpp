@@ -43,7 +43,7 @@ std::u16string countLine(const App& app) {
          u" 个文件 · 勾选后立即生效";
 }
 
-bool runOnFile(App& app, int id, const std::u16string& path, std::u16string& error) {
+bool runFileButton(App& app, int id, const std::u16string& path, std::u16string& error) {
   const PresentationAccess access = app.platform.presentation();
   if (id == kCloseFileButton) return closeDocument(access, app.automation, path, error);
   return tryOpenDocument(access, app.automation, path, id == kPlayFileButton, error);
@@ -54,7 +54,7 @@ void onFileButton(App& app, int id) {
   std::u16string error;
   if (path.empty()) {
     setStatus(app, kChooseFile);
-  } else if (!runOnFile(app, id, path, error)) {
+  } else if (!runFileButton(app, id, path, error)) {
     setStatus(app, error);
   }
 }
@@ -103,7 +103,7 @@ void toggleSelectedExclusion(App& app) {
   if (path.empty()) return setStatus(app, kChooseFile);
   const int row = view.row(kFileList);
   toggleSkip(app.platform.files, app.form.settings, path);
-  bookEdit(app, kToggleExclusion, 0);
+  queueEdit(app, kToggleExclusion, 0);
   applyEdit(app, kToggleExclusion);
   view.setRow(kFileList, row);
   refreshEnableStates(app);

@@ -107,8 +107,8 @@ void onPreviewSized(App& app, Size pixels) {
   app.form.settings.windowWidth = static_cast<uint32_t>(units.width);
   app.form.settings.windowHeight = static_cast<uint32_t>(units.height);
   fillSizeBoxes(app);
-  bookEdit(app, kWidthBox, kEditDelayMs);
-  bookEdit(app, kHeightBox, kEditDelayMs);
+  queueEdit(app, kWidthBox, kEditDelayMs);
+  queueEdit(app, kHeightBox, kEditDelayMs);
 }
 
 void onPreviewDragEnded(App& app) {

@@ -69,7 +69,7 @@ void copyRemoteAddress(App& app) {
 }
 
 void applyPort(App& app) {
-  bookEdit(app, kPortBox, 0);
+  queueEdit(app, kPortBox, 0);
   applyEdit(app, kPortBox);
 }
 

@@ -3,6 +3,7 @@
 #include <commctrl.h>
 #include <windowsx.h>
 
+#include "base/window_classes_win.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/presentation_page.h"
 

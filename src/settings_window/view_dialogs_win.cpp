@@ -28,7 +28,7 @@ UINT iconOf(DialogIcon icon) {
 }
 
 /// `offered` is null to pick a folder. Empty on cancel or failure.
-std::u16string pick(HWND owner, const OfferedFiles* offered) {
+std::u16string showPicker(HWND owner, const OfferedFiles* offered) {
   ComRef<IFileOpenDialog> dialog;
   if (FAILED(CoCreateInstance(__uuidof(FileOpenDialog), nullptr, CLSCTX_INPROC_SERVER,
                               __uuidof(IFileOpenDialog), reinterpret_cast<void**>(dialog.put())))) {
@@ -69,10 +69,10 @@ void SettingsViewWin::inform(const std::u16string& text, const std::u16string& t
               MB_OK | iconOf(icon) | layerOf(aboveAll));
 }
 
-std::u16string SettingsViewWin::pickFolder() { return pick(window, nullptr); }
+std::u16string SettingsViewWin::pickFolder() { return showPicker(window, nullptr); }
 
 std::u16string SettingsViewWin::pickFile(FileFilter filter) {
-  return pick(window, &offeredFiles(filter));
+  return showPicker(window, &offeredFiles(filter));
 }
 
 bool SettingsViewWin::pickColour(uint32_t& colour, CustomColours& custom) {

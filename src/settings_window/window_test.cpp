@@ -337,7 +337,7 @@ TEST_F(SettingsWindowTest, WhatIsShownAlreadyIsNotWrittenAgain) {
 
 TEST_F(SettingsWindowTest, CtrlAndADigitForceNothingByThemselves) {
   view().click(kPerSlideCheck);  // no box has the focus
-  bookEdit(app, kMinutesBox, kEditDelayMs);
+  queueEdit(app, kMinutesBox, kEditDelayMs);
   view().texts[kMinutesBox] = u"20";
   EXPECT_TRUE(onSettingsKey(app, '3', kControl));
   EXPECT_EQ(app.form.page, 2);

@@ -37,12 +37,12 @@ struct Outcomes {
   int pending = 0;
 };
 
-Outcomes askAgainAndAgain(const RemoteServer& server, const HandOverDoors& doors) {
+Outcomes askAgainAndAgain(const RemoteServer& server, const HandOverInterfaces& interfaces) {
   Outcomes seen;
   for (int i = 0; i < kRounds; ++i) {
-    const auto request = makeRequest(server, doors);
+    const auto request = makeRequest(server, interfaces);
     request->command = "state";
-    const Answer answer = handOver(server, doors, request);
+    const Answer answer = handOver(server, interfaces, request);
     if (answer.type == kPlainText) {
       ++seen.pending;
     } else if (answer.status == 200) {
@@ -61,8 +61,9 @@ TEST(HandOverRaceTest, LateAnswersStopsRestartsAndDrainsLoseNothing) {
   ServedApp served{sockets, queue, clock};
   App& app = served.app;
   app.remote.running = true;
-  const HandOverDoors doors{clock, queue};
-  auto outcomes = std::async(std::launch::async, askAgainAndAgain, std::cref(app.remote), doors);
+  const HandOverInterfaces interfaces{clock, queue};
+  auto outcomes =
+      std::async(std::launch::async, askAgainAndAgain, std::cref(app.remote), interfaces);
 
   int passes = 0;
   while (outcomes.wait_for(milliseconds(0)) != std::future_status::ready) {
