@@ -163,7 +163,7 @@ bool Program::isCounting() const {
   for (int changes = 0; changes < 2; ++changes) {
     const std::wstring before = text();
     // The text may be empty for a moment between two values.
-    if (!waitUntil([&] { return !text().empty() && text() != before; }, 4000)) return false;
+    if (!waitUntil([&] { return !text().empty() && text() != before; })) return false;
   }
   return true;
 }
