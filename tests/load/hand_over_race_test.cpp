@@ -65,10 +65,16 @@ TEST(HandOverRaceTest, LateAnswersStopsRestartsAndDrainsLoseNothing) {
   auto outcomes =
       std::async(std::launch::async, askAgainAndAgain, std::cref(app.remote), interfaces);
 
+  std::shared_ptr<RemoteRequest> late;  // answered after the next one was sent: too late
+  int taken = 0;
   int passes = 0;
   while (outcomes.wait_for(milliseconds(0)) != std::future_status::ready) {
     queue.wait(1);
-    for (const auto& request : queue.take()) onRemoteRequest(app, *request);
+    for (const auto& request : queue.take()) {
+      if (late) onRemoteRequest(app, *late);
+      late = ++taken % 100 == 0 ? request : nullptr;
+      if (!late) onRemoteRequest(app, *request);
+    }
     ++passes;
     // The changes that a stop and a start make while a request is in progress.
     if (passes % 50 == 20) {
