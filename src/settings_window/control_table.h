@@ -31,15 +31,61 @@ enum class ControlKind {
 };
 
 inline constexpr int kPageCount = 5;
+inline constexpr int kStagePage = 2;
 inline constexpr int kRemotePage = 3;
 inline constexpr int kEveryPage = -1;
 inline constexpr int kNoPage = -2;
+
+/// What a length grows with: the width of a page's card, a part of it, or that of a stage's card.
+enum class Share { None, All, Half, Third, Fifth, Stage };
+
+/// In units of 1/96 inch, as all lengths here.
+struct Length {
+  constexpr Length(int fixed) : plus(fixed) {}  // NOLINT(google-explicit-constructor): in tables
+  constexpr explicit Length(Share of) : share(of) {}
+
+  Share share = Share::None;
+  int times = 1;
+  int plus = 0;
+};
+constexpr Length operator+(Length length, int plus) {
+  length.plus += plus;
+  return length;
+}
+constexpr Length operator-(Length length, int minus) { return length + -minus; }
+constexpr Length operator*(int times, Length length) {
+  length.times = times;
+  return length;
+}
+
+inline constexpr int kDrop = 190;  // the height of a combo, which includes its open list
+
+/// On the page, or relative to the card of stage 1 or 2.
+struct Place {
+  Length x = 0;
+  int y = 0;
+  Length width = 0;
+  int height = 0;
+  int stage = 0;
+};
+
+/// A white card behind the controls, as wide as the page. The stages' cards depend on the width.
+struct Card {
+  int top;
+  int height;
+};
+struct PageCards {
+  std::span<const Card> cards;
+  int extent = 0;  // the height of the whole page
+};
+const PageCards& cardsOf(int page);
 
 struct Control {
   int id;
   ControlKind kind;
   const char16_t* text;
   int page;                                    // 0 to 4, kEveryPage or kNoPage
+  Place place = {};                            // on its page; the preview's depends on its size
   const char16_t* cue = nullptr;               // shown in an empty box
   bool startsGroup = false;                    // of controls that the arrow keys move within
   std::span<const char16_t* const> rows = {};  // rows of a combo, or names of the tabs

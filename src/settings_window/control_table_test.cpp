@@ -13,33 +13,6 @@
 namespace mrl {
 namespace {
 
-std::vector<int> idsOf(int page) {
-  std::vector<int> ids;
-  for (const Control& control : allControls()) {
-    if (control.page == page) ids.push_back(control.id);
-  }
-  return ids;
-}
-
-TEST(ControlTableTest, EachPageHasItsControlsInTheOrderOfTheTabKey) {
-  EXPECT_EQ(idsOf(kNoPage), (std::vector{240}));
-  EXPECT_EQ(idsOf(kEveryPage),
-            (std::vector{500, 501, 502, 503, 504, 277, 278, 279, 280, 226, 201}));
-  EXPECT_EQ(idsOf(0),
-            (std::vector{600, 601, 241, 602, 242, 603, 203, 243, 244, 205, 245, 604, 282, 209,
-                         208, 206, 605, 248, 207, 252, 253, 606, 254, 210, 224, 225, 607, 247}));
-  EXPECT_EQ(idsOf(1), (std::vector{610, 651, 255, 611, 223, 612, 227, 228, 229, 652, 653,
-                                   613, 256, 267, 614, 257, 268, 615, 258, 269, 616, 259,
-                                   260, 617, 261, 618, 262, 619, 263, 620, 264, 265, 266}));
-  EXPECT_EQ(idsOf(2),
-            (std::vector{630, 400, 631, 401, 402, 403, 404, 405, 406, 407, 632, 408, 409,
-                         633, 420, 634, 421, 422, 423, 424, 425, 426, 427, 635, 428, 429}));
-  EXPECT_EQ(idsOf(3),
-            (std::vector{640, 283, 222, 272, 110, 221, 511, 641, 642, 270, 512, 271, 643}));
-  EXPECT_EQ(idsOf(4), (std::vector{650, 655, 656, 211, 212, 273, 281, 213, 246, 274, 215, 275, 216,
-                                   217, 218, 219, 220}));
-}
-
 TEST(ControlTableTest, TheTabsComeFirstThenSidebarPagesAndFrame) {
   std::vector<int> pages;
   for (const Control& control : allControls()) {
@@ -71,202 +44,76 @@ TEST(ControlTableTest, TheRadioButtonsAreAGroupOfTheirOwn) {
   }
 }
 
-enum class Look {
-  Tabs,
-  Section,
-  Button,
-  Check,
-  Radio,
-  Static,
-  Number,
-  Box,
-  Address,
-  Combo,
-  List,
-  Host,
-  Preview,
-  Qr
-};
-using enum Look;
-
-Look lookOf(ControlKind kind) {
-  switch (kind) {
-    case ControlKind::Tabs: return Tabs;
-    case ControlKind::Section: return Section;
-    case ControlKind::Button: return Button;
-    case ControlKind::Check: return Check;
-    case ControlKind::Radio: return Radio;
-    case ControlKind::Title:
-    case ControlKind::Caption:
-    case ControlKind::Paragraph:
-    case ControlKind::TimerLine:
-    case ControlKind::StatusLine: return Static;
-    case ControlKind::NumberBox: return Number;
-    case ControlKind::TextBox: return Box;
-    case ControlKind::AddressBox: return Address;
-    case ControlKind::Combo: return Combo;
-    case ControlKind::List: return List;
-    case ControlKind::PreviewHost: return Host;
-    case ControlKind::Preview: return Preview;
-    case ControlKind::QrCode: break;
+TEST(ControlTableTest, WhatIsReadHasATextAndWhatIsFilledInHasNone) {
+  for (const Control& control : allControls()) {
+    switch (control.kind) {
+      case ControlKind::Section:
+      case ControlKind::Button:
+      case ControlKind::Check:
+      case ControlKind::Radio:
+      case ControlKind::Title: EXPECT_NE(*control.text, u'\0') << control.id; break;
+      case ControlKind::NumberBox:
+      case ControlKind::TextBox:
+      case ControlKind::AddressBox:
+      case ControlKind::Combo:
+      case ControlKind::List:
+      case ControlKind::StatusLine:
+      case ControlKind::TimerLine: EXPECT_EQ(*control.text, u'\0') << control.id; break;
+      default: break;
+    }
   }
-  return Qr;
 }
 
-struct Shown {
-  int id;
-  Look look;
-  std::u16string text;  // for a combo and the tabs their rows, separated by a bar
-  std::u16string cue;
-};
-
-const Shown kShown[] = {
-    {500, Section, u"计时与动作"},
-    {501, Section, u"悬浮窗外观"},
-    {502, Section, u"阶段提醒"},
-    {503, Section, u"远程遥控"},
-    {504, Section, u"PPT控制"},
-    {277, Static},
-    {278, Button, u"开始 / 暂停"},
-    {279, Button, u"重置并停止"},
-    {280, Combo, u"自动模式|手动模式"},
-    {226, Static},
-    {201, Button, u"关闭"},
-    {240, Tabs, u"计时与动作|外观|预警|网络|PPT控制"},
-    {600, Static, u"基础计时配置"},
-    {601, Static, u"计时时长："},
-    {241, Number, u"", u"8"},
-    {602, Static, u"分"},
-    {242, Number, u"", u"0"},
-    {603, Static, u"秒"},
-    {203, Radio, u"倒计时"},
-    {243, Radio, u"正计时"},
-    {244, Check, u"无文档时自动隐藏"},
-    {205, Check, u"翻页后重新计时"},
-    {245, Check, u"计时归零后自动隐藏"},
-    {604, Static, u"计时结束后动作"},
-    {282, Static},
-    {209, Check, u"退出当前放映"},
-    {208, Check, u"开启全屏黑屏"},
-    {206, Check, u"背景闪烁提醒"},
-    {605, Static, u"持续时间（秒，0 为持续）"},
-    {248, Number},
-    {207, Check, u"结束时播放提示音"},
-    {252, Box, u"", u"选择提示音文件，留空使用系统提示音"},
-    {253, Button, u"选择音频"},
-    {606, Static, u"播放时长（秒，0 为完整）"},
-    {254, Number},
-    {210, Check, u"结束后播放指定文稿"},
-    {224, Box, u"", u"选择计时结束后播放的演示文稿"},
-    {225, Button, u"选择文稿"},
-    {607, Static, u"关闭文稿后延迟重置（秒）"},
-    {247, Number},
-    {610, Static, u"实时样式预览"},
-    {651, Static, u"1:1 原尺寸 · 拖动四角可调整大小"},
-    {255, Combo, u"正常计时|预警亮起时|超时计时"},
-    {611, Host},
-    {223, Preview, u"1:1 预览"},
-    {612, Static, u"尺寸（宽 × 高）"},
-    {227, Number},
-    {228, Number},
-    {229, Button, u"恢复默认"},
-    {652, Static, u"颜色与背景"},
-    {653, Static, u"字体与显示"},
-    {613, Static, u"数字颜色"},
-    {256, Box},
-    {267, Button, u"选色…"},
-    {614, Static, u"背景颜色"},
-    {257, Box},
-    {268, Button, u"选色…"},
-    {615, Static, u"警告闪烁颜色"},
-    {258, Box},
-    {269, Button, u"选色…"},
-    {616, Static, u"背景不透明度（%）"},
-    {259, Number},
-    {260, Check, u"纯文字模式"},
-    {617, Static, u"窗口形状"},
-    {261, Combo, u"直角矩形|圆角矩形|极简椭圆"},
-    {618, Static, u"字体"},
-    {262, Box},
-    {619, Static, u"字体粗细"},
-    {263, Combo, u"细 (Light 300)|常规 (Normal 400)|粗 (Bold 700)|极粗 (Black 900)"},
-    {620, Static, u"闪烁亮 / 暗间隔（毫秒）"},
-    {264, Number},
-    {265, Number},
-    {266, Check, u"遥控器显示系统时钟"},
-    {630, Static, u"第一阶段"},
-    {400, Check, u"启用"},
-    {631, Static, u"提前提醒（分钟 / 秒）"},
-    {401, Number},
-    {402, Number},
-    {403, Check, u"悬浮窗闪烁"},
-    {404, Check, u"悬浮窗背景颜色闪烁"},
-    {405, Check, u"播放提示音"},
-    {406, Box, u"", u"选择音频文件"},
-    {407, Button, u"选择音频"},
-    {632, Static, u"闪烁 / 音频时长（秒）\n0 表示持续闪烁 / 完整播放"},
-    {408, Number},
-    {409, Number},
-    {633, Static, u"第二阶段"},
-    {420, Check, u"启用"},
-    {634, Static, u"提前提醒（分钟 / 秒）"},
-    {421, Number},
-    {422, Number},
-    {423, Check, u"悬浮窗闪烁"},
-    {424, Check, u"悬浮窗背景颜色闪烁"},
-    {425, Check, u"播放提示音"},
-    {426, Box, u"", u"选择音频文件"},
-    {427, Button, u"选择音频"},
-    {635, Static, u"闪烁 / 音频时长（秒）\n0 表示持续闪烁 / 完整播放"},
-    {428, Number},
-    {429, Number},
-    {640, Static, u"连接与服务"},
-    {283, Qr, u"连接二维码"},
-    {222, Address},
-    {272, Button, u"复制地址"},
-    {110, Button, u"打开遥控器"},
-    {221, Button, u"启动遥控服务"},
-    {511, Button, u"检查与修复"},
-    {641, Static, u"扫码或输入电脑地址和端口即可连接。"},
-    {642, Static, u"网络端口（1024–65535）"},
-    {270, Number},
-    {512, Button, u"应用端口"},
-    {271, Check, u"启动程序时开启遥控服务"},
-    {643, Static, u"应用端口会停止当前遥控服务；请重新启动并授权。"},
-    {650, Static, u"演示文稿文件夹"},
-    {655, Static, u"文件夹中的 PPT"},
-    {656, Static, u"放映控制"},
-    {211, Box, u"", u"选择包含 PPT / WPS 文件的文件夹"},
-    {212, Button, u"选择文件夹"},
-    {273, Button, u"刷新列表"},
-    {281, Static},
-    {213, List},
-    {246, Check, u"排除文件时隐藏悬浮窗"},
-    {274, Button, u"打开文件"},
-    {215, Button, u"放映文件"},
-    {275, Button, u"关闭文件"},
-    {216, Button, u"从头放映"},
-    {217, Button, u"当前页放映"},
-    {218, Button, u"上一页"},
-    {219, Button, u"下一页"},
-    {220, Button, u"退出放映"},
-};
-
-std::u16string textOf(const Control& control) {
-  std::u16string text = control.text;
-  for (const char16_t* const row : control.rows)
-    text += text.empty() ? row : std::u16string(u"|") + row;
-  return text;
+TEST(ControlTableTest, OnlyABoxToTypeInHasACue) {
+  for (const Control& control : allControls()) {
+    const bool typedIn =
+        control.kind == ControlKind::NumberBox || control.kind == ControlKind::TextBox;
+    if (!typedIn) {
+      EXPECT_EQ(control.cue, nullptr) << control.id;
+    }
+  }
 }
 
-TEST(ControlTableTest, EveryControlIsOfItsKindAndSaysItsText) {
-  EXPECT_EQ(allControls().size(), std::size(kShown));
-  for (const Shown& shown : kShown) {
-    const Control* control = findControl(shown.id);
-    ASSERT_NE(control, nullptr) << shown.id;
-    EXPECT_EQ(lookOf(control->kind), shown.look) << shown.id;
-    EXPECT_EQ(textOf(*control), shown.text) << shown.id;
-    EXPECT_EQ(control->cue ? control->cue : u"", shown.cue) << shown.id;
+TEST(ControlTableTest, AComboOffersSeveralRowsAndNoneTwice) {
+  for (const Control& control : allControls()) {
+    if (control.kind != ControlKind::Combo) {
+      EXPECT_TRUE(control.rows.empty() || control.kind == ControlKind::Tabs) << control.id;
+      continue;
+    }
+    const std::set<std::u16string_view> rows(control.rows.begin(), control.rows.end());
+    EXPECT_GE(rows.size(), 2U) << control.id;
+    EXPECT_EQ(rows.size(), control.rows.size()) << control.id;
+  }
+}
+
+TEST(ControlTableTest, TheSidebarAndTheTabsNameEachPage) {
+  EXPECT_EQ(findControl(kTabs)->rows.size(), size_t{kPageCount});
+  std::set<std::u16string_view> names;
+  for (int page = 0; page < kPageCount; ++page) {
+    const Control* section = findControl(kFirstSection + page);
+    ASSERT_NE(section, nullptr);
+    EXPECT_EQ(section->kind, ControlKind::Section);
+    EXPECT_TRUE(names.insert(section->text).second) << page;
+  }
+}
+
+TEST(ControlTableTest, TheStagesDifferInTheirTitlesAlone) {
+  std::vector<const Control*> stages[2];
+  for (const Control& control : allControls()) {
+    if (control.page == kStagePage) stages[control.place.stage - 1].push_back(&control);
+  }
+  ASSERT_EQ(stages[0].size(), stages[1].size());
+  for (size_t i = 0; i < stages[0].size(); ++i) {
+    const Control& first = *stages[0][i];
+    const Control& second = *stages[1][i];
+    EXPECT_EQ(first.kind, second.kind) << first.id;
+    const bool isTitle = first.kind == ControlKind::Title;
+    EXPECT_EQ(std::u16string_view(first.text) != second.text, isTitle) << first.id;
+    EXPECT_EQ(first.cue ? std::u16string_view(first.cue) : u"",
+              second.cue ? std::u16string_view(second.cue) : u"")
+        << first.id;
+    EXPECT_EQ(first.place.y, second.place.y) << first.id;
+    EXPECT_EQ(first.place.height, second.place.height) << first.id;
   }
 }
 

@@ -12,43 +12,12 @@ Rect rectIn(const std::vector<Placement>& placements, int id) {
   return found == placements.end() ? Rect{} : found->rect;
 }
 
-bool overlap(const Rect& a, const Rect& b) {
-  return a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
-}
-
-/// A combo's height includes its list, which may overlap what is below.
-Rect closed(const Placement& placement, int dpi) {
-  Rect rect = placement.rect;
-  if (findControl(placement.id)->kind == ControlKind::Combo) {
-    rect.bottom = rect.top + toPixels(38, dpi);
-  }
-  return rect;
-}
-
 TEST(LayoutTest, EveryControlOfAPageHasItsPlaceAtEveryDpi) {
   for (const int dpi : {96, 144, 192}) {
     for (const Control& control : allControls()) {
       if (!isOnPane(control) || control.kind == ControlKind::Preview) continue;
       const PageLayout layout = layOut({1024, 700}, dpi, control.page, 0);
       EXPECT_GT(rectIn(layout.page, control.id).width(), 0) << control.id;
-    }
-  }
-}
-
-TEST(LayoutTest, NoTwoControlsOfAPageOverlap) {
-  for (const int dpi : {96, 144, 192}) {
-    for (const int width : {700, 900, 1024, 1600}) {
-      for (int page = 0; page < kPageCount; ++page) {
-        const Size client{toPixels(width, dpi), toPixels(700, dpi)};
-        const PageLayout layout = layOut(client, dpi, page, 0);
-        for (const Placement& a : layout.page) {
-          for (const Placement& b : layout.page) {
-            if (a.id >= b.id) continue;
-            EXPECT_FALSE(overlap(closed(a, dpi), closed(b, dpi)))
-                << a.id << " and " << b.id << " at " << dpi << ", " << width;
-          }
-        }
-      }
     }
   }
 }
