@@ -11,6 +11,9 @@ tests(marlune_tests)
 include(GoogleTest)
 gtest_discover_tests(marlune_tests DISCOVERY_TIMEOUT 60)
 
+set_source_files_properties(src/remote/page_posix_test.cpp PROPERTIES COMPILE_DEFINITIONS
+                            MARLUNE_PAGE="${CMAKE_SOURCE_DIR}/src/remote/page.html")
+
 # The tests of all that has a second thread, for the thread sanitizer.
 file(GLOB REMOTE_TESTS CONFIGURE_DEPENDS src/http/*_test.cpp src/remote/*_test.cpp)
 list(FILTER REMOTE_TESTS EXCLUDE REGEX "_win_test\\.cpp$")

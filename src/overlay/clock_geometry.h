@@ -7,11 +7,15 @@
 
 #include "base/command_ids.h"
 #include "base/geometry.h"
+#include "settings/settings.h"
 
 namespace mrl {
 
-constexpr Size kSmallestClockUnits{120, 50};
-constexpr Size kLargestClockUnits{1200, 600};
+// Dragging stops where the number boxes of the settings window do.
+constexpr Range kClockWidths = *rowOf(kSettings, &Settings::windowWidth).boxRange;
+constexpr Range kClockHeights = *rowOf(kSettings, &Settings::windowHeight).boxRange;
+constexpr Size kSmallestClockUnits{kClockWidths.lowest, kClockHeights.lowest};
+constexpr Size kLargestClockUnits{kClockWidths.highest, kClockHeights.highest};
 constexpr Size kDefaultClockUnits{183, 82};
 
 struct SizeLimits {

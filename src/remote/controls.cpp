@@ -23,59 +23,32 @@ constexpr char16_t kUnknownField[] = u"请求包含不支持的字段，未修�
 constexpr char16_t kConflict[] = u"全屏黑屏不能与退出放映或播放指定文稿同时开启。";
 constexpr char16_t kApplied[] = u"遥控参数已保存并应用。";
 
-constexpr int32_t kMaxEffectSeconds = 3600;
-constexpr int32_t kMaxColour = 0xFFFFFF;
+constexpr size_t remoteCount(const auto& rows) {
+  size_t count = 0;
+  for (const auto& row : rows) count += row.remote.name != nullptr;
+  return count;
+}
 
 template <typename Record>
-struct Row {
-  const char* name;
-  std::variant<uint32_t Record::*, bool Record::*> member;
-  int32_t minimum = 0;
-  int32_t maximum = 0;
-};
-
-constexpr Row<Settings> kRows[] = {
-    {"duration", &Settings::duration, 0, kMaxDurationSeconds},
-    {"down", &Settings::down},
-    {"perSlide", &Settings::perSlide},
-    {"hideNoDocument", &Settings::hideNoDocument},
-    {"hideZero", &Settings::hideZero},
-    {"hideExcluded", &Settings::hideExcluded},
-    {"resetDelay", &Settings::resetDelay, 0, kMaxEffectSeconds},
-    {"exitShow", &Settings::exitShow},
-    {"black", &Settings::black},
-    {"blink", &Settings::blink},
-    {"blinkSeconds", &Settings::blinkSeconds, 0, kMaxEffectSeconds},
-    {"sound", &Settings::sound},
-    {"soundSeconds", &Settings::soundSeconds, 0, kMaxEffectSeconds},
-    {"switchPpt", &Settings::switchPpt},
-    {"foreground", &Settings::foreground, 0, kMaxColour},
-    {"background", &Settings::background, 0, kMaxColour},
-    {"alert", &Settings::alert, 0, kMaxColour},
-    {"opacity", &Settings::opacity, 10, 100},
-    {"transparent", &Settings::transparent},
-    {"shape", &Settings::shape, 0, 2},
-    {"fontWeight", &Settings::fontWeight, 100, 999},
-    {"blinkOn", &Settings::blinkOn, 50, 10000},
-    {"blinkOff", &Settings::blinkOff, 50, 10000},
-    {"machineTime", &Settings::machineTime},
-};
-
-constexpr Row<PromptStage> kStageRows[] = {
-    {"enabled", &PromptStage::enabled},
-    {"advance", &PromptStage::advance, 0, kMaxDurationSeconds},
-    {"blinkWindow", &PromptStage::blinkWindow},
-    {"blinkBackground", &PromptStage::blinkBackground},
-    {"sound", &PromptStage::sound},
-    {"blinkSeconds", &PromptStage::blinkSeconds, 0, kMaxEffectSeconds},
-    {"soundSeconds", &PromptStage::soundSeconds, 0, kMaxEffectSeconds},
-};
-
-template <typename Record>
-ControlField fieldOf(const std::string& prefix, const Row<Record>& row, Record& record) {
-  ControlField field{prefix + row.name, {}, row.minimum, row.maximum};
-  std::visit([&](auto member) { field.target = &(record.*member); }, row.member);
+ControlField fieldOf(const std::string& prefix, const Setting<Record>& row, Record& record) {
+  ControlField field{.name = prefix + row.remote.name};
+  if (const auto* const flag = std::get_if<bool Record::*>(&row.member)) {
+    field.target = &(record.*(*flag));
+    return field;
+  }
+  field.target = &(record.*std::get<uint32_t Record::*>(row.member));
+  const Range range = row.remoteRange.value_or(row.range);
+  field.minimum = static_cast<int32_t>(range.lowest);
+  field.maximum = static_cast<int32_t>(range.highest);
   return field;
+}
+
+/// Fills the fields from `first` on, each at its place in the form.
+template <typename Record>
+void fillFields(ControlField* first, const std::string& prefix, const auto& rows, Record& record) {
+  for (const Setting<Record>& row : rows) {
+    if (row.remote.name) first[row.remote.place] = fieldOf(prefix, row, record);
+  }
 }
 
 using Form = std::map<std::string, std::string, std::less<>>;
@@ -93,8 +66,8 @@ bool splitForm(std::string_view text, Form& form) {
   return true;
 }
 
-bool store(bool& target, const std::string& value, const ControlField& /*field*/,
-           std::u16string& error) {
+bool storeValue(bool& target, const std::string& value, const ControlField& /*field*/,
+                std::u16string& error) {
   if (value != "0" && value != "1") {
     error = kNoBoolean;
     return false;
@@ -103,8 +76,8 @@ bool store(bool& target, const std::string& value, const ControlField& /*field*/
   return true;
 }
 
-bool store(uint32_t& target, const std::string& value, const ControlField& field,
-           std::u16string& error) {
+bool storeValue(uint32_t& target, const std::string& value, const ControlField& field,
+                std::u16string& error) {
   int32_t number = 0;
   const char* const end = value.data() + value.size();
   const auto [stop, failure] = std::from_chars(value.data(), end, number);
@@ -116,15 +89,16 @@ bool store(uint32_t& target, const std::string& value, const ControlField& field
   return true;
 }
 
-/// Moves the value of every field from the form into the Settings that `fields` points into.
-bool takeFields(Form& form, const std::vector<ControlField>& fields, std::u16string& error) {
+/// Stores every field of the form in the Settings that `fields` points into, and removes it from
+/// the form.
+bool storeFields(Form& form, const std::vector<ControlField>& fields, std::u16string& error) {
   for (const ControlField& field : fields) {
     const auto entry = form.find(field.name);
     if (entry == form.end()) {
       error = kIncomplete;
       return false;
     }
-    if (!std::visit([&](auto* target) { return store(*target, entry->second, field, error); },
+    if (!std::visit([&](auto* target) { return storeValue(*target, entry->second, field, error); },
                     field.target)) {
       return false;
     }
@@ -146,7 +120,7 @@ bool readForm(const Settings& live, const std::string& text, Settings& changed,
     return false;
   }
   form.erase("revision");
-  if (!takeFields(form, controlFields(changed), error)) return false;
+  if (!storeFields(form, controlFields(changed), error)) return false;
   if (!form.empty()) {
     error = kUnknownField;
     return false;
@@ -161,13 +135,12 @@ bool readForm(const Settings& live, const std::string& text, Settings& changed,
 }  // namespace
 
 std::vector<ControlField> controlFields(Settings& settings) {
-  std::vector<ControlField> fields;
-  for (const Row<Settings>& row : kRows) fields.push_back(fieldOf("", row, settings));
-  for (const int stage : {1, 2}) {
-    PromptStage& prompt = stage == 1 ? settings.prompt1 : settings.prompt2;
-    const std::string prefix = "prompt" + std::to_string(stage) + '.';
-    for (const Row<PromptStage>& row : kStageRows) fields.push_back(fieldOf(prefix, row, prompt));
-  }
+  constexpr size_t kFirstStage = remoteCount(kSettings);
+  constexpr size_t kSecondStage = kFirstStage + remoteCount(kStageSettings);
+  std::vector<ControlField> fields(kSecondStage + remoteCount(kStageSettings));
+  fillFields(&fields[0], "", kSettings, settings);
+  fillFields(&fields[kFirstStage], "prompt1.", kStageSettings, settings.prompt1);
+  fillFields(&fields[kSecondStage], "prompt2.", kStageSettings, settings.prompt2);
   return fields;
 }
 

@@ -9,12 +9,12 @@
 #include <vector>
 
 #include "core/app.h"
+#include "settings/settings.h"
 
 namespace mrl {
 
-constexpr int32_t kMaxDurationSeconds = 59999;  // the longest a remote client may set
-
-/// One row of the form. Points into the Settings it was created for.
+/// One row of the form, made from the table of settings. Points into the Settings it was created
+/// for.
 struct ControlField {
   std::string name;  // key in the JSON document and in the form
   std::variant<uint32_t*, bool*> target;

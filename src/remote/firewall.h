@@ -7,8 +7,10 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "remote/firewall_rules.h"
+#include "settings/settings.h"
 
 namespace mrl {
 
@@ -42,7 +44,10 @@ enum class FirewallRuleState : int32_t {
                                   std::u16string& message, bool& blockedFound);
 
 /// Whether the service may use `port` at all.
-[[nodiscard]] constexpr bool isServicePort(int32_t port) { return port >= 1024 && port <= 65535; }
+[[nodiscard]] constexpr bool isServicePort(int32_t port) {
+  constexpr Range kPorts = rowOf(kSettings, &Settings::remotePort).range;
+  return std::cmp_greater_equal(port, kPorts.lowest) && std::cmp_less_equal(port, kPorts.highest);
+}
 
 /// Whether a rule's port list ("80,8000-8100") contains `port`; true if it can't be parsed.
 [[nodiscard]] bool portSpecCovers(std::u16string_view ports, int32_t port);

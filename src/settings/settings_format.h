@@ -9,7 +9,7 @@
 namespace mrl {
 
 /// A file with more entries in the skip list is refused.
-inline constexpr uint64_t kMaxSkipped = 10000;
+inline constexpr uint32_t kMaxSkipped = 10000;
 
 /// The whole file, in the current version.
 std::string composeSettings(const Settings& settings);

@@ -96,6 +96,39 @@ TEST(ComposeSettingsTest, AFullRecordGivesExactlyTheseBytes) {
   EXPECT_EQ(composeSettings(fullRecord()), kFullFile);
 }
 
+struct FlagPlace {
+  void (*flip)(Settings&);
+  std::string_view piece;  // of the default file
+  std::string_view flipped;
+};
+
+const FlagPlace kFlagPlaces[] = {
+    {[](Settings& s) { s.down = false; }, "900 1 1 0", "900 0 1 0"},
+    {[](Settings& s) { s.autoMode = false; }, "900 1 1 0", "900 1 0 0"},
+    {[](Settings& s) { s.perSlide = true; }, "900 1 1 0", "900 1 1 1"},
+    {[](Settings& s) { s.blink = false; }, "1 0 0 0 0", "0 0 0 0 0"},
+    {[](Settings& s) { s.sound = true; }, "1 0 0 0 0", "1 1 0 0 0"},
+    {[](Settings& s) { s.black = true; }, "1 0 0 0 0", "1 0 1 0 0"},
+    {[](Settings& s) { s.exitShow = true; }, "1 0 0 0 0", "1 0 0 1 0"},
+    {[](Settings& s) { s.switchPpt = true; }, "1 0 0 0 0", "1 0 0 0 1"},
+    {[](Settings& s) { s.hideNoDocument = true; }, "0 0 0 0 0", "1 0 0 0 0"},
+    {[](Settings& s) { s.hideZero = true; }, "0 0 0 0 0", "0 1 0 0 0"},
+    {[](Settings& s) { s.hideExcluded = true; }, "0 0 0 0 0", "0 0 1 0 0"},
+    {[](Settings& s) { s.transparent = true; }, "0 0 0 0 0", "0 0 0 1 0"},
+    {[](Settings& s) { s.machineTime = true; }, "0 0 0 0 0", "0 0 0 0 1"},
+    {[](Settings& s) { s.remoteAutoStart = false; }, "22222 1", "22222 0"},
+    {[](Settings& s) { s.prompt1.enabled = true; }, "0 1 1 0 300", "1 1 1 0 300"},
+    {[](Settings& s) { s.prompt1.blinkWindow = false; }, "0 1 1 0 300", "0 0 1 0 300"},
+    {[](Settings& s) { s.prompt1.blinkBackground = false; }, "0 1 1 0 300", "0 1 0 0 300"},
+    {[](Settings& s) { s.prompt1.sound = true; }, "0 1 1 0 300", "0 1 1 1 300"},
+};
+
+TEST(ComposeSettingsTest, EveryFlagStandsAtItsOwnPlace) {
+  for (const FlagPlace& place : kFlagPlaces) {
+    EXPECT_EQ(composeSettings(changedBy(place.flip)), withText(place.piece, place.flipped));
+  }
+}
+
 TEST(ComposeSettingsTest, AnUnpairedSurrogateIsWrittenAsTheReplacementCharacter) {
   Settings record;
   record.fontName = std::u16string{u'a', 0xD800};

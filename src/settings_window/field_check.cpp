@@ -23,7 +23,7 @@ void setError(FieldCheck& check, int id, const std::u16string& error) {
   check.error = error;
 }
 
-uint32_t takeNumber(App& app, int id, uint32_t lowest, uint32_t highest, FieldCheck& check) {
+uint32_t readNumberBox(App& app, int id, const Range& range, FieldCheck& check) {
   SettingsView& view = app.platform.settingsView;
   if (view.text(id).empty()) {
     if (view.hasFocus(id)) {
@@ -34,12 +34,13 @@ uint32_t takeNumber(App& app, int id, uint32_t lowest, uint32_t highest, FieldCh
     view.setText(id, u"0");
   }
   const auto number = numberFrom(view.text(id));
-  if (number && *number >= lowest && *number <= highest) return *number;
-  setError(check, id, kNumberBefore + decimal(lowest) + u"–" + decimal(highest) + kNumberAfter);
+  if (number && *number >= range.lowest && *number <= range.highest) return *number;
+  setError(check, id,
+           kNumberBefore + decimal(range.lowest) + u"–" + decimal(range.highest) + kNumberAfter);
   return 0;
 }
 
-void takePath(App& app, const Field& field, FileKind wanted, const char16_t* error,
+void readPath(App& app, const Field& field, FileKind wanted, const char16_t* error,
               Settings& candidate, FieldCheck& check) {
   const std::u16string path = app.platform.settingsView.text(field.id);
   FileKind kind = FileKind::Missing;
@@ -68,13 +69,13 @@ FieldCheck takeField(App& app, const Field& field, Settings& candidate) {
     case FieldKind::Flag: field.flag().in(candidate) = view.isChecked(field.id); break;
     case FieldKind::DownRadio: field.flag().in(candidate) = view.isChecked(kDownRadio); break;
     case FieldKind::Number: {
-      const uint32_t value = takeNumber(app, field.id, field.lowest, field.highest, check);
+      const uint32_t value = readNumberBox(app, field.id, rangeOf(field.number()), check);
       if (check.valid && !check.typing) field.number().in(candidate) = value;
       break;
     }
     case FieldKind::Time: {
-      const uint32_t minutes = takeNumber(app, field.id, field.lowest, field.highest, check);
-      const uint32_t seconds = takeNumber(app, field.secondsId, 0, kMostSeconds, check);
+      const uint32_t minutes = readNumberBox(app, field.id, {0, kMostMinutes}, check);
+      const uint32_t seconds = readNumberBox(app, field.secondsId, {0, kMostSeconds}, check);
       if (check.valid && !check.typing) field.number().in(candidate) = minutes * 60 + seconds;
       break;
     }
@@ -99,11 +100,11 @@ FieldCheck takeField(App& app, const Field& field, Settings& candidate) {
       }
       break;
     case FieldKind::Folder:
-      takePath(app, field, FileKind::Directory, kNoFolder, candidate, check);
+      readPath(app, field, FileKind::Directory, kNoFolder, candidate, check);
       break;
-    case FieldKind::File: takePath(app, field, FileKind::Regular, kNoFile, candidate, check); break;
+    case FieldKind::File: readPath(app, field, FileKind::Regular, kNoFile, candidate, check); break;
     case FieldKind::StageSound:
-      takePath(app, field, FileKind::Regular, kNoStageSound, candidate, check);
+      readPath(app, field, FileKind::Regular, kNoStageSound, candidate, check);
       break;
     case FieldKind::SkipList: candidate.skipList = app.form.settings.skipList; break;
   }

@@ -7,10 +7,6 @@ namespace {
 
 using enum FieldKind;
 
-constexpr uint32_t kMostWait = 3600;  // seconds
-constexpr uint32_t kShortestBlink = 50;
-constexpr uint32_t kLongestBlink = 10000;
-
 constexpr PromptStage Settings::*kStage1 = &Settings::prompt1;
 constexpr PromptStage Settings::*kStage2 = &Settings::prompt2;
 
@@ -28,7 +24,7 @@ constexpr TextField text(PromptStage Settings::*stage, std::u16string PromptStag
 }
 
 constexpr Field kFields[] = {
-    {kMinutesBox, Time, number(&Settings::duration), 0, kMostMinutes, kSecondsBox},
+    {kMinutesBox, Time, number(&Settings::duration), kSecondsBox},
     {kDownRadio, DownRadio, flag(&Settings::down)},
     {kUpRadio, DownRadio, flag(&Settings::down)},
     {kPerSlideCheck, Flag, flag(&Settings::perSlide)},
@@ -43,15 +39,15 @@ constexpr Field kFields[] = {
     {kTransparentCheck, Flag, flag(&Settings::transparent)},
     {kMachineTimeCheck, Flag, flag(&Settings::machineTime)},
     {kAutoStartCheck, Flag, flag(&Settings::remoteAutoStart)},
-    {kResetDelayBox, Number, number(&Settings::resetDelay), 0, kMostWait},
-    {kBlinkSecondsBox, Number, number(&Settings::blinkSeconds), 0, kMostWait},
-    {kSoundSecondsBox, Number, number(&Settings::soundSeconds), 0, kMostWait},
-    {kPortBox, Number, number(&Settings::remotePort), 1024, 65535},
-    {kWidthBox, Number, number(&Settings::windowWidth), 120, 1200},
-    {kHeightBox, Number, number(&Settings::windowHeight), 50, 600},
-    {kOpacityBox, Number, number(&Settings::opacity), 10, 100},
-    {kBlinkOnBox, Number, number(&Settings::blinkOn), kShortestBlink, kLongestBlink},
-    {kBlinkOffBox, Number, number(&Settings::blinkOff), kShortestBlink, kLongestBlink},
+    {kResetDelayBox, Number, number(&Settings::resetDelay)},
+    {kBlinkSecondsBox, Number, number(&Settings::blinkSeconds)},
+    {kSoundSecondsBox, Number, number(&Settings::soundSeconds)},
+    {kPortBox, Number, number(&Settings::remotePort)},
+    {kWidthBox, Number, number(&Settings::windowWidth)},
+    {kHeightBox, Number, number(&Settings::windowHeight)},
+    {kOpacityBox, Number, number(&Settings::opacity)},
+    {kBlinkOnBox, Number, number(&Settings::blinkOn)},
+    {kBlinkOffBox, Number, number(&Settings::blinkOff)},
     {kForegroundBox, Colour, number(&Settings::foreground)},
     {kBackgroundBox, Colour, number(&Settings::background)},
     {kAlertBox, Colour, number(&Settings::alert)},
@@ -64,28 +60,24 @@ constexpr Field kFields[] = {
     {kToggleExclusion, SkipList, std::monostate{}},
 
     {kFirstStage + kStageEnabled, Flag, flag(kStage1, &PromptStage::enabled)},
-    {kFirstStage + kStageMinutes, Time, number(kStage1, &PromptStage::advance), 0, kMostMinutes,
+    {kFirstStage + kStageMinutes, Time, number(kStage1, &PromptStage::advance),
      kFirstStage + kStageSeconds},
     {kFirstStage + kStageBlinkWindow, Flag, flag(kStage1, &PromptStage::blinkWindow)},
     {kFirstStage + kStageBlinkBackground, Flag, flag(kStage1, &PromptStage::blinkBackground)},
     {kFirstStage + kStageSound, Flag, flag(kStage1, &PromptStage::sound)},
     {kFirstStage + kStageSoundFile, StageSound, text(kStage1, &PromptStage::soundFile)},
-    {kFirstStage + kStageBlinkSeconds, Number, number(kStage1, &PromptStage::blinkSeconds), 0,
-     kMostWait},
-    {kFirstStage + kStageSoundSeconds, Number, number(kStage1, &PromptStage::soundSeconds), 0,
-     kMostWait},
+    {kFirstStage + kStageBlinkSeconds, Number, number(kStage1, &PromptStage::blinkSeconds)},
+    {kFirstStage + kStageSoundSeconds, Number, number(kStage1, &PromptStage::soundSeconds)},
 
     {kSecondStage + kStageEnabled, Flag, flag(kStage2, &PromptStage::enabled)},
-    {kSecondStage + kStageMinutes, Time, number(kStage2, &PromptStage::advance), 0, kMostMinutes,
+    {kSecondStage + kStageMinutes, Time, number(kStage2, &PromptStage::advance),
      kSecondStage + kStageSeconds},
     {kSecondStage + kStageBlinkWindow, Flag, flag(kStage2, &PromptStage::blinkWindow)},
     {kSecondStage + kStageBlinkBackground, Flag, flag(kStage2, &PromptStage::blinkBackground)},
     {kSecondStage + kStageSound, Flag, flag(kStage2, &PromptStage::sound)},
     {kSecondStage + kStageSoundFile, StageSound, text(kStage2, &PromptStage::soundFile)},
-    {kSecondStage + kStageBlinkSeconds, Number, number(kStage2, &PromptStage::blinkSeconds), 0,
-     kMostWait},
-    {kSecondStage + kStageSoundSeconds, Number, number(kStage2, &PromptStage::soundSeconds), 0,
-     kMostWait},
+    {kSecondStage + kStageBlinkSeconds, Number, number(kStage2, &PromptStage::blinkSeconds)},
+    {kSecondStage + kStageSoundSeconds, Number, number(kStage2, &PromptStage::soundSeconds)},
 };
 
 }  // namespace
@@ -95,6 +87,12 @@ std::span<const Field> allFields() { return kFields; }
 const Field* findField(int id) {
   const auto* found = std::ranges::find(kFields, id, &Field::id);
   return found == std::end(kFields) ? nullptr : found;
+}
+
+Range rangeOf(const NumberField& field) {
+  const auto boxRange = [](const auto& row) { return row.boxRange.value_or(row.range); };
+  return field.stage ? boxRange(rowOf(kStageSettings, field.ofStage))
+                     : boxRange(rowOf(kSettings, field.direct));
 }
 
 int queuedId(int id) {

@@ -49,8 +49,6 @@ struct Field {
   int id;  // of the control; for a time the box of the minutes
   FieldKind kind;
   std::variant<std::monostate, FlagField, NumberField, TextField> place;
-  uint32_t lowest = 0;  // of a number, or of a time's minutes
-  uint32_t highest = 0;
   int secondsId = 0;  // for a time, the box of the seconds
 
   [[nodiscard]] const FlagField& flag() const { return std::get<FlagField>(place); }
@@ -60,13 +58,17 @@ struct Field {
 
 inline constexpr uint32_t kMostMinutes = 999;
 inline constexpr uint32_t kMostSeconds = 59;
+static_assert(kMostMinutes * 60 + kMostSeconds == kMaxDurationSeconds);
 inline constexpr uint32_t kFontWeights[] = {300, 400, 700, 900};
 inline constexpr int kOtherWeightRow = 2;
 inline constexpr int kShapeCount = 3;
+static_assert(kShapeCount == rowOf(kSettings, &Settings::shape).range.highest + 1);
 
 std::span<const Field> allFields();
 /// Null for a control that edits no field.
 const Field* findField(int id);
+/// What the box of a number takes.
+Range rangeOf(const NumberField& field);
 /// The id that an edit is queued under: for a box of seconds its box of minutes, else `id`.
 int queuedId(int id);
 
