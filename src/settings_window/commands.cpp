@@ -8,7 +8,6 @@
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/control_table.h"
-#include "settings_window/field_table.h"
 #include "settings_window/field_values.h"
 #include "settings_window/form_sync.h"
 #include "settings_window/network_check.h"

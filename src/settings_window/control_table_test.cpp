@@ -8,8 +8,6 @@
 #include <utility>
 #include <vector>
 
-#include "settings_window/field_table.h"
-
 namespace mrl {
 namespace {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/app.h"
-#include "settings_window/field_table.h"
+#include "settings_window/control_table.h"
 
 namespace mrl {
 

@@ -8,7 +8,6 @@
 #include "core/commands.h"
 #include "settings_window/auto_apply.h"
 #include "settings_window/control_table.h"
-#include "settings_window/field_table.h"
 #include "settings_window/window.h"
 
 namespace mrl {

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/text.h"
-#include "settings_window/field_table.h"
+#include "settings_window/control_table.h"
 #include "settings_window/field_values.h"
 #include "settings_window/preview.h"
 #include "settings_window/window.h"
