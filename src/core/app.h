@@ -33,6 +33,7 @@
 #include "remote/network.h"
 #include "settings/files.h"
 #include "settings/settings.h"
+#include "settings_window/dialogs.h"
 #include "settings_window/form.h"
 #include "settings_window/view.h"
 
@@ -54,6 +55,7 @@ struct Platform {
   PopupMenu& menu;
   Shell& shell;
   SettingsView& settingsView;
+  SettingsDialogs& settingsDialogs;
   Sockets& sockets;
   RequestQueue& requests;
   ServiceHost& serviceHost;

@@ -24,6 +24,7 @@
 #include "remote/firewall_rules_win.h"
 #include "remote/network_win.h"
 #include "settings/files_win.h"
+#include "settings_window/dialogs_win.h"
 #include "settings_window/messages_win.h"
 #include "settings_window/view_win.h"
 
@@ -71,6 +72,7 @@ class AppWin : private MainLoop {
   PopupMenuWin menu;
   ShellWin shell;
   SettingsViewWin settingsView;
+  SettingsDialogsWin settingsDialogs;
   SocketsWin sockets;
   RequestQueueWin requests;
   ServiceHostWin serviceHost;

@@ -29,6 +29,7 @@ struct ServedApp {
             .menu = from.menu,
             .shell = from.shell,
             .settingsView = from.settingsView,
+            .settingsDialogs = from.settingsDialogs,
             .sockets = sockets,
             .requests = requests,
             .serviceHost = from.serviceHost,

@@ -1,9 +1,7 @@
 // The interface between the settings window's logic and the system: the controls of control_table.h
-// by their ids, and what the layout, the preview and the dialogs need.
+// by their ids, and what the layout and the preview need.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
@@ -58,11 +56,6 @@ struct Placement {
   Rect rect;
   bool operator==(const Placement&) const = default;
 };
-
-enum class DialogIcon { Question, Warning, Information };
-enum class FileFilter { Audio, Presentation };
-
-using CustomColours = std::array<uint32_t, 16>;
 
 /// UI thread only. If the window or the control does not exist, commands do nothing and queries
 /// return empty values. setText() on a box of one line notifies the window as typing does;
@@ -126,19 +119,6 @@ class SettingsView {
   [[nodiscard]] virtual Size previewHostSize() = 0;
   /// Places the preview in its host, in pixels; neither activates nor reorders it.
   virtual void placePreview(const Rect& rect) = 0;
-
-  /// True for Yes. This and inform() block; messages are still dispatched.
-  [[nodiscard]] virtual bool askYesNo(const std::u16string& text, const std::u16string& title,
-                                      DialogIcon icon) = 0;
-  virtual void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) = 0;
-  /// A path, empty on cancel or failure. Both block; messages are still dispatched.
-  [[nodiscard]] virtual std::u16string pickFolder() = 0;
-  [[nodiscard]] virtual std::u16string pickFile(FileFilter filter) = 0;
-  /// Starts at `colour` (0xRRGGBB) and replaces it. False on cancel, with both arguments unchanged.
-  /// `custom` are the colours that the user can define in the dialog.
-  [[nodiscard]] virtual bool pickColour(uint32_t& colour, CustomColours& custom) = 0;
-  /// Copies a text to the clipboard; false on failure.
-  [[nodiscard]] virtual bool copyText(const std::u16string& text) = 0;
 };
 
 }  // namespace mrl

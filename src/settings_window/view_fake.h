@@ -6,7 +6,6 @@
 #include <cassert>
 #include <functional>
 #include <map>
-#include <optional>
 #include <set>
 #include <utility>
 
@@ -145,40 +144,6 @@ class SettingsViewFake : public SettingsView {
     if (size != Size{before.width(), before.height()}) previewSized(size);
   }
 
-  bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
-    questions.push_back({text, title, icon});
-    const int before = focused;
-    takeFocus(kNobody);  // the message box has the focus meanwhile
-    takeFocus(before);
-    return answersYes;
-  }
-  void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
-    information.push_back({text, title, icon});
-  }
-  std::u16string pickFolder() override { return picked; }
-  std::u16string pickFile(FileFilter filter) override {
-    filters.push_back(filter);
-    return picked;
-  }
-  bool pickColour(uint32_t& colour, CustomColours& custom) override {
-    offeredColours.push_back(colour);
-    if (!pickedColour) return false;
-    colour = *pickedColour;
-    custom[0] = colour;
-    return true;
-  }
-  bool copyText(const std::u16string& text) override {
-    if (copyFails) return false;
-    clipboard = text;
-    return true;
-  }
-
-  struct Dialog {
-    std::u16string text;
-    std::u16string title;
-    DialogIcon icon;
-    bool operator==(const Dialog&) const = default;
-  };
   static constexpr int64_t kHandle = 900;
   static constexpr int kNobody = -1;
   static constexpr int kBarPixels = 17;  // the width of a scroll bar
@@ -189,21 +154,12 @@ class SettingsViewFake : public SettingsView {
   std::function<void(Size)> previewSized = [](Size) {};
   bool createFails = false;
   bool aboveAll = false;
-  bool answersYes = false;
-  bool copyFails = false;
-  std::u16string picked;                 // empty: the user cancels
-  std::optional<uint32_t> pickedColour;  // empty: the user cancels
   int windowDpi = kUnitsPerInch;
   Size client{1040, 740};
   Size previewHost{700, 112};  // including its scroll bars
 
   // What was recorded.
   int creations = 0;
-  std::vector<Dialog> questions;
-  std::vector<Dialog> information;
-  std::vector<FileFilter> filters;
-  std::vector<uint32_t> offeredColours;
-  std::u16string clipboard;
   std::vector<std::string> calls;
   std::vector<int> written;  // the ids that setText() was called with
 
