@@ -35,6 +35,7 @@
 #include "settings/settings.h"
 #include "settings_window/dialogs.h"
 #include "settings_window/form.h"
+#include "settings_window/preview_view.h"
 #include "settings_window/view.h"
 
 namespace mrl {
@@ -56,6 +57,7 @@ struct Platform {
   Shell& shell;
   SettingsView& settingsView;
   SettingsDialogs& settingsDialogs;
+  PreviewView& previewView;
   Sockets& sockets;
   RequestQueue& requests;
   ServiceHost& serviceHost;

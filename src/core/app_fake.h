@@ -20,6 +20,7 @@
 #include "remote/firewall_rules_fake.h"
 #include "remote/network_fake.h"
 #include "settings_window/dialogs_fake.h"
+#include "settings_window/preview_view_fake.h"
 #include "settings_window/view_fake.h"
 
 namespace mrl {
@@ -41,6 +42,7 @@ struct AppFake {
   ShellFake shell;
   SettingsViewFake settingsView;
   SettingsDialogsFake settingsDialogs{settingsView};
+  PreviewViewFake previewView{settingsView};
   SocketsFake sockets;
   RequestQueueFake requests;
   ServiceHostFake serviceHost;
@@ -66,6 +68,7 @@ struct AppFake {
             .shell = shell,
             .settingsView = settingsView,
             .settingsDialogs = settingsDialogs,
+            .previewView = previewView,
             .sockets = sockets,
             .requests = requests,
             .serviceHost = serviceHost,

@@ -26,6 +26,7 @@
 #include "settings/files_win.h"
 #include "settings_window/dialogs_win.h"
 #include "settings_window/messages_win.h"
+#include "settings_window/preview_view_win.h"
 #include "settings_window/view_win.h"
 
 namespace mrl {
@@ -73,6 +74,7 @@ class AppWin : private MainLoop {
   ShellWin shell;
   SettingsViewWin settingsView;
   SettingsDialogsWin settingsDialogs;
+  PreviewViewWin previewView;
   SocketsWin sockets;
   RequestQueueWin requests;
   ServiceHostWin serviceHost;

@@ -30,6 +30,7 @@ struct ServedApp {
             .shell = from.shell,
             .settingsView = from.settingsView,
             .settingsDialogs = from.settingsDialogs,
+            .previewView = from.previewView,
             .sockets = sockets,
             .requests = requests,
             .serviceHost = from.serviceHost,

@@ -125,7 +125,7 @@ TEST_F(SettingsCommandsTest, TheDefaultSizeIsTypedInAndApplied) {
   EXPECT_EQ(saved().windowHeight, 82u);
   EXPECT_FALSE(isRed(kHeightBox));
   EXPECT_EQ(clockWindow.place.width(), 183);
-  EXPECT_EQ(view().previewPlace.width(), 183);
+  EXPECT_EQ(preview().placed.width(), 183);
   EXPECT_EQ(status(), kApplied);
 }
 

@@ -1,5 +1,5 @@
 // The interface between the settings window's logic and the system: the controls of control_table.h
-// by their ids, and what the layout and the preview need.
+// by their ids, and what the layout needs.
 #pragma once
 
 #include <span>
@@ -8,6 +8,7 @@
 
 #include "base/geometry.h"
 #include "base/window_handle.h"
+#include "settings_window/scroll_bar.h"
 
 namespace mrl {
 
@@ -26,28 +27,6 @@ enum Notification : int {
   kFocusLost = 0x200,     // these three of an edit box
   kFocusTaken = 0x100,
   kTextChanged = 0x300,
-};
-
-enum class Bar { Page, PreviewHorizontal, PreviewVertical };
-/// The state of a scroll bar whose range begins at 0.
-struct ScrollInfo {
-  int last = 0;  // the end of the range
-  int page = 0;
-  int position = 0;
-  int track = 0;  // where the thumb is being dragged; read only
-  bool operator==(const ScrollInfo&) const = default;
-};
-
-/// A scroll bar's requests, with the system's values.
-enum class ScrollStep {
-  LineBack,
-  LineForward,
-  PageBack,
-  PageForward,
-  Drop,  // the thumb was released after a drag
-  Track,
-  Start,
-  End,
 };
 
 /// A control's rectangle in its parent, in pixels.
@@ -109,16 +88,13 @@ class SettingsView {
   virtual void place(std::span<const Placement> placements) = 0;
   /// Shows or hides without taking the focus; does nothing if the control already is so.
   virtual void setVisible(int id, bool visible) = 0;
-  [[nodiscard]] virtual ScrollInfo scrollInfo(Bar bar) = 0;
-  virtual void setScrollInfo(Bar bar, const ScrollInfo& info) = 0;
+  /// Of the pane's scroll bar.
+  [[nodiscard]] virtual ScrollInfo scrollInfo() = 0;
+  virtual void setScrollInfo(const ScrollInfo& info) = 0;
   /// Repaints the whole window, frame and children, now.
   virtual void redrawAll() = 0;
   /// Requests a repaint of the pane, its frame and children.
   virtual void redrawPane() = 0;
-
-  [[nodiscard]] virtual Size previewHostSize() = 0;
-  /// Places the preview in its host, in pixels; neither activates nor reorders it.
-  virtual void placePreview(const Rect& rect) = 0;
 };
 
 }  // namespace mrl

@@ -47,12 +47,10 @@ class SettingsViewWin : public SettingsView {
   Rect rectOf(int id) override;
   void place(std::span<const Placement> placements) override;
   void setVisible(int id, bool visible) override;
-  ScrollInfo scrollInfo(Bar bar) override;
-  void setScrollInfo(Bar bar, const ScrollInfo& info) override;
+  ScrollInfo scrollInfo() override;
+  void setScrollInfo(const ScrollInfo& info) override;
   void redrawAll() override;
   void redrawPane() override;
-  Size previewHostSize() override;
-  void placePreview(const Rect& rect) override;
 
   /// Null without a window or for an unknown id; the pane for kContentPane.
   [[nodiscard]] HWND control(int id) const;

@@ -277,7 +277,7 @@ TEST_F(SettingsWindowTest, LeavingResizeModeShowsTheNewSizeAndBooksNothing) {
   EXPECT_EQ(view().text(kWidthBox), u"400");
   EXPECT_EQ(view().text(kHeightBox), u"200");
   EXPECT_EQ(app.form.settings.windowWidth, 400u);
-  EXPECT_EQ(view().previewPlace.width(), 400);
+  EXPECT_EQ(preview().placed.width(), 400);
   EXPECT_TRUE(app.form.pendingEdits.empty());
 }
 
@@ -378,7 +378,7 @@ TEST_F(SettingsWindowTest, EachPageShowsItsOwnControlsAndTheFrames) {
 TEST_F(SettingsWindowTest, OnASmallScreenThePageScrolls) {
   view().client = {884, 500};
   layoutPage(app);
-  EXPECT_EQ(view().bars[Bar::Page], (ScrollInfo{.last = 915, .page = 252}));
+  EXPECT_EQ(view().bar, (ScrollInfo{.last = 915, .page = 252}));
   scrollPage(app, ScrollStep::End);
   EXPECT_EQ(app.form.scrollPosition, 916 - 252);
 }
