@@ -33,7 +33,9 @@
 #include "remote/network.h"
 #include "settings/files.h"
 #include "settings/settings.h"
+#include "settings_window/dialogs.h"
 #include "settings_window/form.h"
+#include "settings_window/preview_view.h"
 #include "settings_window/view.h"
 
 namespace mrl {
@@ -54,6 +56,8 @@ struct Platform {
   PopupMenu& menu;
   Shell& shell;
   SettingsView& settingsView;
+  SettingsDialogs& settingsDialogs;
+  PreviewView& previewView;
   Sockets& sockets;
   RequestQueue& requests;
   ServiceHost& serviceHost;

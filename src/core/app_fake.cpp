@@ -8,8 +8,8 @@ namespace mrl {
 
 AppFake::AppFake() {
   settingsView.notify = [this](int id, int code) { onSettingsCommand(app, id, code); };
-  settingsView.hostSized = [this] { refreshPreview(app); };
-  settingsView.previewSized = [this](Size size) { onPreviewSized(app, size); };
+  previewView.hostSized = [this] { refreshPreview(app); };
+  previewView.sized = [this](Size size) { onPreviewSized(app, size); };
 }
 
 AppFake::~AppFake() = default;

@@ -19,6 +19,8 @@
 #include "presentation/presentation_fake.h"
 #include "remote/firewall_rules_fake.h"
 #include "remote/network_fake.h"
+#include "settings_window/dialogs_fake.h"
+#include "settings_window/preview_view_fake.h"
 #include "settings_window/view_fake.h"
 
 namespace mrl {
@@ -39,6 +41,8 @@ struct AppFake {
   PopupMenuFake menu;
   ShellFake shell;
   SettingsViewFake settingsView;
+  SettingsDialogsFake settingsDialogs{settingsView};
+  PreviewViewFake previewView{settingsView};
   SocketsFake sockets;
   RequestQueueFake requests;
   ServiceHostFake serviceHost;
@@ -63,6 +67,8 @@ struct AppFake {
             .menu = menu,
             .shell = shell,
             .settingsView = settingsView,
+            .settingsDialogs = settingsDialogs,
+            .previewView = previewView,
             .sockets = sockets,
             .requests = requests,
             .serviceHost = serviceHost,

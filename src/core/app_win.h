@@ -24,7 +24,9 @@
 #include "remote/firewall_rules_win.h"
 #include "remote/network_win.h"
 #include "settings/files_win.h"
+#include "settings_window/dialogs_win.h"
 #include "settings_window/messages_win.h"
+#include "settings_window/preview_view_win.h"
 #include "settings_window/view_win.h"
 
 namespace mrl {
@@ -71,6 +73,8 @@ class AppWin : private MainLoop {
   PopupMenuWin menu;
   ShellWin shell;
   SettingsViewWin settingsView;
+  SettingsDialogsWin settingsDialogs;
+  PreviewViewWin previewView;
   SocketsWin sockets;
   RequestQueueWin requests;
   ServiceHostWin serviceHost;

@@ -29,6 +29,8 @@ struct ServedApp {
             .menu = from.menu,
             .shell = from.shell,
             .settingsView = from.settingsView,
+            .settingsDialogs = from.settingsDialogs,
+            .previewView = from.previewView,
             .sockets = sockets,
             .requests = requests,
             .serviceHost = from.serviceHost,

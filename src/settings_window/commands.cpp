@@ -33,27 +33,27 @@ constexpr PickButton kPickButtons[] = {
     {kSecondStage + kStagePickSound, Picker::Audio, kSecondStage + kStageSoundFile},
 };
 
-std::u16string pickPath(SettingsView& view, Picker kind) {
+std::u16string pickPath(SettingsDialogs& dialogs, Picker kind) {
   switch (kind) {
-    case Picker::Folder: return view.pickFolder();
-    case Picker::Presentation: return view.pickFile(FileFilter::Presentation);
+    case Picker::Folder: return dialogs.pickFolder();
+    case Picker::Presentation: return dialogs.pickFile(FileFilter::Presentation);
     case Picker::Audio: break;
   }
-  return view.pickFile(FileFilter::Audio);
+  return dialogs.pickFile(FileFilter::Audio);
 }
 
 void pickPath(App& app, const PickButton& button) {
-  SettingsView& view = app.platform.settingsView;
-  const std::u16string path = pickPath(view, button.kind);
+  const std::u16string path = pickPath(app.platform.settingsDialogs, button.kind);
   if (path.empty() || !app.form.isOpen) return;
-  view.setText(button.box, path);  // notifies as typing does, which queues the edit
+  // Notifies as typing does, which queues the edit.
+  app.platform.settingsView.setText(button.box, path);
 }
 
 void pickColour(App& app, int box) {
-  SettingsView& view = app.platform.settingsView;
+  SettingsDialogs& dialogs = app.platform.settingsDialogs;
   uint32_t colour = findField(box)->number().in(app.form.settings);
-  if (!view.pickColour(colour, app.form.customColours) || !app.form.isOpen) return;
-  view.setText(box, colourText(colour));  // queues the edit
+  if (!dialogs.pickColour(colour, app.form.customColours) || !app.form.isOpen) return;
+  app.platform.settingsView.setText(box, colourText(colour));  // queues the edit
   applyPending(app, true);
 }
 

@@ -54,10 +54,10 @@ TEST_F(SettingsCommandsTest, EveryPickerFillsItsBoxWhichBooksTheEdit) {
   };
   for (const PickCase& row : cases) {
     openWith(Settings{});
-    view().filters.clear();
-    view().picked = row.path;
+    dialogs().filters.clear();
+    dialogs().picked = row.path;
     view().click(row.button);
-    EXPECT_EQ(view().filters, row.filters);
+    EXPECT_EQ(dialogs().filters, row.filters);
     EXPECT_EQ(view().text(row.box), row.path);
     EXPECT_EQ(app.form.pendingEdits.at(row.box), clock.nowMs() + kEditDelayMs);
     EXPECT_TRUE(app.form.settingsDirty);
@@ -75,7 +75,7 @@ TEST_F(SettingsCommandsTest, ACancelledPickerLeavesItsBox) {
 
 TEST_F(SettingsCommandsTest, AFolderThatIsPickedIsListedAtOnce) {
   files().putFile(u"C:\\decks\\a.pptx", "");
-  view().picked = u"C:\\decks";
+  dialogs().picked = u"C:\\decks";
   view().click(kPickFolderButton);
   EXPECT_EQ(view().lists[kFileList].size(), 1u);
 }
@@ -93,9 +93,9 @@ TEST_F(SettingsCommandsTest, EveryColourPickerStartsAtItsColourAndAppliesItsChoi
   for (const auto& row : cases) {
     openWith(Settings{});
     Settings expected;
-    view().pickedColour = 0x00AB12;
+    dialogs().pickedColour = 0x00AB12;
     view().click(row.button);
-    EXPECT_EQ(view().offeredColours.back(), row.field(expected));
+    EXPECT_EQ(dialogs().offeredColours.back(), row.field(expected));
     row.field(expected) = 0x00AB12;
     EXPECT_EQ(view().text(row.box), u"#00AB12");
     EXPECT_EQ(saved(), expected);
@@ -125,7 +125,7 @@ TEST_F(SettingsCommandsTest, TheDefaultSizeIsTypedInAndApplied) {
   EXPECT_EQ(saved().windowHeight, 82u);
   EXPECT_FALSE(isRed(kHeightBox));
   EXPECT_EQ(clockWindow.place.width(), 183);
-  EXPECT_EQ(view().previewPlace.width(), 183);
+  EXPECT_EQ(preview().placed.width(), 183);
   EXPECT_EQ(status(), kApplied);
 }
 

@@ -1,7 +1,7 @@
 // The file types offered by the settings window's pickers. Constant data, any thread.
 #pragma once
 
-#include "settings_window/view.h"
+#include "settings_window/dialogs.h"
 
 namespace mrl {
 

@@ -32,6 +32,8 @@ class SettingsFixture : public AppFixture {
   }
 
   SettingsViewFake& view() { return settingsView; }
+  SettingsDialogsFake& dialogs() { return settingsDialogs; }
+  PreviewViewFake& preview() { return previewView; }
   std::u16string status() { return view().text(kStatusText); }
   bool isRed(int id) { return view().mark(id, Mark::Invalid); }
   bool isEnabled(int id) { return !view().disabled.contains(id); }

@@ -10,8 +10,8 @@
 #include "base/geometry.h"
 #include "overlay/clock_geometry.h"
 #include "settings/settings.h"
+#include "settings_window/dialogs.h"
 #include "settings_window/qr_code.h"
-#include "settings_window/view.h"
 
 namespace mrl {
 

@@ -103,7 +103,7 @@ void showScrolled(App& app, PageLayout layout) {
   SettingsView& view = app.platform.settingsView;
   view.place(layout.page);
   view.setScrollInfo(
-      Bar::Page, {.last = layout.extent - 1, .page = layout.paneHeight, .position = layout.scroll});
+      {.last = layout.extent - 1, .page = layout.paneHeight, .position = layout.scroll});
   app.form.scrollPosition = layout.scroll;
   app.form.cards = std::move(layout.cards);
 }
@@ -167,7 +167,7 @@ int positionAfter(ScrollStep step, const ScrollInfo& bar, int line, int page) {
 
 void scrollPage(App& app, ScrollStep step, int dropped) {
   SettingsView& view = app.platform.settingsView;
-  const ScrollInfo bar = view.scrollInfo(Bar::Page);
+  const ScrollInfo bar = view.scrollInfo();
   switch (step) {
     case ScrollStep::Drop: return scrollTo(app, dropped);
     case ScrollStep::Start: return scrollTo(app, 0);
@@ -192,7 +192,7 @@ void bringIntoSight(App& app, int id) {
   const Rect rect = view.rectOf(id);
   const int margin = toPixels(kSightUnits, view.dpi());
   const int above = rect.top - margin;
-  const int below = rect.bottom + margin - view.scrollInfo(Bar::Page).page;
+  const int below = rect.bottom + margin - view.scrollInfo().page;
   if (above < 0) {
     scrollTo(app, app.form.scrollPosition + above);
   } else if (below > 0) {

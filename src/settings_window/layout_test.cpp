@@ -97,7 +97,7 @@ bool endsWithItsBar(App& app, SettingsViewFake& view) {
   const int laidOut = app.form.scrollPosition;
   scrollPage(app, ScrollStep::Start);
   scrollPage(app, ScrollStep::End);
-  const ScrollInfo bar = view.scrollInfo(Bar::Page);
+  const ScrollInfo bar = view.scrollInfo();
   const int end = std::max(bar.last - bar.page + 1, 0);
   view.calls.clear();
   scrollPage(app, ScrollStep::LineForward);  // beyond the end: nothing moves
@@ -141,11 +141,11 @@ TEST_F(LayoutScrollTest, EachStepOfTheScrollBarGoesItsWay) {
   EXPECT_EQ(app.form.scrollPosition, page * 3 / 4);
   scrollPage(app, ScrollStep::PageBack);
   EXPECT_EQ(app.form.scrollPosition, 0);
-  view().bars[Bar::Page].track = 33;
+  view().bar.track = 33;
   scrollPage(app, ScrollStep::Track);
   EXPECT_EQ(app.form.scrollPosition, 33);
   EXPECT_EQ(view().rectOf(kTimingTitle).top, 30 - 33);
-  EXPECT_EQ(view().bars[Bar::Page].position, 33);
+  EXPECT_EQ(view().bar.position, 33);
   EXPECT_EQ(view().calls.back(), "redrawPane");
   scrollPage(app, ScrollStep::Drop, 44);
   EXPECT_EQ(app.form.scrollPosition, 44);
@@ -194,7 +194,7 @@ TEST_F(LayoutScrollTest, AWiderWindowHoldsThePositionWithinTheShorterPage) {
   view().client = {1040, 620};
   layoutPage(app);
   EXPECT_EQ(app.form.scrollPosition, 454 - (620 - 248));
-  EXPECT_EQ(view().bars[Bar::Page], (ScrollInfo{.last = 453, .page = 372, .position = 454 - 372}));
+  EXPECT_EQ(view().bar, (ScrollInfo{.last = 453, .page = 372, .position = 454 - 372}));
   EXPECT_EQ(view().rectOf(kFirstStageTitle).top, view().rectOf(kSecondStageTitle).top);
 }
 
@@ -206,7 +206,7 @@ TEST_F(LayoutScrollTest, AnotherResolutionBringsThePageToItsTop) {
   EXPECT_EQ(view().calls.front(), "adoptDpi");
   EXPECT_EQ(app.form.scrollPosition, 0);
   EXPECT_EQ(view().rectOf(kMinutesBox), (Rect{80, 176, 280, 288}));
-  EXPECT_EQ(view().previewPlace.width(), 2 * 183);
+  EXPECT_EQ(preview().placed.width(), 2 * 183);
   EXPECT_EQ(view().calls.back(), "redrawAll");
 }
 

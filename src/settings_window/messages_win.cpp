@@ -125,8 +125,8 @@ std::optional<LRESULT> SettingsMessagesWin::onPane(HWND window, UINT message) {
 std::optional<LRESULT> SettingsMessagesWin::onHost(HWND window, UINT message, WPARAM wParam) {
   switch (message) {
     case WM_SIZE: refreshPreview(app); return 0;
-    case WM_HSCROLL: scrollPreview(app, Bar::PreviewHorizontal, stepFrom(wParam)); return 0;
-    case WM_VSCROLL: scrollPreview(app, Bar::PreviewVertical, stepFrom(wParam)); return 0;
+    case WM_HSCROLL: scrollPreview(app, PreviewBar::Horizontal, stepFrom(wParam)); return 0;
+    case WM_VSCROLL: scrollPreview(app, PreviewBar::Vertical, stepFrom(wParam)); return 0;
     case WM_ERASEBKGND: return 1;
     case WM_PAINT: view.painter().paintPreviewHost(window); return 0;
     default: return {};

@@ -22,7 +22,7 @@ constexpr char16_t kCheckedBox[] =
 /// Reports in the status line and in a modal message box.
 void showMessage(App& app, const std::u16string& text, DialogIcon icon) {
   setStatus(app, text);
-  app.platform.settingsView.inform(text, kTitle, icon);
+  app.platform.settingsDialogs.inform(text, kTitle, icon);
 }
 
 /// By its full path, with the system's folder as its working folder: it inherits this program's
@@ -34,7 +34,8 @@ bool openConsole(App& app) {
 
 void offerConsole(App& app, const std::u16string& found) {
   setStatus(app, kRulesFound);
-  if (!app.platform.settingsView.askYesNo(found + kAskConsole, kTitle, DialogIcon::Warning)) return;
+  SettingsDialogs& dialogs = app.platform.settingsDialogs;
+  if (!dialogs.askYesNo(found + kAskConsole, kTitle, DialogIcon::Warning)) return;
   if (!openConsole(app)) setStatus(app, kNoConsole);
 }
 
@@ -71,7 +72,7 @@ void checkAndRepairNetwork(App& app) {
   }
   if (state != FirewallRuleState::Authorized) return showMessage(app, text, DialogIcon::Warning);
   setStatus(app, kChecked);
-  app.platform.settingsView.inform(kCheckedBox, kTitle, DialogIcon::Information);
+  app.platform.settingsDialogs.inform(kCheckedBox, kTitle, DialogIcon::Information);
 }
 
 }  // namespace mrl

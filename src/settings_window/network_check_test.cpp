@@ -24,7 +24,8 @@ class NetworkCheckTest : public SettingsFixture {
   }
   void press() { view().click(kCheckNetworkButton); }
   void expectBox(const std::u16string& text, DialogIcon icon) {
-    EXPECT_EQ(view().information, (std::vector<SettingsViewFake::Dialog>{{text, kTitle, icon}}));
+    EXPECT_EQ(dialogs().information,
+              (std::vector<SettingsDialogsFake::Message>{{text, kTitle, icon}}));
   }
 
   FirewallRule fitting;
@@ -48,11 +49,11 @@ TEST_F(NetworkCheckTest, ARuleThatFitsAndANetworkAreTold) {
 TEST_F(NetworkCheckTest, ARuleThatDoesNotFitIsShownAndTheConsoleOffered) {
   firewall.rules = {fitting};
   firewall.rules[0].profiles = 6;
-  view().answersYes = true;
+  dialogs().answersYes = true;
   press();
   EXPECT_EQ(status(), kFound);
-  EXPECT_EQ(view().questions,
-            (std::vector<SettingsViewFake::Dialog>{
+  EXPECT_EQ(dialogs().questions,
+            (std::vector<SettingsDialogsFake::Message>{
                 {std::u16string(kMismatch) + u"\n\n程序不会自动修改或删除这些规则。"
                                              u"是否打开高级防火墙控制台，由你检查规则来源和范围？",
                  kTitle, DialogIcon::Warning}}));
@@ -67,7 +68,7 @@ TEST_F(NetworkCheckTest, ABlockRuleIsHandledLikewise) {
   firewall.rules[0].action = 0;
   press();
   EXPECT_EQ(status(), kFound);
-  EXPECT_EQ(view().questions.size(), 1u);
+  EXPECT_EQ(dialogs().questions.size(), 1u);
 }
 
 TEST_F(NetworkCheckTest, WhoSaysNoSeesNoConsole) {
@@ -81,7 +82,7 @@ TEST_F(NetworkCheckTest, WhoSaysNoSeesNoConsole) {
 TEST_F(NetworkCheckTest, AConsoleThatCannotBeOpenedIsTold) {
   firewall.rules = {fitting};
   firewall.rules[0].profiles = 6;
-  view().answersYes = true;
+  dialogs().answersYes = true;
   shell.fails = true;
   press();
   EXPECT_EQ(status(),
@@ -92,7 +93,7 @@ TEST_F(NetworkCheckTest, WithoutTheSystemsFolderTheConsoleIsNotSearchedFor) {
   firewall.rules = {fitting};
   firewall.rules[0].profiles = 6;
   firewall.system.clear();
-  view().answersYes = true;
+  dialogs().answersYes = true;
   press();
   EXPECT_TRUE(shell.opened.empty());
   EXPECT_EQ(status(),

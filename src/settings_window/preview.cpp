@@ -30,7 +30,7 @@ Size previewPixels(const App& app) {
 }
 
 /// Sets the scroll bar of one axis and clamps `scroll` to its range.
-void setBar(SettingsView& view, Bar bar, int host, int length, int& scroll) {
+void setBar(PreviewView& view, PreviewBar bar, int host, int length, int& scroll) {
   scroll = std::clamp(scroll, 0, std::max(length - host, 0));
   view.setScrollInfo(bar, {.last = length - 1, .page = host, .position = scroll});
 }
@@ -58,16 +58,17 @@ std::u16string expirySummary(const Settings& settings) {
 void refreshPreview(App& app) {
   if (!app.form.isOpen) return;
   refreshEnableStates(app);
-  SettingsView& view = app.platform.settingsView;
+  PreviewView& preview = app.platform.previewView;
   const Size size = previewPixels(app);
   Point& scroll = app.form.previewScroll;
   // Read the host's size each time: a scroll bar that appears or disappears changes it.
-  setBar(view, Bar::PreviewHorizontal, view.previewHostSize().width, size.width, scroll.x);
-  setBar(view, Bar::PreviewVertical, view.previewHostSize().height, size.height, scroll.y);
-  const Size host = view.previewHostSize();
+  setBar(preview, PreviewBar::Horizontal, preview.hostSize().width, size.width, scroll.x);
+  setBar(preview, PreviewBar::Vertical, preview.hostSize().height, size.height, scroll.y);
+  const Size host = preview.hostSize();
   const int left = nearEdge(host.width, size.width, scroll.x);
   const int top = nearEdge(host.height, size.height, scroll.y);
-  view.placePreview({left, top, left + size.width, top + size.height});
+  preview.place({left, top, left + size.width, top + size.height});
+  SettingsView& view = app.platform.settingsView;
   view.invalidate(kPreview);
   for (const ColourPicker& picker : kColourPickers) view.invalidate(picker.id);
   setTextIfChanged(app, kExpirySummary, expirySummary(app.form.settings));
@@ -82,23 +83,23 @@ ClockPicture previewPicture(const App& app) {
           .isPreview = true};
 }
 
-void scrollPreview(App& app, Bar bar, ScrollStep step) {
-  SettingsView& view = app.platform.settingsView;
-  const ScrollInfo info = view.scrollInfo(bar);
+void scrollPreview(App& app, PreviewBar bar, ScrollStep step) {
+  const ScrollInfo info = app.platform.previewView.scrollInfo(bar);
+  const int line = toPixels(kPreviewLineUnits, app.platform.settingsView.dpi());
   Point& scroll = app.form.previewScroll;
-  (bar == Bar::PreviewHorizontal ? scroll.x : scroll.y) =
-      positionAfter(step, info, toPixels(kPreviewLineUnits, view.dpi()), info.page);
+  (bar == PreviewBar::Horizontal ? scroll.x : scroll.y) =
+      positionAfter(step, info, line, info.page);
   refreshPreview(app);
 }
 
 void onPreviewCornerPress(App& app, CornerHit hit, Point cursor) {
-  app.form.previewDrag = CornerDrag{hit, cursor, app.platform.settingsView.rectOf(kPreview)};
+  app.form.previewDrag = CornerDrag{hit, cursor, app.platform.previewView.rect()};
 }
 
 void onPreviewCornerDrag(App& app, Point cursor) {
   if (!app.form.previewDrag) return;
-  SettingsView& view = app.platform.settingsView;
-  view.placePreview(draggedTo(cursor, *app.form.previewDrag, view.dpi(), true));
+  const int dpi = app.platform.settingsView.dpi();
+  app.platform.previewView.place(draggedTo(cursor, *app.form.previewDrag, dpi, true));
 }
 
 void onPreviewSized(App& app, Size pixels) {

@@ -16,8 +16,8 @@ ClockPicture previewPicture(const App& app);
 
 std::u16string expirySummary(const Settings& settings);
 
-/// A step of one of the host's scroll bars; `bar` is one of the preview's two.
-void scrollPreview(App& app, Bar bar, ScrollStep step);
+/// A step of one of the host's scroll bars.
+void scrollPreview(App& app, PreviewBar bar, ScrollStep step);
 
 /// A corner drag, from press to release or loss of the mouse capture; the cursor in screen pixels.
 /// Each size that the preview takes meanwhile is written into the size boxes and queued as an edit.

@@ -9,16 +9,16 @@ namespace {
 class PreviewPaneTest : public SettingsFixture {};
 
 TEST_F(PreviewPaneTest, APreviewSmallerThanItsHostIsCentred) {
-  EXPECT_EQ(view().previewPlace, (Rect{258, 15, 441, 97}));
-  EXPECT_EQ(view().bars[Bar::PreviewHorizontal], (ScrollInfo{.last = 182, .page = 700}));
-  EXPECT_EQ(view().bars[Bar::PreviewVertical], (ScrollInfo{.last = 81, .page = 112}));
+  EXPECT_EQ(preview().placed, (Rect{258, 15, 441, 97}));
+  EXPECT_EQ(preview().bars[PreviewBar::Horizontal], (ScrollInfo{.last = 182, .page = 700}));
+  EXPECT_EQ(preview().bars[PreviewBar::Vertical], (ScrollInfo{.last = 81, .page = 112}));
 }
 
 TEST_F(PreviewPaneTest, ItHasTheTrueSizeAtEveryResolution) {
   view().windowDpi = 192;
   refreshPreview(app);
-  EXPECT_EQ(view().previewPlace.width(), 366);
-  EXPECT_EQ(view().previewPlace.height(), 164);
+  EXPECT_EQ(preview().placed.width(), 366);
+  EXPECT_EQ(preview().placed.height(), 164);
 }
 
 TEST_F(PreviewPaneTest, ALargerOneScrollsAndAShrunkenOneGoesBackToTheMiddle) {
@@ -26,47 +26,47 @@ TEST_F(PreviewPaneTest, ALargerOneScrollsAndAShrunkenOneGoesBackToTheMiddle) {
   view().type(kHeightBox, u"300");
   app.form.previewScroll = {250, 5000};
   refreshPreview(app);
-  EXPECT_EQ(view().previewPlace, (Rect{-250, -205, 750, 95})) << "the bars take their room";
-  EXPECT_EQ(view().bars[Bar::PreviewHorizontal],
+  EXPECT_EQ(preview().placed, (Rect{-250, -205, 750, 95})) << "the bars take their room";
+  EXPECT_EQ(preview().bars[PreviewBar::Horizontal],
             (ScrollInfo{.last = 999, .page = 683, .position = 250}));
-  EXPECT_EQ(view().bars[Bar::PreviewVertical],
+  EXPECT_EQ(preview().bars[PreviewBar::Vertical],
             (ScrollInfo{.last = 299, .page = 95, .position = 205}));
   view().type(kWidthBox, u"200");
   view().type(kHeightBox, u"100");
   EXPECT_EQ(app.form.previewScroll, Point{});
-  EXPECT_EQ(view().previewPlace, (Rect{250, 6, 450, 106}));
+  EXPECT_EQ(preview().placed, (Rect{250, 6, 450, 106}));
 }
 
 TEST_F(PreviewPaneTest, ItStandsInTheMiddleOfWhatItsScrollBarsLeave) {
   view().type(kWidthBox, u"1000");
-  EXPECT_EQ(view().previewPlace, (Rect{0, 6, 1000, 88}));
+  EXPECT_EQ(preview().placed, (Rect{0, 6, 1000, 88}));
   view().type(kHeightBox, u"100");
-  EXPECT_EQ(view().previewPlace, (Rect{0, 0, 1000, 100}));
-  EXPECT_EQ(view().previewHostSize(), (Size{683, 95}));
+  EXPECT_EQ(preview().placed, (Rect{0, 0, 1000, 100}));
+  EXPECT_EQ(preview().hostSize(), (Size{683, 95}));
   view().click(kDefaultSizeButton);
-  EXPECT_EQ(view().previewHostSize(), (Size{700, 112}));
-  EXPECT_EQ(view().previewPlace, (Rect{258, 15, 441, 97}));
+  EXPECT_EQ(preview().hostSize(), (Size{700, 112}));
+  EXPECT_EQ(preview().placed, (Rect{258, 15, 441, 97}));
 }
 
 TEST_F(PreviewPaneTest, AnAbsurdSizeIsHeldWithinTheLimits) {
   const Rect before = clockWindow.place;
   view().type(kWidthBox, u"99999");
   view().type(kHeightBox, u"4294967295");
-  EXPECT_EQ(view().previewPlace.width(), 1200);
-  EXPECT_EQ(view().previewPlace.height(), 600);
+  EXPECT_EQ(preview().placed.width(), 1200);
+  EXPECT_EQ(preview().placed.height(), 600);
   applyPending(app, true);
   EXPECT_TRUE(isRed(kWidthBox));
   EXPECT_EQ(clockWindow.place, before);
   view().type(kWidthBox, u"1");
   view().type(kHeightBox, u"0");
-  EXPECT_EQ(view().previewPlace.width(), 120);
-  EXPECT_EQ(view().previewPlace.height(), 50);
+  EXPECT_EQ(preview().placed.width(), 120);
+  EXPECT_EQ(preview().placed.height(), 50);
 }
 
 TEST_F(PreviewPaneTest, AHostThatChangesItsSizeMovesThePreview) {
-  view().previewHost = {183, 82};
+  preview().host = {183, 82};
   refreshPreview(app);
-  EXPECT_EQ(view().previewPlace, (Rect{0, 0, 183, 82}));
+  EXPECT_EQ(preview().placed, (Rect{0, 0, 183, 82}));
 }
 
 TEST_F(PreviewPaneTest, EachScrollStepGoesItsWay) {
@@ -80,24 +80,24 @@ TEST_F(PreviewPaneTest, EachScrollStepGoesItsWay) {
                {ScrollStep::Start, 683},      {ScrollStep::End, 683},
                {ScrollStep::PageBack, 0},     {ScrollStep::PageBack, 0}};
   for (const auto& row : cases) {
-    scrollPreview(app, Bar::PreviewHorizontal, row.step);
+    scrollPreview(app, PreviewBar::Horizontal, row.step);
     EXPECT_EQ(app.form.previewScroll, (Point{row.position, 0}));
-    EXPECT_EQ(view().previewPlace.left, -row.position);
+    EXPECT_EQ(preview().placed.left, -row.position);
   }
 }
 
 TEST_F(PreviewPaneTest, TheThumbIsFollowedWithinTheRange) {
   view().type(kHeightBox, u"600");
-  view().bars[Bar::PreviewVertical].track = 123;
-  scrollPreview(app, Bar::PreviewVertical, ScrollStep::Track);
+  preview().bars[PreviewBar::Vertical].track = 123;
+  scrollPreview(app, PreviewBar::Vertical, ScrollStep::Track);
   EXPECT_EQ(app.form.previewScroll, (Point{0, 123}));
-  view().bars[Bar::PreviewVertical].track = 9999;
-  scrollPreview(app, Bar::PreviewVertical, ScrollStep::Track);
+  preview().bars[PreviewBar::Vertical].track = 9999;
+  scrollPreview(app, PreviewBar::Vertical, ScrollStep::Track);
   EXPECT_EQ(app.form.previewScroll, (Point{0, 488}));
 }
 
 TEST_F(PreviewPaneTest, APreviewThatFitsDoesNotScroll) {
-  scrollPreview(app, Bar::PreviewHorizontal, ScrollStep::LineForward);
+  scrollPreview(app, PreviewBar::Horizontal, ScrollStep::LineForward);
   EXPECT_EQ(app.form.previewScroll, Point{});
 }
 
@@ -150,7 +150,7 @@ TEST_F(PreviewDragTest, ADraggedCornerTypesTheSizeIn) {
 }
 
 TEST_F(PreviewDragTest, EveryCornerChangesTheSizeAndNotThePlace) {
-  const Rect start = view().previewPlace;
+  const Rect start = preview().placed;
   const struct {
     CornerHit hit;
     Point way;
@@ -160,9 +160,9 @@ TEST_F(PreviewDragTest, EveryCornerChangesTheSizeAndNotThePlace) {
                {CornerHit::BottomRight, {20, 10}}};
   for (const auto& row : cases) {
     drag(row.hit, row.way);
-    EXPECT_EQ(view().previewPlace, (Rect{start.left, start.top, start.left + 203, start.top + 92}));
+    EXPECT_EQ(preview().placed, (Rect{start.left, start.top, start.left + 203, start.top + 92}));
     onPreviewCornerDrag(app, {500, 400});
-    EXPECT_EQ(view().previewPlace, start) << "the way counts from the press";
+    EXPECT_EQ(preview().placed, start) << "the way counts from the press";
     onPreviewDragEnded(app);
   }
 }
@@ -179,19 +179,19 @@ TEST_F(PreviewDragTest, ItStaysWithinTheLimitsOfTheClock) {
 TEST_F(PreviewDragTest, AfterTheDragThePreviewIsInTheMiddleAgainOrScrolls) {
   drag(CornerHit::BottomRight, {17, 10});
   onPreviewDragEnded(app);
-  EXPECT_EQ(view().previewPlace, (Rect{250, 10, 450, 102}));
+  EXPECT_EQ(preview().placed, (Rect{250, 10, 450, 102}));
   drag(CornerHit::BottomRight, {800, 0});
   onPreviewDragEnded(app);
-  EXPECT_EQ(view().previewPlace, (Rect{0, 1, 1000, 93}));
-  EXPECT_EQ(view().bars[Bar::PreviewHorizontal], (ScrollInfo{.last = 999, .page = 700}));
+  EXPECT_EQ(preview().placed, (Rect{0, 1, 1000, 93}));
+  EXPECT_EQ(preview().bars[PreviewBar::Horizontal], (ScrollInfo{.last = 999, .page = 700}));
 }
 
 TEST_F(PreviewDragTest, AfterItsEndTheMouseDragsNothing) {
   drag(CornerHit::BottomRight, {17, 10});
   onPreviewDragEnded(app);
-  const Rect reached = view().previewPlace;
+  const Rect reached = preview().placed;
   onPreviewCornerDrag(app, {900, 900});
-  EXPECT_EQ(view().previewPlace, reached);
+  EXPECT_EQ(preview().placed, reached);
 }
 
 TEST_F(PreviewDragTest, AWindowClosedDuringADragTakesTheDragAlong) {
@@ -204,7 +204,7 @@ TEST_F(PreviewDragTest, AWindowClosedDuringADragTakesTheDragAlong) {
 
 TEST_F(PreviewDragTest, WithoutADragASizeOfThePreviewTypesNothing) {
   view().type(kWidthBox, u"1");
-  EXPECT_EQ(view().previewPlace.width(), 120);
+  EXPECT_EQ(preview().placed.width(), 120);
   EXPECT_EQ(view().text(kWidthBox), u"1");
 }
 
@@ -218,9 +218,9 @@ TEST_F(PreviewDragTest, ASizeOfThePreviewMeansNothingWhileControlsAreFilled) {
 
 TEST_F(PreviewPaneTest, WithoutAWindowNothingIsRefreshed) {
   closeSettingsWindow(app);
-  view().previewPlace = {};
+  preview().placed = {};
   refreshPreview(app);
-  EXPECT_EQ(view().previewPlace, Rect{});
+  EXPECT_EQ(preview().placed, Rect{});
 }
 
 TEST(ExpirySummaryTest, EachPieceHasItsCondition) {

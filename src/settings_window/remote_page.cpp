@@ -65,7 +65,7 @@ void toggleRemote(App& app) {
 
 void copyRemoteAddress(App& app) {
   const std::u16string address = firstLine(addressLines(app));
-  if (!address.empty() && app.platform.settingsView.copyText(address)) setStatus(app, kCopied);
+  if (!address.empty() && app.platform.settingsDialogs.copyText(address)) setStatus(app, kCopied);
 }
 
 void applyPort(App& app) {

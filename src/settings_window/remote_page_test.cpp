@@ -73,20 +73,20 @@ TEST_F(RemotePageTest, AStartThatFailsHasTheLastWord) {
 TEST_F(RemotePageTest, TheFirstAddressIsCopied) {
   serve();
   view().click(kCopyAddressButton);
-  EXPECT_EQ(view().clipboard, u"http://192.168.1.10:22222/");
+  EXPECT_EQ(dialogs().clipboard, u"http://192.168.1.10:22222/");
   EXPECT_EQ(status(), u"遥控地址已复制。");
 }
 
 TEST_F(RemotePageTest, AFailedCopySaysNothing) {
   serve();
-  view().copyFails = true;
+  dialogs().copyFails = true;
   view().click(kCopyAddressButton);
   EXPECT_EQ(status(), u"设置自动生效");
 }
 
 TEST_F(RemotePageTest, AStoppedServiceHasNothingToCopy) {
   view().click(kCopyAddressButton);
-  EXPECT_EQ(view().clipboard, u"");
+  EXPECT_EQ(dialogs().clipboard, u"");
   EXPECT_EQ(status(), u"设置自动生效");
 }
 
@@ -103,7 +103,7 @@ TEST_F(RemotePageTest, AFailedCodeIsToldAndTheAddressesStay) {
   EXPECT_TRUE(app.form.qrMatrix.empty());
   EXPECT_EQ(view().text(kAddressBox), u"http://192.168.1.10:22222/\r\nhttp://10.0.0.2:22222/");
   view().click(kCopyAddressButton);
-  EXPECT_EQ(view().clipboard, u"http://192.168.1.10:22222/");
+  EXPECT_EQ(dialogs().clipboard, u"http://192.168.1.10:22222/");
   EXPECT_EQ(status(), u"遥控地址已复制。");
 }
 

@@ -1,15 +1,14 @@
 // The interface between the settings window's logic and the system: the controls of control_table.h
-// by their ids, and what the layout, the preview and the dialogs need.
+// by their ids, and what the layout needs.
 #pragma once
 
-#include <array>
-#include <cstdint>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "base/geometry.h"
 #include "base/window_handle.h"
+#include "settings_window/scroll_bar.h"
 
 namespace mrl {
 
@@ -30,39 +29,12 @@ enum Notification : int {
   kTextChanged = 0x300,
 };
 
-enum class Bar { Page, PreviewHorizontal, PreviewVertical };
-/// The state of a scroll bar whose range begins at 0.
-struct ScrollInfo {
-  int last = 0;  // the end of the range
-  int page = 0;
-  int position = 0;
-  int track = 0;  // where the thumb is being dragged; read only
-  bool operator==(const ScrollInfo&) const = default;
-};
-
-/// A scroll bar's requests, with the system's values.
-enum class ScrollStep {
-  LineBack,
-  LineForward,
-  PageBack,
-  PageForward,
-  Drop,  // the thumb was released after a drag
-  Track,
-  Start,
-  End,
-};
-
 /// A control's rectangle in its parent, in pixels.
 struct Placement {
   int id = 0;
   Rect rect;
   bool operator==(const Placement&) const = default;
 };
-
-enum class DialogIcon { Question, Warning, Information };
-enum class FileFilter { Audio, Presentation };
-
-using CustomColours = std::array<uint32_t, 16>;
 
 /// UI thread only. If the window or the control does not exist, commands do nothing and queries
 /// return empty values. setText() on a box of one line notifies the window as typing does;
@@ -116,29 +88,13 @@ class SettingsView {
   virtual void place(std::span<const Placement> placements) = 0;
   /// Shows or hides without taking the focus; does nothing if the control already is so.
   virtual void setVisible(int id, bool visible) = 0;
-  [[nodiscard]] virtual ScrollInfo scrollInfo(Bar bar) = 0;
-  virtual void setScrollInfo(Bar bar, const ScrollInfo& info) = 0;
+  /// Of the pane's scroll bar.
+  [[nodiscard]] virtual ScrollInfo scrollInfo() = 0;
+  virtual void setScrollInfo(const ScrollInfo& info) = 0;
   /// Repaints the whole window, frame and children, now.
   virtual void redrawAll() = 0;
   /// Requests a repaint of the pane, its frame and children.
   virtual void redrawPane() = 0;
-
-  [[nodiscard]] virtual Size previewHostSize() = 0;
-  /// Places the preview in its host, in pixels; neither activates nor reorders it.
-  virtual void placePreview(const Rect& rect) = 0;
-
-  /// True for Yes. This and inform() block; messages are still dispatched.
-  [[nodiscard]] virtual bool askYesNo(const std::u16string& text, const std::u16string& title,
-                                      DialogIcon icon) = 0;
-  virtual void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) = 0;
-  /// A path, empty on cancel or failure. Both block; messages are still dispatched.
-  [[nodiscard]] virtual std::u16string pickFolder() = 0;
-  [[nodiscard]] virtual std::u16string pickFile(FileFilter filter) = 0;
-  /// Starts at `colour` (0xRRGGBB) and replaces it. False on cancel, with both arguments unchanged.
-  /// `custom` are the colours that the user can define in the dialog.
-  [[nodiscard]] virtual bool pickColour(uint32_t& colour, CustomColours& custom) = 0;
-  /// Copies a text to the clipboard; false on failure.
-  [[nodiscard]] virtual bool copyText(const std::u16string& text) = 0;
 };
 
 }  // namespace mrl

@@ -6,7 +6,6 @@
 #include <cassert>
 #include <functional>
 #include <map>
-#include <optional>
 #include <set>
 #include <utility>
 
@@ -71,7 +70,8 @@ class SettingsViewFake : public SettingsView {
     hidden.clear();
     marks.clear();
     rects.clear();
-    bars.clear();
+    bar = {};
+    destroyed();
   }
   void show() override { calls.emplace_back("show"); }
   void restore() override { calls.emplace_back("restore"); }
@@ -115,95 +115,32 @@ class SettingsViewFake : public SettingsView {
     client = {rect.width(), rect.height()};
     calls.emplace_back("adoptDpi");
   }
-  Rect rectOf(int id) override {
-    if (id == kPreview) return previewPlace;
-    return rects.contains(id) ? rects[id] : Rect{};
-  }
+  Rect rectOf(int id) override { return rects.contains(id) ? rects[id] : Rect{}; }
   void place(std::span<const Placement> placements) override {
     if (!open) return;
     for (const Placement& placement : placements) rects[placement.id] = placement.rect;
   }
   void setVisible(int id, bool visible) override { put(hidden, id, !visible); }
-  ScrollInfo scrollInfo(Bar bar) override { return bars.contains(bar) ? bars[bar] : ScrollInfo{}; }
-  void setScrollInfo(Bar bar, const ScrollInfo& info) override {
-    if (!open) return;
-    const Size before = previewHostSize();
-    bars[bar] = info;
-    if (previewHostSize() != before) hostSized();
+  ScrollInfo scrollInfo() override { return bar; }
+  void setScrollInfo(const ScrollInfo& info) override {
+    if (open) bar = info;
   }
   void redrawAll() override { calls.emplace_back("redrawAll"); }
   void redrawPane() override { calls.emplace_back("redrawPane"); }
-  Size previewHostSize() override {
-    if (!open) return {};
-    return {previewHost.width - (isShown(Bar::PreviewVertical) ? kBarPixels : 0),
-            previewHost.height - (isShown(Bar::PreviewHorizontal) ? kBarPixels : 0)};
-  }
-  void placePreview(const Rect& rect) override {
-    if (!open) return;
-    const Rect before = std::exchange(previewPlace, rect);
-    const Size size{rect.width(), rect.height()};
-    if (size != Size{before.width(), before.height()}) previewSized(size);
-  }
 
-  bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
-    questions.push_back({text, title, icon});
-    const int before = focused;
-    takeFocus(kNobody);  // the message box has the focus meanwhile
-    takeFocus(before);
-    return answersYes;
-  }
-  void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
-    information.push_back({text, title, icon});
-  }
-  std::u16string pickFolder() override { return picked; }
-  std::u16string pickFile(FileFilter filter) override {
-    filters.push_back(filter);
-    return picked;
-  }
-  bool pickColour(uint32_t& colour, CustomColours& custom) override {
-    offeredColours.push_back(colour);
-    if (!pickedColour) return false;
-    colour = *pickedColour;
-    custom[0] = colour;
-    return true;
-  }
-  bool copyText(const std::u16string& text) override {
-    if (copyFails) return false;
-    clipboard = text;
-    return true;
-  }
-
-  struct Dialog {
-    std::u16string text;
-    std::u16string title;
-    DialogIcon icon;
-    bool operator==(const Dialog&) const = default;
-  };
   static constexpr int64_t kHandle = 900;
   static constexpr int kNobody = -1;
-  static constexpr int kBarPixels = 17;  // the width of a scroll bar
 
   // Settings for a test.
   std::function<void(int id, int notification)> notify = [](int, int) {};
-  std::function<void()> hostSized = [] {};
-  std::function<void(Size)> previewSized = [](Size) {};
+  std::function<void()> destroyed = [] {};
   bool createFails = false;
   bool aboveAll = false;
-  bool answersYes = false;
-  bool copyFails = false;
-  std::u16string picked;                 // empty: the user cancels
-  std::optional<uint32_t> pickedColour;  // empty: the user cancels
   int windowDpi = kUnitsPerInch;
   Size client{1040, 740};
-  Size previewHost{700, 112};  // including its scroll bars
 
   // What was recorded.
   int creations = 0;
-  std::vector<Dialog> questions;
-  std::vector<Dialog> information;
-  std::vector<FileFilter> filters;
-  std::vector<uint32_t> offeredColours;
-  std::u16string clipboard;
   std::vector<std::string> calls;
   std::vector<int> written;  // the ids that setText() was called with
 
@@ -220,14 +157,11 @@ class SettingsViewFake : public SettingsView {
   std::set<int> hidden;
   std::set<std::pair<int, Mark>> marks;
   std::map<int, Rect> rects;
-  std::map<Bar, ScrollInfo> bars;
-  Rect previewPlace;
+  ScrollInfo bar;  // of the pane
   std::vector<int> redrawnFrames;
   std::vector<int> invalidated;
 
  private:
-  /// The system shows a bar only if there is something to scroll.
-  bool isShown(Bar bar) { return bars.contains(bar) && bars[bar].page <= bars[bar].last; }
   static const Control& rowOf(int id) {
     assert(findControl(id));
     return *findControl(id);

@@ -5,6 +5,7 @@
 #include "base/geometry_win.h"
 #include "base/wide_win.h"
 #include "settings_window/control_ids.h"
+#include "settings_window/scroll_bar_win.h"
 
 namespace mrl {
 namespace {
@@ -16,19 +17,6 @@ const wchar_t* propertyOf(Mark mark) {
     case Mark::Invalid: break;
   }
   return kInvalidProperty;
-}
-
-struct BarPlace {
-  int id;
-  int bar;
-};
-BarPlace placeOf(Bar bar) {
-  switch (bar) {
-    case Bar::PreviewHorizontal: return {kPreviewHost, SB_HORZ};
-    case Bar::PreviewVertical: return {kPreviewHost, SB_VERT};
-    case Bar::Page: break;
-  }
-  return {kContentPane, SB_VERT};
 }
 
 constexpr UINT kLayerOnly = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
@@ -186,25 +174,10 @@ void SettingsViewWin::setVisible(int id, bool visible) {
   if (now != visible) ShowWindow(target, visible ? SW_SHOWNA : SW_HIDE);
 }
 
-ScrollInfo SettingsViewWin::scrollInfo(Bar bar) {
-  const auto [id, which] = placeOf(bar);
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  GetScrollInfo(control(id), which, &info);
-  return {info.nMax, static_cast<int>(info.nPage), info.nPos, info.nTrackPos};
-}
+ScrollInfo SettingsViewWin::scrollInfo() { return scrollInfoOf(control(kContentPane), SB_VERT); }
 
-void SettingsViewWin::setScrollInfo(Bar bar, const ScrollInfo& info) {
-  const auto [id, which] = placeOf(bar);
-  if (control(id) == nullptr) return;
-  SCROLLINFO set{};
-  set.cbSize = sizeof set;
-  set.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-  set.nMax = info.last;
-  set.nPage = static_cast<UINT>(info.page);
-  set.nPos = info.position;
-  SetScrollInfo(control(id), which, &set, TRUE);
+void SettingsViewWin::setScrollInfo(const ScrollInfo& info) {
+  setScrollInfoOf(control(kContentPane), SB_VERT, info);
 }
 
 void SettingsViewWin::redrawAll() {
@@ -217,14 +190,6 @@ void SettingsViewWin::redrawPane() {
   if (!isOpen()) return;
   RedrawWindow(control(kContentPane), nullptr, nullptr,
                RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
-}
-
-Size SettingsViewWin::previewHostSize() { return clientSizeOf(control(kPreviewHost)); }
-
-void SettingsViewWin::placePreview(const Rect& rect) {
-  if (control(kPreview) == nullptr) return;
-  SetWindowPos(control(kPreview), nullptr, rect.left, rect.top, rect.width(), rect.height(),
-               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 }  // namespace mrl

@@ -47,22 +47,15 @@ class SettingsViewWin : public SettingsView {
   Rect rectOf(int id) override;
   void place(std::span<const Placement> placements) override;
   void setVisible(int id, bool visible) override;
-  ScrollInfo scrollInfo(Bar bar) override;
-  void setScrollInfo(Bar bar, const ScrollInfo& info) override;
+  ScrollInfo scrollInfo() override;
+  void setScrollInfo(const ScrollInfo& info) override;
   void redrawAll() override;
   void redrawPane() override;
-  Size previewHostSize() override;
-  void placePreview(const Rect& rect) override;
-  bool askYesNo(const std::u16string& text, const std::u16string& title, DialogIcon icon) override;
-  void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override;
-  std::u16string pickFolder() override;
-  std::u16string pickFile(FileFilter filter) override;
-  bool pickColour(uint32_t& colour, CustomColours& custom) override;
-  bool copyText(const std::u16string& text) override;
 
   /// Null without a window or for an unknown id; the pane for kContentPane.
   [[nodiscard]] HWND control(int id) const;
   [[nodiscard]] HWND topWindow() const { return window; }
+  [[nodiscard]] bool standsAboveAll() const { return aboveAll; }
   [[nodiscard]] const SettingsLook& painter() const { return look; }
   /// Call on WM_DESTROY, while the controls still exist.
   void onDestroying() const;

@@ -65,7 +65,7 @@ bool mayDiscardInput(App& app, const std::u16string& question) {
   if (!app.form.settingsDirty) return true;
   // The question takes the focus from a box, and its loss would force the edits in question.
   const SuppressControls quiet(app);
-  return app.platform.settingsView.askYesNo(question, kDialogTitle, DialogIcon::Question);
+  return app.platform.settingsDialogs.askYesNo(question, kDialogTitle, DialogIcon::Question);
 }
 
 bool closeSettingsWindow(App& app) {

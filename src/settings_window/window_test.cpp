@@ -16,9 +16,9 @@ class SettingsWindowTest : public SettingsFixture {
   static constexpr HeldKeys kControl{.control = true};
 
   void expectAsked(const char16_t* text) {
-    ASSERT_EQ(view().questions.size(), 1u);
-    EXPECT_EQ(view().questions[0],
-              (SettingsViewFake::Dialog{text, u"Marlune", DialogIcon::Question}));
+    ASSERT_EQ(dialogs().questions.size(), 1u);
+    EXPECT_EQ(dialogs().questions[0],
+              (SettingsDialogsFake::Message{text, u"Marlune", DialogIcon::Question}));
   }
 };
 
@@ -119,7 +119,7 @@ TEST_F(SettingsWindowTest, AWindowThatCanNotBeMadeIsNotOpen) {
 
 TEST_F(SettingsWindowTest, ClosingWithoutInputAsksNothing) {
   EXPECT_TRUE(closeSettingsWindow(app));
-  EXPECT_TRUE(view().questions.empty());
+  EXPECT_TRUE(dialogs().questions.empty());
   EXPECT_FALSE(view().isOpen());
   EXPECT_FALSE(app.form.isOpen);
 }
@@ -149,7 +149,7 @@ TEST_F(SettingsWindowTest, TheQuestionDoesNotApplyWhatItAsksAbout) {
 
 TEST_F(SettingsWindowTest, YesDiscardsTheInput) {
   enter(kFolderBox, u"C:\\none");
-  view().answersYes = true;
+  dialogs().answersYes = true;
   EXPECT_TRUE(closeSettingsWindow(app));
   expectAsked(kAskClose);
   EXPECT_EQ(app.settings.pptFolder, u"");
@@ -159,7 +159,7 @@ TEST_F(SettingsWindowTest, YesDiscardsTheInput) {
 
 TEST_F(SettingsWindowTest, ABoxThatLosesTheFocusInTheEndAppliesNothing) {
   view().type(kMinutesBox, u"");
-  view().answersYes = true;
+  dialogs().answersYes = true;
   EXPECT_TRUE(closeSettingsWindow(app));
   EXPECT_EQ(saved().duration, 900u);
 }
@@ -168,7 +168,7 @@ TEST_F(SettingsWindowTest, APortThatWasNotAppliedIsAskedFor) {
   view().type(kPortBox, u"30000");
   EXPECT_FALSE(closeSettingsWindow(app));
   expectAsked(kAskClose);
-  view().answersYes = true;
+  dialogs().answersYes = true;
   EXPECT_TRUE(closeSettingsWindow(app));
   EXPECT_EQ(saved().remotePort, 22222u);
   openSettingsWindow(app);
@@ -205,7 +205,7 @@ TEST_F(SettingsWindowTest, ExitAsksAboutUnfinishedInputAndNoStopsIt) {
   runCommand(app, kCommandExit);
   expectAsked(kAskExit);
   EXPECT_TRUE(clockWindow.exists);
-  view().answersYes = true;
+  dialogs().answersYes = true;
   runCommand(app, kCommandExit);
   EXPECT_FALSE(clockWindow.exists);
 }
@@ -215,7 +215,7 @@ TEST_F(SettingsWindowTest, ExitWithoutAWindowAsksNothing) {
   app.form.settingsDirty = true;
   runCommand(app, kCommandExit);
   EXPECT_FALSE(clockWindow.exists);
-  EXPECT_TRUE(view().questions.empty());
+  EXPECT_TRUE(dialogs().questions.empty());
 }
 
 TEST_F(SettingsWindowTest, APageBeginsAtItsTop) {
@@ -277,7 +277,7 @@ TEST_F(SettingsWindowTest, LeavingResizeModeShowsTheNewSizeAndBooksNothing) {
   EXPECT_EQ(view().text(kWidthBox), u"400");
   EXPECT_EQ(view().text(kHeightBox), u"200");
   EXPECT_EQ(app.form.settings.windowWidth, 400u);
-  EXPECT_EQ(view().previewPlace.width(), 400);
+  EXPECT_EQ(preview().placed.width(), 400);
   EXPECT_TRUE(app.form.pendingEdits.empty());
 }
 
@@ -378,7 +378,7 @@ TEST_F(SettingsWindowTest, EachPageShowsItsOwnControlsAndTheFrames) {
 TEST_F(SettingsWindowTest, OnASmallScreenThePageScrolls) {
   view().client = {884, 500};
   layoutPage(app);
-  EXPECT_EQ(view().bars[Bar::Page], (ScrollInfo{.last = 915, .page = 252}));
+  EXPECT_EQ(view().bar, (ScrollInfo{.last = 915, .page = 252}));
   scrollPage(app, ScrollStep::End);
   EXPECT_EQ(app.form.scrollPosition, 916 - 252);
 }

@@ -1,6 +1,5 @@
-// The message boxes, pickers and clipboard of the settings window: see view_win.h.
-#include <windows.h>
-// Must come after <windows.h>.
+#include "settings_window/dialogs_win.h"
+
 #include <commdlg.h>
 #include <shobjidl.h>
 
@@ -10,7 +9,6 @@
 #include "base/wide_win.h"
 #include "settings_window/file_filters.h"
 #include "settings_window/shapes_win.h"
-#include "settings_window/view_win.h"
 
 namespace mrl {
 namespace {
@@ -57,30 +55,30 @@ std::u16string showPicker(HWND owner, const OfferedFiles* offered) {
 
 }  // namespace
 
-bool SettingsViewWin::askYesNo(const std::u16string& text, const std::u16string& title,
-                               DialogIcon icon) {
-  return MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(),
-                     MB_YESNO | iconOf(icon) | layerOf(aboveAll)) == IDYES;
+bool SettingsDialogsWin::askYesNo(const std::u16string& text, const std::u16string& title,
+                                  DialogIcon icon) {
+  return MessageBoxW(view.topWindow(), wideFrom(text).c_str(), wideFrom(title).c_str(),
+                     MB_YESNO | iconOf(icon) | layerOf(view.standsAboveAll())) == IDYES;
 }
 
-void SettingsViewWin::inform(const std::u16string& text, const std::u16string& title,
-                             DialogIcon icon) {
-  MessageBoxW(window, wideFrom(text).c_str(), wideFrom(title).c_str(),
-              MB_OK | iconOf(icon) | layerOf(aboveAll));
+void SettingsDialogsWin::inform(const std::u16string& text, const std::u16string& title,
+                                DialogIcon icon) {
+  MessageBoxW(view.topWindow(), wideFrom(text).c_str(), wideFrom(title).c_str(),
+              MB_OK | iconOf(icon) | layerOf(view.standsAboveAll()));
 }
 
-std::u16string SettingsViewWin::pickFolder() { return showPicker(window, nullptr); }
+std::u16string SettingsDialogsWin::pickFolder() { return showPicker(view.topWindow(), nullptr); }
 
-std::u16string SettingsViewWin::pickFile(FileFilter filter) {
-  return showPicker(window, &offeredFiles(filter));
+std::u16string SettingsDialogsWin::pickFile(FileFilter filter) {
+  return showPicker(view.topWindow(), &offeredFiles(filter));
 }
 
-bool SettingsViewWin::pickColour(uint32_t& colour, CustomColours& custom) {
+bool SettingsDialogsWin::pickColour(uint32_t& colour, CustomColours& custom) {
   COLORREF kept[std::tuple_size_v<CustomColours>];
   for (size_t i = 0; i < custom.size(); ++i) kept[i] = systemColour(custom[i]);
   CHOOSECOLORW choice{};
   choice.lStructSize = sizeof choice;
-  choice.hwndOwner = window;
+  choice.hwndOwner = view.topWindow();
   choice.rgbResult = systemColour(colour);
   choice.lpCustColors = kept;
   choice.Flags = CC_RGBINIT | CC_FULLOPEN;
@@ -91,8 +89,8 @@ bool SettingsViewWin::pickColour(uint32_t& colour, CustomColours& custom) {
   return true;
 }
 
-bool SettingsViewWin::copyText(const std::u16string& text) {
-  if (!OpenClipboard(window)) return false;
+bool SettingsDialogsWin::copyText(const std::u16string& text) {
+  if (!OpenClipboard(view.topWindow())) return false;
   const size_t bytes = (text.size() + 1) * sizeof(char16_t);
   HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE, bytes);
   void* target = block ? GlobalLock(block) : nullptr;
