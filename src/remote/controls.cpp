@@ -8,7 +8,6 @@
 #include "base/fnv1a.h"
 #include "core/clock_behaviour.h"
 #include "http/json_text.h"
-#include "remote/remote_refusals.h"
 #include "settings/settings_file.h"
 
 namespace mrl {
@@ -21,6 +20,7 @@ constexpr char16_t kNoBoolean[] = u"开关字段无效。";
 constexpr char16_t kOutOfRange[] = u"数值超出范围：";
 constexpr char16_t kUnknownField[] = u"请求包含不支持的字段，未修改任何设置。";
 constexpr char16_t kConflict[] = u"全屏黑屏不能与退出放映或播放指定文稿同时开启。";
+constexpr char16_t kUnfinished[] = u"电脑有尚未完成的输入，请先修正或完成输入。";
 constexpr char16_t kApplied[] = u"遥控参数已保存并应用。";
 
 constexpr size_t remoteCount(const auto& rows) {
@@ -172,6 +172,12 @@ std::string controlsRevision(const Settings& settings) {
 std::string controlsSnapshotJson(const App& app) {
   return "{\"revision\":\"" + controlsRevision(app.settings) +
          "\",\"values\":" + controlsValuesJson(app.settings) + '}';
+}
+
+bool hasUnfinishedInput(const App& app, std::u16string& error) {
+  if (!app.form.isOpen || !app.form.settingsDirty) return false;
+  error = kUnfinished;
+  return true;
 }
 
 bool applyControlsForm(App& app, const std::string& form, std::u16string& error) {

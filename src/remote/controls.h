@@ -40,4 +40,8 @@ std::string controlsSnapshotJson(const App& app);
 /// unchanged.
 [[nodiscard]] bool applyControlsForm(App& app, const std::string& form, std::u16string& error);
 
+/// Every remote change of the settings has to pass this check: true, and fills `error`, while the
+/// settings window contains unapplied input, which a client must never overwrite.
+bool hasUnfinishedInput(const App& app, std::u16string& error);
+
 }  // namespace mrl

@@ -12,7 +12,6 @@
 #include "presentation/show_control.h"
 #include "presentation/show_poll.h"
 #include "remote/controls.h"
-#include "remote/remote_refusals.h"
 
 namespace mrl {
 namespace {

@@ -11,6 +11,17 @@ namespace mrl {
 enum class DialogIcon { Question, Warning, Information };
 enum class FileFilter { Audio, Presentation };
 
+/// The kinds of file that a picker offers.
+struct OfferedFiles {
+  const char16_t* name;      // shown to the user
+  const char16_t* patterns;  // separated by ";"
+};
+constexpr OfferedFiles offeredFiles(FileFilter filter) {
+  return filter == FileFilter::Audio
+             ? OfferedFiles{u"音频文件", u"*.wav;*.mp3;*.wma;*.aif;*.aiff;*.m4a"}
+             : OfferedFiles{u"演示文稿", u"*.ppt;*.pptx;*.pps;*.ppsx;*.dps"};
+}
+
 using CustomColours = std::array<uint32_t, 16>;
 
 /// UI thread only. The settings window owns the dialogs. REQUIRES: it is open.

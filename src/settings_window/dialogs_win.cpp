@@ -5,9 +5,10 @@
 
 #include <algorithm>
 
+#include <optional>
+
 #include "base/com_ref_win.h"
 #include "base/wide_win.h"
-#include "settings_window/file_filters.h"
 #include "settings_window/shapes_win.h"
 
 namespace mrl {
@@ -25,8 +26,8 @@ UINT iconOf(DialogIcon icon) {
   return MB_ICONINFORMATION;
 }
 
-/// `offered` is null to pick a folder. Empty on cancel or failure.
-std::u16string showPicker(HWND owner, const OfferedFiles* offered) {
+/// Without `offered` a folder is picked. Empty on cancel or failure.
+std::u16string showPicker(HWND owner, const std::optional<OfferedFiles>& offered) {
   ComRef<IFileOpenDialog> dialog;
   if (FAILED(CoCreateInstance(__uuidof(FileOpenDialog), nullptr, CLSCTX_INPROC_SERVER,
                               __uuidof(IFileOpenDialog), reinterpret_cast<void**>(dialog.put())))) {
@@ -67,10 +68,12 @@ void SettingsDialogsWin::inform(const std::u16string& text, const std::u16string
               MB_OK | iconOf(icon) | layerOf(view.standsAboveAll()));
 }
 
-std::u16string SettingsDialogsWin::pickFolder() { return showPicker(view.topWindow(), nullptr); }
+std::u16string SettingsDialogsWin::pickFolder() {
+  return showPicker(view.topWindow(), std::nullopt);
+}
 
 std::u16string SettingsDialogsWin::pickFile(FileFilter filter) {
-  return showPicker(view.topWindow(), &offeredFiles(filter));
+  return showPicker(view.topWindow(), offeredFiles(filter));
 }
 
 bool SettingsDialogsWin::pickColour(uint32_t& colour, CustomColours& custom) {
