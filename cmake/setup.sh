@@ -1,5 +1,5 @@
 # shellcheck shell=bash
-# What both commands share: getting a bare Debian 12 ready, building, Wine prefixes and displays.
+# What the commands share: getting a bare Debian 12 ready, building, Wine prefixes and displays.
 # Sourced from the project's root with `set -euo pipefail`. Everything made lies below build/, but for
 # tests/page/node_modules: Node.js looks for modules only above the files that ask for them.
 
@@ -16,6 +16,8 @@ readonly kTwoMonitorsPackages=(xserver-xorg-core xserver-xorg-video-dummy x11-xs
 # shellcheck disable=SC2034
 readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev libcpp-httplib-dev libmicrohttpd-dev clang
   lld libclang-rt-14-dev clang-format clang-tidy shellcheck)
+# shellcheck disable=SC2034
+readonly kPackagePackages=(git zip unzip)
 # shellcheck disable=SC2034
 readonly kPagePackages=(chromium nodejs fonts-liberation fonts-noto-cjk)
 
@@ -107,7 +109,7 @@ ensure_page_modules() {
 }
 
 configure() {
-  logged "configure-$1" "remove build/$1 and run this again" cmake --preset "$1"
+  logged "configure-$1" "remove the folder of the preset in build and run this again" cmake --preset "$1"
 }
 
 # build PRESET [TARGET...]: all targets where none is named. It gives way to tests that run beside it.
