@@ -26,7 +26,11 @@
 
 namespace mrl {
 
-using PlatformSockets = SocketsWin;
+/// Keeps Winsock for the clients of the tests, which may still read when the service has given it
+/// back.
+struct PlatformSockets : SocketsWin {
+  Winsock winsock;
+};
 using PlatformClock = ClockWin;
 
 struct WindowTraits {
