@@ -12,6 +12,7 @@
 #include "base/window_classes_win.h"
 #include "settings/files_win.h"
 #include "settings/settings_file.h"
+#include "windows/host_program.h"
 #include "windows/standin_client.h"
 #include "windows/top_windows.h"
 
@@ -43,14 +44,7 @@ HWND settingsOf(DWORD processId) {
 /// Uses the X server's mouse: Wine releases a button pressed by SendInput alone as soon as it sees
 /// the X server's own mouse state.
 void moveRealMouse(const std::wstring& actions) {
-  std::wstring line = LR"(Z:\usr\bin\xdotool )" + actions;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION started{};
-  ASSERT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
-                             &startup, &started));
-  CloseHandle(started.hThread);
-  CloseHandle(started.hProcess);
+  ASSERT_TRUE(startOnHost(LR"(Z:\usr\bin\xdotool )" + actions));
 }
 
 std::wstring moveAction(POINT point) {

@@ -11,6 +11,7 @@
 #include "base/command_ids.h"
 #include "settings_window/control_ids.h"
 #include "settings_window/layout.h"
+#include "windows/host_program.h"
 #include "windows/picture.h"
 #include "windows/settings_screen.h"
 #include "windows/standin_client.h"
@@ -25,19 +26,12 @@ std::string scanned(const std::wstring& name) {
   const std::wstring folder = pictureFolder();
   const std::wstring answer = folder + name + L".txt";
   SECURITY_ATTRIBUTES inherited{sizeof inherited, nullptr, TRUE};
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  startup.dwFlags = STARTF_USESTDHANDLES;
-  startup.hStdOutput =
+  const HANDLE output =
       CreateFileW(answer.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, &inherited,
                   CREATE_ALWAYS, 0, nullptr);
-  PROCESS_INFORMATION started{};
-  std::wstring line = LR"(Z:\usr\bin\zbarimg --quiet --nodbus --raw )" + name;
-  EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, TRUE, 0, nullptr,
-                             folder.c_str(), &startup, &started));
-  CloseHandle(started.hThread);
-  CloseHandle(started.hProcess);
-  CloseHandle(startup.hStdOutput);
+  EXPECT_TRUE(
+      startOnHost(LR"(Z:\usr\bin\zbarimg --quiet --nodbus --raw )" + name, folder.c_str(), output));
+  CloseHandle(output);
   std::string text;
   (void)waitUntil([&] {
     std::getline(std::ifstream(std::filesystem::path(answer)), text);

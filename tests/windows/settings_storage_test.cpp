@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "windows/host_program.h"
 #include "windows/settings_hand.h"
 
 namespace mrl {
@@ -33,11 +34,7 @@ class SettingsStorageTest : public SettingsHand {
       line += unit;
     }
     line += L'"';
-    STARTUPINFOW startup{};
-    startup.cb = sizeof startup;
-    PROCESS_INFORMATION started{};
-    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               program.folder().c_str(), &startup, &started));
+    EXPECT_TRUE(startOnHost(line, program.folder().c_str()));
     const auto isDone = [&] {
       return GetFileAttributesW(report.c_str()) != INVALID_FILE_ATTRIBUTES;
     };
