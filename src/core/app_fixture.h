@@ -17,7 +17,7 @@ class AppFixture : public ::testing::Test, protected AppFake {
  protected:
   AppFixture() {
     clockWindow.onPaint = [this] {
-      const ClockPicture picture = clockPicture(app);
+      const ClockPicture picture = pictureToPaint(app);
       seen = {picture.text, picture.blinkOn, picture.settings.background};
     };
   }

@@ -194,7 +194,7 @@ void AppWin::openMenu(HWND window, LPARAM point) {
   onContextMenu(app, handleFrom(window), {GET_X_LPARAM(point), GET_Y_LPARAM(point)});
 }
 
-void AppWin::paint(HWND window) { painter.paintClock(window, clockPicture(app)); }
+void AppWin::paint(HWND window) { painter.paintClock(window, pictureToPaint(app)); }
 
 bool AppWin::prepareDrawing() { return painter.createFactories(); }
 

@@ -42,6 +42,13 @@ ClockPicture clockPicture(const App& app) {
           .handles = app.resizeMode};
 }
 
+ClockPicture pictureToPaint(App& app) {
+  const ClockPicture picture = clockPicture(app);
+  const bool isSeen = picture.text == app.lastClockText && picture.blinkOn == app.lastBlinkOn;
+  if (!isSeen) app.lastClockText.clear();
+  return picture;
+}
+
 void showClock(App& app) {
   app.platform.clockWindow.show();
   // Nothing was painted while it was hidden; it would come up with its last picture.

@@ -12,6 +12,10 @@ bool isBlinkOn(const App& app);
 /// What the clock looks like now. References the App's settings.
 ClockPicture clockPicture(const App& app);
 
+/// The same for a paint that begins now. If the last tick saw something else, the next one paints
+/// again.
+ClockPicture pictureToPaint(App& app);
+
 /// Shows the clock above all always-on-top windows, repaints it and moves its toolbar to it.
 void showClock(App& app);
 

@@ -95,9 +95,9 @@ class TickPropertyTest : public AppFixture {
   /// One tick and its invariants.
   void tickAndCheck() {
     const uint64_t pollBefore = app.lastPollMs;
+    clockWindow.paintIfDue();
     const std::u16string textBefore = app.lastClockText;
     const bool blinkBefore = app.lastBlinkOn;
-    clockWindow.paintIfDue();
     clockWindow.calls.clear();
     const int paintsBefore = clockWindow.invalidations;
     const TimerState timerBefore = app.timer;

@@ -489,6 +489,22 @@ TEST_F(TickTest, RepaintsWhenTheBlinkChangesItsPhase) {
   EXPECT_EQ(clockWindow.invalidations, 5) << "on, and then at each half second";
 }
 
+TEST_F(TickTest, AnAlertThatBeginsAfterAPaintOfTheDarkPhaseIsShownAtOnce) {
+  app.settings.duration = 900;
+  runCommand(app, kCommandToggleTimer);
+  runFor(1000);
+  startBlink(app, 0);
+  runFor(400);
+  clock.advance(100);  // dark from here on; the tick is late
+  clockWindow.invalidate();
+  clockWindow.paintIfDue();
+  EXPECT_FALSE(seen.isAlert);
+  app.settings.prompt1 = {.enabled = true, .blinkWindow = true, .advance = 899};
+  tick(app);
+  clockWindow.paintIfDue();
+  EXPECT_TRUE(seen.isAlert) << "the tick before saw a bright phase too, of another alert";
+}
+
 TEST_F(TickTest, AnIdleClockIsPaintedOnceAndNeverAgain) {
   runFor(100);
   clockWindow.invalidations = 0;
