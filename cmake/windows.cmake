@@ -69,7 +69,7 @@ add_executable(marlune_paint_bench bench/clock_paint_bench_win.cpp)
 target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)
 
 add_executable(marlune_settings_bench bench/settings_window_bench_win.cpp
-                                      tests/windows/program.cpp tests/windows/standin_client.cpp
-                                      tests/windows/top_windows.cpp)
+                                      tests/windows/host_program.cpp tests/windows/program.cpp
+                                      tests/windows/standin_client.cpp tests/windows/top_windows.cpp)
 target_include_directories(marlune_settings_bench PRIVATE tests)
 target_link_libraries(marlune_settings_bench PRIVATE marlune_edges gtest)
