@@ -9,19 +9,17 @@ target_link_libraries(
   marlune_edges PUBLIC marlune_logic ole32 oleaut32 uuid user32 gdi32 shell32 comctl32 d2d1 dwrite
                        shlwapi winmm ws2_32 gdiplus uxtheme dwmapi comdlg32 bcrypt iphlpapi)
 
-if(EXISTS ${CMAKE_SOURCE_DIR}/src/main_win.cpp)
-  enable_language(RC)
-  add_executable(marlune WIN32 src/main_win.cpp src/resources/marlune.rc)
-  set_source_files_properties(src/resources/marlune.rc PROPERTIES OBJECT_DEPENDS
-                              ${CMAKE_SOURCE_DIR}/src/remote/page.html)
-  # What nothing calls is left out; with -ffunction-sections the padding costs more than that saves.
-  # Addresses are drawn anew at each start, from all of the 64-bit space, and data is not executable.
-  # Control Flow Guard would need checks that GCC does not generate.
-  target_link_options(
-    marlune PRIVATE -municode -Wl,--gc-sections -Wl,--dynamicbase -Wl,--high-entropy-va
-                    -Wl,--nxcompat -Wl,--no-insert-timestamp)
-  target_link_libraries(marlune PRIVATE marlune_edges)
-endif()
+enable_language(RC)
+add_executable(marlune WIN32 src/main_win.cpp src/resources/marlune.rc)
+set_source_files_properties(src/resources/marlune.rc PROPERTIES OBJECT_DEPENDS
+                            ${CMAKE_SOURCE_DIR}/src/remote/page.html)
+# What nothing calls is left out; with -ffunction-sections the padding costs more than that saves.
+# Addresses are drawn anew at each start, from all of the 64-bit space, and data is not executable.
+# Control Flow Guard would need checks that GCC does not generate.
+target_link_options(
+  marlune PRIVATE -municode -Wl,--gc-sections -Wl,--dynamicbase -Wl,--high-entropy-va
+                  -Wl,--nxcompat -Wl,--no-insert-timestamp)
+target_link_libraries(marlune PRIVATE marlune_edges)
 
 # GoogleTest has no package for Windows; the distribution ships its source.
 set(gtest_force_shared_crt ON CACHE BOOL "" FORCE)
@@ -36,27 +34,25 @@ set_target_properties(marlune_tests PROPERTIES RULE_LAUNCH_LINK ${CMAKE_SOURCE_D
 
 file(GLOB STANDIN CONFIGURE_DEPENDS tests/standin/*.cpp)
 list(FILTER STANDIN EXCLUDE REGEX "_test\\.cpp$")
-if(STANDIN)
-  # A window's program is told by the name of its image, so the one stand-in is built under two.
-  foreach(image powerpnt wpp)
-    add_executable(${image} WIN32 ${STANDIN})
-    target_include_directories(${image} PRIVATE tests)
-    target_link_options(${image} PRIVATE -municode)
-    target_link_libraries(${image} PRIVATE ole32 oleaut32 oleacc uuid user32 gdi32 shell32)
-  endforeach()
-endif()
+add_library(standin OBJECT ${STANDIN})
+target_include_directories(standin PRIVATE tests)
+set_target_properties(standin PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
+# A window's program is told by the name of its image, so the one stand-in is linked under two.
+foreach(image powerpnt wpp)
+  add_executable(${image} WIN32)
+  target_link_options(${image} PRIVATE -municode)
+  target_link_libraries(${image} PRIVATE standin ole32 oleaut32 oleacc uuid user32 gdi32 shell32)
+endforeach()
 
 add_executable(netsh tests/netsh/netsh.cpp)
 
 file(GLOB SYSTEM_TESTS CONFIGURE_DEPENDS tests/windows/*.cpp)
-if(SYSTEM_TESTS)
-  add_executable(marlune_system_tests ${SYSTEM_TESTS})
-  target_include_directories(marlune_system_tests PRIVATE tests)
-  target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc usp10 version)
-  set_target_properties(
-    marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8
-                                    RULE_LAUNCH_LINK ${CMAKE_SOURCE_DIR}/cmake/link_tests.sh)
-endif()
+add_executable(marlune_system_tests ${SYSTEM_TESTS})
+target_include_directories(marlune_system_tests PRIVATE tests)
+target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc usp10 version)
+set_target_properties(
+  marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8
+                                  RULE_LAUNCH_LINK ${CMAKE_SOURCE_DIR}/cmake/link_tests.sh)
 
 # The firewall of the tests for a program that is not one of theirs.
 add_library(firewall SHARED tests/firewall/firewall_dll.cpp tests/windows/firewall_class.cpp)

@@ -17,13 +17,13 @@ using standin::waitUntil;
 
 namespace {
 
-struct Search {
+struct ControlSearch {
   int id;
   HWND found = nullptr;
 };
 
 BOOL CALLBACK compareId(HWND child, LPARAM parameter) {
-  auto& search = *reinterpret_cast<Search*>(parameter);
+  auto& search = *reinterpret_cast<ControlSearch*>(parameter);
   // The pane and the system's inner parts of controls don't have ids of ours.
   if (GetDlgCtrlID(child) == search.id) search.found = child;
   return search.found == nullptr;
@@ -81,7 +81,7 @@ int SettingsScreen::settingsWindows() const {
 }
 
 HWND SettingsScreen::control(int id) const {
-  Search search{id};
+  ControlSearch search{id};
   EnumChildWindows(window(), compareId, reinterpret_cast<LPARAM>(&search));
   return search.found;
 }

@@ -15,6 +15,10 @@
 
 namespace mrl::standin {
 
+// The titles of its windows with the deck a.pptx.
+inline constexpr wchar_t kEditingTitle[] = L"a.pptx - PowerPoint";
+inline constexpr wchar_t kShowTitle[] = L"PowerPoint Slide Show - [a.pptx]";
+
 using Microsoft::WRL::ComPtr;
 using Dispatch = ComPtr<IDispatch>;
 

@@ -6,9 +6,6 @@
 namespace mrl::standin {
 namespace {
 
-const std::wstring kEditingTitle = L"a.pptx - PowerPoint";
-const std::wstring kShowTitle = L"PowerPoint Slide Show - [a.pptx]";
-
 HRESULT nativeObject(HWND window, Dispatch& out) {
   return AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_NATIVEOM), IID_IDispatch,
                                     reinterpret_cast<void**>(out.GetAddressOf()));

@@ -8,9 +8,6 @@
 namespace mrl::standin {
 namespace {
 
-const std::wstring kEditingTitle = L"a.pptx - PowerPoint";
-const std::wstring kShowTitle = L"PowerPoint Slide Show - [a.pptx]";
-
 std::wstring classOf(HWND window) {
   wchar_t name[256];
   return {name, static_cast<size_t>(GetClassNameW(window, name, std::size(name)))};
