@@ -51,7 +51,7 @@ add_executable(marlune_system_tests ${SYSTEM_TESTS})
 target_include_directories(marlune_system_tests PRIVATE tests)
 target_link_libraries(marlune_system_tests PRIVATE marlune_edges gtest ntdll oleacc usp10 version)
 set_target_properties(
-  marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8
+  marlune_system_tests PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 24
                                   RULE_LAUNCH_LINK ${CMAKE_SOURCE_DIR}/cmake/link_tests.sh)
 
 # The firewall of the tests for a program that is not one of theirs.

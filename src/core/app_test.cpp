@@ -115,14 +115,14 @@ TEST_F(AppTest, ASavedPlaceIsTakenAsItStands) {
 }
 
 TEST_F(AppTest, APlaceAtTheEndOfTheNumbersIsCorrectedLikeAnyOtherOffScreen) {
-  for (const int32_t far : {INT32_MAX, INT32_MAX - 100, INT32_MIN}) {
+  for (const int32_t distant : {INT32_MAX, INT32_MAX - 100, INT32_MIN}) {
     clockWindow.exists = false;
     Settings settings;
-    settings.windowX = far;
-    settings.windowY = far;
+    settings.windowX = distant;
+    settings.windowY = distant;
     startWith(settings);
     EXPECT_EQ(clockWindow.place, (Rect{30, 30, 30 + 183, 30 + 82}));
-    EXPECT_EQ(app.settings.windowX, far) << "it is not saved";
+    EXPECT_EQ(app.settings.windowX, distant) << "it is not saved";
   }
 }
 

@@ -23,19 +23,19 @@ struct Order {
   int show = -1;
 };
 Order given;
-DWORD refusal = 0;  // the system's error; 0: success
+DWORD shellError = 0;  // the system's error; 0: success
 
 BOOL WINAPI execute(SHELLEXECUTEINFOW* info) {
   given = {info->fMask,        info->hwnd,        info->lpVerb, info->lpFile,
            info->lpParameters, info->lpDirectory, info->nShow};
   info->hProcess = nullptr;  // as if a running program had taken over the request
-  SetLastError(refusal);
-  return refusal == 0 ? TRUE : FALSE;
+  SetLastError(shellError);
+  return shellError == 0 ? TRUE : FALSE;
 }
 
 class ElevatedRunTest : public ::testing::Test {
  protected:
-  ElevatedRunTest() { refusal = 0; }
+  ElevatedRunTest() { shellError = 0; }
 
   const ReplacedImport<decltype(execute)> system{"ShellExecuteExW", execute};
   FirewallRulesWin rules;
@@ -60,7 +60,7 @@ TEST_F(ElevatedRunTest, WithoutAProcessToWaitForItHasNotSucceeded) {
 }
 
 TEST_F(ElevatedRunTest, ARefusalIsToldWithTheSystemsError) {
-  refusal = ERROR_CANCELLED;
+  shellError = ERROR_CANCELLED;
   const ElevatedRun run = rules.runElevated({}, {u"a", u"b", u"c"});
   EXPECT_FALSE(run.started);
   EXPECT_EQ(run.error, 1223U);

@@ -33,7 +33,7 @@ struct PlatformSockets : SocketsWin {
 };
 using PlatformClock = ClockWin;
 
-struct WindowTraits {
+struct ServiceWindowTraits {
   static HWND none() { return nullptr; }
   static void close(HWND window) { DestroyWindow(window); }
 };
@@ -58,7 +58,7 @@ class PumpedQueue : public RequestQueueWin {
   static void waitFor(DWORD limitMs) {
     MsgWaitForMultipleObjectsEx(0, nullptr, limitMs, QS_POSTMESSAGE, MWMO_INPUTAVAILABLE);
   }
-  UniqueHandle<WindowTraits> window{
+  UniqueHandle<ServiceWindowTraits> window{
       CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr)};
 };
 
