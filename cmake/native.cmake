@@ -2,7 +2,7 @@
 find_package(GTest REQUIRED)
 
 add_library(marlune_edges STATIC ${EDGES_POSIX})
-by_folder(marlune_edges)
+as_one(marlune_edges)
 target_link_libraries(marlune_edges PUBLIC marlune_logic)
 
 file(GLOB ENDURANCE_TESTS CONFIGURE_DEPENDS tests/endurance/*.cpp)

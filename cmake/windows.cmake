@@ -4,7 +4,7 @@ add_compile_definitions(UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WIN
 add_link_options(-static)
 
 add_library(marlune_edges STATIC ${EDGES_WIN})
-by_folder(marlune_edges)
+as_one(marlune_edges)
 target_link_libraries(
   marlune_edges PUBLIC marlune_logic ole32 oleaut32 uuid user32 gdi32 shell32 comctl32 d2d1 dwrite
                        shlwapi winmm ws2_32 gdiplus uxtheme dwmapi comdlg32 bcrypt iphlpapi)

@@ -7,7 +7,6 @@
 namespace mrl {
 namespace {
 
-constexpr int64_t kSecondsPerMinute = 60;
 constexpr int64_t kSecondsPerHour = 3600;
 
 void appendTwoDigits(std::u16string& text, int64_t value) {

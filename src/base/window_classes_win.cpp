@@ -5,11 +5,11 @@
 namespace mrl {
 namespace {
 
-HBRUSH systemColour(int index) { return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(index + 1)); }
+HBRUSH classBrush(int index) { return reinterpret_cast<HBRUSH>(static_cast<INT_PTR>(index + 1)); }
 
 HBRUSH stockBrush(int object) { return static_cast<HBRUSH>(GetStockObject(object)); }
 
-HICON programIcon(HINSTANCE instance, int widthMetric, int heightMetric) {
+HICON classIcon(HINSTANCE instance, int widthMetric, int heightMetric) {
   return static_cast<HICON>(LoadImageW(instance, MAKEINTRESOURCEW(MARLUNE_ICON), IMAGE_ICON,
                                        GetSystemMetrics(widthMetric),
                                        GetSystemMetrics(heightMetric), LR_SHARED));
@@ -28,11 +28,11 @@ void registerWindowClasses(HINSTANCE instance, WNDPROC procedure) {
     HBRUSH background;
   } classes[] = {
       {kTimerClass, nullptr},
-      {kSettingsClass, systemColour(COLOR_BTNFACE)},
-      {kContentClass, systemColour(COLOR_BTNFACE)},
+      {kSettingsClass, classBrush(COLOR_BTNFACE)},
+      {kContentClass, classBrush(COLOR_BTNFACE)},
       {kPreviewClass, nullptr},
       {kPreviewHostClass, stockBrush(BLACK_BRUSH)},
-      {kResizeClass, systemColour(COLOR_BTNFACE)},
+      {kResizeClass, classBrush(COLOR_BTNFACE)},
       {kQrClass, stockBrush(WHITE_BRUSH)},
       {kBlackClass, stockBrush(BLACK_BRUSH)},
   };
@@ -41,8 +41,8 @@ void registerWindowClasses(HINSTANCE instance, WNDPROC procedure) {
   windowClass.lpfnWndProc = procedure;
   windowClass.hInstance = instance;
   windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  windowClass.hIcon = programIcon(instance, SM_CXICON, SM_CYICON);
-  windowClass.hIconSm = programIcon(instance, SM_CXSMICON, SM_CYSMICON);
+  windowClass.hIcon = classIcon(instance, SM_CXICON, SM_CYICON);
+  windowClass.hIconSm = classIcon(instance, SM_CXSMICON, SM_CYSMICON);
   for (const auto& row : classes) {
     windowClass.lpszClassName = row.name;
     windowClass.hbrBackground = row.background;

@@ -18,7 +18,7 @@ constexpr int kKeyF4 = 0x73;
 
 constexpr char16_t kStartFirst[] = u"请先点击“启动遥控服务”并完成网络授权。";
 constexpr char16_t kAddressShown[] = u"当前地址已更新；网络发生变化时请关闭并重新启动服务。";
-constexpr char16_t kNotRunning[] = u"遥控服务未启动，请在网络页恢复服务。";
+constexpr char16_t kServiceNotRunning[] = u"遥控服务未启动，请在网络页恢复服务。";
 constexpr char16_t kAskExit[] = u"部分输入无效或保存失败，尚未生效。放弃这些输入并退出？";
 
 void toggleTimer(App& app) {
@@ -70,7 +70,7 @@ void openRemotePage(App& app) {
 
 void refreshRemoteAddress(App& app) {
   refreshRemotePage(app);
-  setStatus(app, app.remote.running ? kAddressShown : kNotRunning);
+  setStatus(app, app.remote.running ? kAddressShown : kServiceNotRunning);
 }
 
 void performCommand(App& app, int command) {

@@ -7,6 +7,7 @@
 
 #include "base/command_ids.h"
 #include "base/geometry_win.h"
+#include "base/kernel_handle_win.h"
 #include "base/wide_win.h"
 #include "base/window_classes_win.h"
 
@@ -15,12 +16,6 @@ namespace {
 
 constexpr wchar_t kFirstProperty[] = L"Marlune.First";
 constexpr UINT kAnswerMs = 2000;
-
-struct HandleTraits {
-  static HANDLE none() { return nullptr; }
-  static void close(HANDLE handle) { CloseHandle(handle); }
-};
-using Handle = UniqueHandle<HandleTraits>;
 
 std::u16string userOf(HANDLE token) {
   alignas(TOKEN_USER) std::byte buffer[sizeof(TOKEN_USER) + SECURITY_MAX_SID_SIZE];
@@ -43,7 +38,7 @@ bool isElevated(HANDLE token) {
 }
 
 Account accountOf(HANDLE process) {
-  Handle token;
+  KernelHandle token;
   if (!OpenProcessToken(process, TOKEN_QUERY, token.put())) return {};
   return {userOf(token.get()), isElevated(token.get())};
 }
@@ -59,7 +54,7 @@ BOOL CALLBACK addClock(HWND window, LPARAM list) {
   GetClassNameW(window, name, 80);
   const DWORD owner = processOf(window);
   if (std::wstring_view(name) != kTimerClass || owner == GetCurrentProcessId()) return TRUE;
-  const Handle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, owner));
+  const KernelHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, owner));
   reinterpret_cast<std::vector<OtherClock>*>(list)->push_back(
       {handleFrom(window), GetPropW(window, kFirstProperty) != nullptr,
        process ? accountOf(process.get()) : Account{}});

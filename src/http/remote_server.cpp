@@ -11,8 +11,8 @@ namespace mrl {
 namespace {
 
 constexpr char16_t kNoNetwork[] = u"Winsock 初始化失败";
-constexpr char16_t kNoKey[] = u"配对密钥生成失败";
-constexpr char16_t kNoPage[] = u"遥控页面资源缺失";
+constexpr char16_t kNoPairingKey[] = u"配对密钥生成失败";
+constexpr char16_t kNoPageText[] = u"遥控页面资源缺失";
 constexpr char16_t kPortFailed[] = u"遥控端口 ";
 constexpr char16_t kPortAdvice[] = u" 无法监听，请检查网络或更换端口。";
 constexpr size_t kKeyBytes = 16;
@@ -56,11 +56,11 @@ bool openServer(RemoteServer& server, const ServerStart& start, std::u16string& 
     return false;
   }
   if (!makePairingKey(start.host, server.pairingKey)) {
-    error = kNoKey;
+    error = kNoPairingKey;
     return false;
   }
   if (!start.host.readPage(server.page)) {
-    error = kNoPage;
+    error = kNoPageText;
     return false;
   }
   if (!listenOnAll(server)) {

@@ -3,15 +3,10 @@
 #include <utility>
 
 #include "base/geometry_win.h"
-#include "base/unique_handle.h"
+#include "base/kernel_handle_win.h"
 
 namespace mrl {
 namespace {
-
-struct EventTraits {
-  static HANDLE none() { return nullptr; }
-  static void close(HANDLE event) { CloseHandle(event); }
-};
 
 /// Without a handle set() and every wait fail at once, as the interface promises.
 class DoneEventWin : public DoneEvent {
@@ -22,7 +17,7 @@ class DoneEventWin : public DoneEvent {
   }
 
  private:
-  UniqueHandle<EventTraits> event{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
+  KernelHandle event{CreateEventW(nullptr, TRUE, FALSE, nullptr)};
 };
 
 /// Carries a shared_ptr through the message queue.

@@ -10,7 +10,7 @@
 namespace mrl {
 namespace {
 
-constexpr UINT kAnswerLimitMs = 200;
+constexpr UINT kHangLimitMs = 200;
 
 using AskWindow = decltype(&AccessibleObjectFromWindow);
 
@@ -31,7 +31,7 @@ bool ObjectModelSearch::answers(HWND window) {
     return false;
   }
   // Probe first: the real request waits far longer, on some systems forever.
-  if (SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerLimitMs, nullptr)) {
+  if (SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kHangLimitMs, nullptr)) {
     return true;
   }
   silentThreads.push_back(thread);

@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "base/geometry_win.h"
-#include "base/unique_handle.h"
+#include "base/kernel_handle_win.h"
 #include "base/wide_win.h"
 
 namespace mrl {
@@ -13,11 +13,6 @@ namespace {
 constexpr int kImageNameRoom = 32768;
 constexpr int kTitleRoom = 2048;
 constexpr int kClassNameRoom = 256;
-
-struct ProcessTraits {
-  static HANDLE none() { return nullptr; }
-  static void close(HANDLE process) { CloseHandle(process); }
-};
 
 BOOL CALLBACK addWindow(HWND window, LPARAM list) {
   reinterpret_cast<std::vector<WindowHandle>*>(list)->push_back(handleFrom(window));
@@ -46,8 +41,7 @@ bool WindowSystemWin::isIconic(WindowHandle window) { return IsIconic(windowFrom
 std::u16string WindowSystemWin::imageName(WindowHandle window) {
   DWORD processId = 0;
   GetWindowThreadProcessId(windowFrom(window), &processId);
-  const UniqueHandle<ProcessTraits> process(
-      OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
+  const KernelHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
   std::wstring name(kImageNameRoom, L'\0');
   DWORD length = kImageNameRoom;
   if (!process || !QueryFullProcessImageNameW(process.get(), 0, name.data(), &length)) return {};

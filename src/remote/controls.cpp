@@ -19,9 +19,9 @@ constexpr char16_t kIncomplete[] = u"设置字段不完整。";
 constexpr char16_t kNoBoolean[] = u"开关字段无效。";
 constexpr char16_t kOutOfRange[] = u"数值超出范围：";
 constexpr char16_t kUnknownField[] = u"请求包含不支持的字段，未修改任何设置。";
-constexpr char16_t kConflict[] = u"全屏黑屏不能与退出放映或播放指定文稿同时开启。";
+constexpr char16_t kBlackConflict[] = u"全屏黑屏不能与退出放映或播放指定文稿同时开启。";
 constexpr char16_t kUnfinished[] = u"电脑有尚未完成的输入，请先修正或完成输入。";
-constexpr char16_t kApplied[] = u"遥控参数已保存并应用。";
+constexpr char16_t kControlsApplied[] = u"遥控参数已保存并应用。";
 
 constexpr size_t remoteCount(const auto& rows) {
   size_t count = 0;
@@ -126,7 +126,7 @@ bool readForm(const Settings& live, const std::string& text, Settings& changed,
     return false;
   }
   if (hasBlackConflict(changed)) {
-    error = kConflict;
+    error = kBlackConflict;
     return false;
   }
   return true;
@@ -185,7 +185,7 @@ bool applyControlsForm(App& app, const std::string& form, std::u16string& error)
   Settings changed = app.settings;
   if (!readForm(app.settings, form, changed, error)) return false;
   if (!adoptSettings(app, changed, FormUpdate::All, error)) return false;
-  if (app.form.isOpen) setStatus(app, kApplied);
+  if (app.form.isOpen) setStatus(app, kControlsApplied);
   app.platform.clockWindow.dropRegion();  // shape and look may have changed
   applyHideRules(app);
   return true;

@@ -8,6 +8,7 @@
 
 #include "base/com_ref_win.h"
 #include "base/geometry_win.h"
+#include "base/kernel_handle_win.h"
 #include "base/wide_win.h"
 
 namespace mrl {
@@ -27,11 +28,6 @@ struct TextTraits {
   static void close(BSTR text) { SysFreeString(text); }
 };
 using Text = UniqueHandle<TextTraits>;
-
-struct ProcessTraits {
-  static HANDLE none() { return nullptr; }
-  static void close(HANDLE process) { CloseHandle(process); }
-};
 
 struct Variant : VARIANT {
   Variant() { VariantInit(this); }
@@ -162,7 +158,7 @@ ElevatedRun FirewallRulesWin::runElevated(WindowHandle owner, const ElevatedComm
   info.nShow = SW_HIDE;
   if (!ShellExecuteExW(&info)) return {.error = GetLastError()};
   ElevatedRun run{.started = true, .exitCode = 0xFFFFFFFF};
-  const UniqueHandle<ProcessTraits> process(info.hProcess);
+  const KernelHandle process(info.hProcess);
   if (!process) return run;
   WaitForSingleObject(process.get(), INFINITE);
   DWORD exitCode = run.exitCode;

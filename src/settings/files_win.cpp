@@ -8,6 +8,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/kernel_handle_win.h"
 #include "base/unique_handle.h"
 #include "base/wide_win.h"
 #include "settings/file_kind.h"
@@ -19,30 +20,24 @@ namespace {
 constexpr DWORD kLongestPath = 32768;
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-struct HandleCloser {
-  using pointer = HANDLE;
-  void operator()(HANDLE handle) const { CloseHandle(handle); }
-};
-using FileHandle = std::unique_ptr<void, HandleCloser>;
-
 struct SearchTraits {
   static HANDLE none() { return INVALID_HANDLE_VALUE; }
   static void close(HANDLE search) { FindClose(search); }
 };
 
 /// Null on failure; GetLastError() then has the reason.
-FileHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD disposition,
-                    DWORD flags) {
+KernelHandle openFile(const std::u16string& path, DWORD access, DWORD share, DWORD disposition,
+                      DWORD flags) {
   const HANDLE handle =
       CreateFileW(wideFrom(path).c_str(), access, share, nullptr, disposition, flags, nullptr);
   const DWORD code = GetLastError();
-  FileHandle file(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
+  KernelHandle file(handle == INVALID_HANDLE_VALUE ? nullptr : handle);
   SetLastError(code);  // freeing the text may have changed it
   return file;
 }
 
 /// Opens an existing file or folder, for its attributes only.
-FileHandle openForAttributes(const std::u16string& path) {
+KernelHandle openForAttributes(const std::u16string& path) {
   return openFile(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS);
 }
 
@@ -62,7 +57,7 @@ std::u16string systemText(DWORD code) {
 
 class Writer : public FileWriter {
  public:
-  explicit Writer(FileHandle opened) : file(std::move(opened)) {}
+  explicit Writer(KernelHandle opened) : file(std::move(opened)) {}
   bool write(std::string_view bytes) override {
     DWORD written = 0;
     return WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written,
@@ -72,13 +67,13 @@ class Writer : public FileWriter {
   bool flush() override { return FlushFileBuffers(file.get()) != 0; }
 
  private:
-  FileHandle file;
+  KernelHandle file;
 };
 
 }  // namespace
 
 bool FilesWin::status(const std::u16string& path, FileKind& kind, std::u16string& error) {
-  const FileHandle file = openForAttributes(path);
+  const KernelHandle file = openForAttributes(path);
   BY_HANDLE_FILE_INFORMATION info = {};
   if (file && GetFileType(file.get()) != FILE_TYPE_DISK) {
     kind = FileKind::Other;
@@ -98,7 +93,7 @@ bool FilesWin::status(const std::u16string& path, FileKind& kind, std::u16string
 }
 
 bool FilesWin::read(const std::u16string& path, std::string& bytes) {
-  const FileHandle file =
+  const KernelHandle file =
       openFile(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL);
   if (!file) return false;
   std::string all;
@@ -113,7 +108,7 @@ bool FilesWin::read(const std::u16string& path, std::string& bytes) {
 }
 
 std::unique_ptr<FileWriter> FilesWin::create(const std::u16string& path) {
-  FileHandle file = openFile(path, GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
+  KernelHandle file = openFile(path, GENERIC_WRITE, 0, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL);
   return file ? std::make_unique<Writer>(std::move(file)) : nullptr;
 }
 
@@ -152,7 +147,7 @@ std::vector<FolderEntry> FilesWin::list(const std::u16string& folder) {
 }
 
 CanonicalResult FilesWin::canonical(const std::u16string& path, std::u16string& result) {
-  const FileHandle file = openForAttributes(path);
+  const KernelHandle file = openForAttributes(path);
   std::wstring found(kLongestPath, L'\0');
   const DWORD length =
       file ? GetFinalPathNameByHandleW(file.get(), found.data(), kLongestPath, 0) : 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/clock_text.h"
 #include "base/text.h"
 #include "settings_window/control_table.h"
 #include "settings_window/field_values.h"
@@ -10,8 +11,6 @@
 
 namespace mrl {
 namespace {
-
-constexpr uint32_t kSecondsPerMinute = 60;
 
 /// The number in the box, or `present` if it can't be parsed.
 uint32_t numberOr(App& app, int id, uint32_t present) {
