@@ -4,6 +4,7 @@
 #include <dirent.h>
 #include <limits.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <string>
 #include <vector>
@@ -22,7 +23,7 @@ struct BigFolder {
   PosixPlace place;
 };
 
-/// Iterates over the folder and resolves each name with the system's own call.
+/// Resolves each name of the folder with the system's own call.
 inline std::vector<std::string> resolvedNames(const BigFolder& big) {
   const std::string folder = utf8From(big.place.folder) + '/';
   std::vector<std::string> names;
@@ -32,6 +33,7 @@ inline std::vector<std::string> resolvedNames(const BigFolder& big) {
     if (realpath((folder + entry->d_name).c_str(), resolved)) names.emplace_back(resolved);
   }
   closedir(opened);
+  std::ranges::sort(names);  // the system's order means nothing
   return names;
 }
 
