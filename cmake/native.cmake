@@ -32,11 +32,11 @@ target_include_directories(marlune_headless PRIVATE tests)
 target_link_libraries(marlune_headless PRIVATE marlune_fakes marlune_edges)
 
 find_package(benchmark REQUIRED)
-file(GLOB BENCHMARKS CONFIGURE_DEPENDS bench/*_bench.cpp)
+file(GLOB BENCHMARKS CONFIGURE_DEPENDS benchmarks/*_bench.cpp)
 add_executable(marlune_bench ${BENCHMARKS})
 target_link_libraries(marlune_bench PRIVATE marlune_fakes marlune_edges benchmark::benchmark_main)
 
-add_executable(marlune_remote_bench bench/remote_bench_posix.cpp)
+add_executable(marlune_remote_bench benchmarks/remote_bench_posix.cpp)
 target_link_libraries(marlune_remote_bench PRIVATE marlune_fakes marlune_edges GTest::gtest
                                                    cpp-httplib microhttpd)
 

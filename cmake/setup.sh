@@ -15,7 +15,7 @@ readonly kScreenPackages=(wine wine64 xvfb xauth openbox imagemagick xdotool zba
 readonly kTwoMonitorsPackages=(xserver-xorg-core xserver-xorg-video-dummy x11-xserver-utils)
 # shellcheck disable=SC2034
 readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev libcpp-httplib-dev libmicrohttpd-dev clang
-  lld libclang-rt-14-dev clang-format clang-tidy shellcheck)
+  lld libclang-rt-14-dev clang-format clang-tidy shellcheck gcovr)
 # shellcheck disable=SC2034
 readonly kPackagePackages=(git zip unzip)
 # shellcheck disable=SC2034

@@ -61,10 +61,11 @@ target_link_options(firewall PRIVATE -Wl,--kill-at)
 target_link_libraries(firewall PRIVATE marlune_edges)
 set_target_properties(firewall PROPERTIES PREFIX "")
 
-add_executable(marlune_paint_bench bench/clock_paint_bench_win.cpp)
+add_executable(marlune_paint_bench benchmarks/clock_paint_bench_win.cpp)
 target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)
 
-add_executable(marlune_settings_bench bench/settings_window_bench_win.cpp
+add_executable(marlune_settings_bench benchmarks/settings_window_bench_win.cpp
+                                      benchmarks/bare_settings_win.cpp
                                       tests/windows/host_program.cpp tests/windows/program.cpp
                                       tests/windows/standin_client.cpp tests/windows/top_windows.cpp)
 target_include_directories(marlune_settings_bench PRIVATE tests)

@@ -81,6 +81,11 @@ TEST(CharRulesTest, NeighboursOfARunDoNotFold) {
   EXPECT_FALSE(equalsIgnoringCase(u"Ā", u"Ă"));
 }
 
+TEST(CharRulesTest, UnitsBehindTheLastLetterFoldWithNothing) {
+  EXPECT_FALSE(equalsIgnoringCase(u"￥", u"￦"));
+  EXPECT_FALSE(equalsIgnoringCase(u"￥", u"a"));
+}
+
 TEST(CharRulesTest, HalvesOfPairsDoNotFold) {
   EXPECT_FALSE(equalsIgnoringCase(u"\U00010428", u"\U00010400"));
   EXPECT_TRUE(equalsIgnoringCase(u"\U00010428", u"\U00010428"));

@@ -220,6 +220,7 @@ TEST_F(CommandsTest, EscapeEndsTheShowWhileTheScreenIsBlack) {
   startShow(kDeck);
   waitForPoll();
   runCommand(app, kCommandToggleBlack);
+  EXPECT_FALSE(onClockKey(app, 0x20));
   EXPECT_TRUE(onClockKey(app, 0x1B));
   EXPECT_TRUE(program->shows.empty());
   EXPECT_FALSE(onBlackKey(app, 0x20));

@@ -144,7 +144,11 @@ void followShow(ShowFollower& follower, TimerState& timer, const Settings& setti
     followUntracked(follower, timer, settings, seen, nowMs, trackChanged);
   }
   follower.wasTracked = tracked;
-  follower.lastSlideKey = tracked && settings.perSlide ? seen.slideKey : u"";
+  if (tracked && settings.perSlide) {
+    follower.lastSlideKey = seen.slideKey;
+  } else {
+    follower.lastSlideKey.clear();
+  }
 }
 
 void applyPendingReset(ShowFollower& follower, TimerState& timer, const Settings& settings,

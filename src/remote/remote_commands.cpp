@@ -58,9 +58,7 @@ bool toggleBlack(const Call& call) {
 /// Hiding the clock remotely also pauses the timer; showing it again does not resume it.
 bool toggleVisibility(const Call& call) {
   App& app = call.app;
-  if (app.platform.clockWindow.isVisible() && app.timer.phase == TimerPhase::Running) {
-    pauseTimer(app.timer, app.platform.clock.nowMs());
-  }
+  if (app.platform.clockWindow.isVisible()) pauseTimer(app.timer, app.platform.clock.nowMs());
   return run<kCommandToggleVisibility>(call);
 }
 

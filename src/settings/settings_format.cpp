@@ -27,24 +27,23 @@ constexpr std::span kExtensionRows(kFirstBehindList, std::end(kSettings));
 
 // --- writing ---
 
-std::string valueText(bool value) { return value ? "1" : "0"; }
-std::string valueText(uint32_t value) { return std::to_string(value); }
-std::string valueText(int32_t value) { return std::to_string(value); }
-std::string valueText(size_t value) { return std::to_string(value); }
-std::string valueText(const std::u16string& value) {
-  std::string text = "\"";
+void addValue(std::string& body, bool value) { body += value ? '1' : '0'; }
+void addValue(std::string& body, uint32_t value) { body += std::to_string(value); }
+void addValue(std::string& body, int32_t value) { body += std::to_string(value); }
+void addValue(std::string& body, const std::u16string& value) {
+  body += '"';
   for (const char byte : utf8From(value)) {
-    if (byte == '"' || byte == '\\') text += '\\';
-    text += byte;
+    if (byte == '"' || byte == '\\') body += '\\';
+    body += byte;
   }
-  return text += '"';
+  body += '"';
 }
 
 template <class Record>
 void addRows(std::string& body, const Record& record, const auto& rows) {
   for (const Setting<Record>& row : rows) {
     body += row.newLine ? '\n' : ' ';
-    std::visit([&](auto member) { body += valueText(record.*member); }, row.member);
+    std::visit([&](auto member) { addValue(body, record.*member); }, row.member);
   }
 }
 
@@ -120,8 +119,11 @@ bool readSkipList(std::istream& in, uint32_t count, std::vector<std::u16string>&
 std::string composeSettings(const Settings& s) {
   std::string body(kMagic);
   addRows(body, s, kClockRows);
-  body += '\n' + valueText(s.skipList.size());
-  for (const std::u16string& path : s.skipList) body += '\n' + valueText(path);
+  body += '\n' + std::to_string(s.skipList.size());
+  for (const std::u16string& path : s.skipList) {
+    body += '\n';
+    addValue(body, path);
+  }
   addRows(body, s, kExtensionRows);
   addRows(body, s.prompt1, kStageSettings);
   addRows(body, s.prompt2, kStageSettings);

@@ -443,12 +443,15 @@ TEST_F(AutoApplyTest, TheClockTakesItsNewHeightToo) {
 }
 
 TEST_F(AutoApplyTest, AnActionThatIsTakenAwayPutsNothingElseOut) {
-  app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;  // however it came
-  refillForm(app);
-  view().click(kExitShowCheck);
-  EXPECT_EQ(status(), kApplied);
-  EXPECT_TRUE(saved().switchPpt);
-  EXPECT_TRUE(app.settings.black);
+  for (const int taken : {kExitShowCheck, kSwitchCheck}) {
+    app.settings.black = app.settings.exitShow = app.settings.switchPpt = true;  // however it came
+    refillForm(app);
+    view().click(taken);
+    EXPECT_EQ(status(), kApplied);
+    EXPECT_EQ(saved().exitShow, taken != kExitShowCheck);
+    EXPECT_EQ(saved().switchPpt, taken != kSwitchCheck);
+    EXPECT_TRUE(app.settings.black);
+  }
 }
 
 }  // namespace

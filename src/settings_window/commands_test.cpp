@@ -73,6 +73,20 @@ TEST_F(SettingsCommandsTest, ACancelledPickerLeavesItsBox) {
   EXPECT_EQ(app.form.settings, Settings{});
 }
 
+TEST_F(SettingsCommandsTest, AWindowClosedUnderItsPickerIsLeftAlone) {
+  dialogs().picked = u"C:\\decks";
+  dialogs().pickedColour = 0x00AB12;
+  dialogs().meanwhile = [this] {
+    destroySettingsWindow(app);
+    view().written.clear();
+  };
+  for (const int button : {kPickFolderButton, kPickAlertButton}) {
+    openWith(Settings{});
+    view().click(button);
+    EXPECT_EQ(view().written, std::vector<int>{});
+  }
+}
+
 TEST_F(SettingsCommandsTest, AFolderThatIsPickedIsListedAtOnce) {
   files().putFile(u"C:\\decks\\a.pptx", "");
   dialogs().picked = u"C:\\decks";

@@ -543,6 +543,10 @@ TEST(ChildColoursTest, TheStatusLineWarnsWhileInputIsUnsaved) {
             (ChildColours{kWarnText, kWhite, true}));
 }
 
+TEST(ChildColoursTest, AChildThatIsNoControlOfOursLooksLikeAText) {
+  EXPECT_EQ(childColours(ColourAsker::Static, {.id = -1}), (ChildColours{kMuted, kWhite, true}));
+}
+
 TEST(ChildColoursTest, OnlyTheTimersLineAndTheTitlesAreInInk) {
   std::set<int> inked;
   for (const Control& control : allControls()) {

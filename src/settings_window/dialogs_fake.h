@@ -1,6 +1,7 @@
 // SettingsDialogs whose answers a test chooses.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -24,13 +25,18 @@ class SettingsDialogsFake : public SettingsDialogs {
   void inform(const std::u16string& text, const std::u16string& title, DialogIcon icon) override {
     information.push_back({text, title, icon});
   }
-  std::u16string pickFolder() override { return picked; }
+  std::u16string pickFolder() override {
+    meanwhile();
+    return picked;
+  }
   std::u16string pickFile(FileFilter filter) override {
     filters.push_back(filter);
+    meanwhile();
     return picked;
   }
   bool pickColour(uint32_t& colour, CustomColours& custom) override {
     offeredColours.push_back(colour);
+    meanwhile();
     if (!pickedColour) return false;
     colour = *pickedColour;
     custom[0] = colour;
@@ -52,8 +58,9 @@ class SettingsDialogsFake : public SettingsDialogs {
   // Settings for a test.
   bool answersYes = false;
   bool copyFails = false;
-  std::u16string picked;                 // empty: the user cancels
-  std::optional<uint32_t> pickedColour;  // empty: the user cancels
+  std::u16string picked;                    // empty: the user cancels
+  std::optional<uint32_t> pickedColour;     // empty: the user cancels
+  std::function<void()> meanwhile = [] {};  // while something is being picked
 
   // What was recorded.
   std::vector<Message> questions;

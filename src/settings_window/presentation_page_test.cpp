@@ -65,6 +65,15 @@ TEST_F(PresentationPageTest, AFileThatIsGoneIsSelectedNoMore) {
   EXPECT_FALSE(isEnabled(kOpenFileButton) && view().row(kFileList) >= 0);
 }
 
+TEST_F(PresentationPageTest, AnEmptiedFolderIsNotScrolled) {
+  view().setTopRow(kFileList, 2);
+  for (const char16_t* name : {u"a.pptx", u"b.ppt", u"c.dps"}) {
+    files().remove(u"C:\\decks\\" + std::u16string(name));
+  }
+  view().click(kReloadListButton);
+  EXPECT_GE(view().topRow(kFileList), 0);
+}
+
 TEST_F(PresentationPageTest, TheReloadReadsTheFormFirst) {
   files().putFile(u"C:\\more\\x.pptx", "");
   view().texts[kFolderBox] = u"C:\\more";

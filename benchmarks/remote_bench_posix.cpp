@@ -1,12 +1,13 @@
 // The remote service compared with two web servers that serve the same bytes from memory and also
 // close every connection: one client, then eight, for the remote's web page and for the state. Our
 // state is requested from the UI thread and built again for each request; theirs is prebuilt. No
-// folder is listed: that has its own benchmark.
+// folder is listed: that has its own benchmark. The first argument is the number of rounds.
 #include <httplib.h>
 #include <microhttpd.h>
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <fstream>
 #include <iterator>
@@ -19,19 +20,19 @@
 namespace mrl {
 namespace {
 
-constexpr int kRounds = 11;
 constexpr int kRequestsPerRound = 2000;
-constexpr std::chrono::seconds kIdle{5};
 
+/// One figure a round.
 struct Figures {
-  double perSecond = 0;
-  double p99Us = 0;
+  std::vector<double> nsPerRequest;  // the inverse of the requests a second
+  std::vector<double> p99Ns;
 };
 
 /// A running server. REQUIRES: `page` and `state` outlive it.
 class Server {
  public:
   virtual ~Server() = default;
+  [[nodiscard]] virtual const char* name() const = 0;
   [[nodiscard]] virtual int32_t port() const = 0;
 };
 
@@ -55,6 +56,7 @@ class OurServer : public Server {
     ended = true;
     ui.join();
   }
+  [[nodiscard]] const char* name() const override { return "marlune"; }
   [[nodiscard]] int32_t port() const override { return app.remote.port; }
   [[nodiscard]] const std::string& stateBytes() const { return state; }
 
@@ -88,6 +90,7 @@ class HttplibServer : public Server {
     server.stop();
     thread.join();
   }
+  [[nodiscard]] const char* name() const override { return "cpp-httplib"; }
   [[nodiscard]] int32_t port() const override { return boundPort; }
 
  private:
@@ -111,6 +114,7 @@ class MicrohttpdServer : public Server {
   MicrohttpdServer(const MicrohttpdServer&) = delete;
   MicrohttpdServer& operator=(const MicrohttpdServer&) = delete;
   ~MicrohttpdServer() override { MHD_stop_daemon(daemon); }
+  [[nodiscard]] const char* name() const override { return "libmicrohttpd"; }
   [[nodiscard]] int32_t port() const override {
     return MHD_get_daemon_info(daemon, MHD_DAEMON_INFO_BIND_PORT)->port;
   }
@@ -134,7 +138,7 @@ class MicrohttpdServer : public Server {
   MHD_Daemon* daemon = nullptr;
 };
 
-Figures measure(const Server& server, const std::string& target, int clients) {
+void measure(const Server& server, const std::string& target, int clients, Figures& figures) {
   const std::string request =
       get(target, "Host: 127.0.0.1:" + std::to_string(server.port()) + "\r\n");
   std::vector<std::future<std::vector<double>>> running;
@@ -148,7 +152,7 @@ Figures measure(const Server& server, const std::string& target, int clients) {
         client.send(request);
         if (statusOf(client.readAll()) != 200) std::abort();
         times.push_back(
-            std::chrono::duration<double, std::micro>(steady_clock::now() - start).count());
+            std::chrono::duration<double, std::nano>(steady_clock::now() - start).count());
       }
       return times;
     }));
@@ -158,77 +162,69 @@ Figures measure(const Server& server, const std::string& target, int clients) {
     const auto times = one.get();
     all.insert(all.end(), times.begin(), times.end());
   }
-  const std::chrono::duration<double> took = steady_clock::now() - from;
+  const std::chrono::duration<double, std::nano> took = steady_clock::now() - from;
   std::ranges::sort(all);
-  return {static_cast<double>(all.size()) / took.count(), all[all.size() * 99 / 100]};
+  figures.nsPerRequest.push_back(took.count() / static_cast<double>(all.size()));
+  figures.p99Ns.push_back(all[all.size() * 99 / 100]);
 }
 
-/// The median of each figure over the rounds.
-Figures median(std::vector<Figures> rounds) {
-  Figures middle;
-  std::ranges::sort(rounds, {}, &Figures::perSecond);
-  middle.perSecond = rounds[rounds.size() / 2].perSecond;
-  std::ranges::sort(rounds, {}, &Figures::p99Us);
-  middle.p99Us = rounds[rounds.size() / 2].p99Us;
-  return middle;
+void print(const std::string& what, const char* who, std::vector<double> rounds) {
+  std::ranges::sort(rounds);
+  std::printf("%s\t%s\t%.0f\n", what.c_str(), who, rounds[rounds.size() / 2]);
 }
 
-void compare(const std::vector<std::unique_ptr<Server>>& servers, const std::string& target,
-             int clients) {
-  std::vector<std::vector<Figures>> rounds(servers.size());
-  for (int round = 0; round < kRounds; ++round) {
-    for (size_t i = 0; i < servers.size(); ++i) {
-      rounds[i].push_back(measure(*servers[i], target, clients));
-    }
+void compare(const std::vector<std::unique_ptr<Server>>& servers, const std::string& what,
+             const std::string& target, int clients, int rounds) {
+  std::vector<Figures> figures(servers.size());
+  for (int round = 0; round < rounds; ++round) {
+    for (size_t i = 0; i < servers.size(); ++i) measure(*servers[i], target, clients, figures[i]);
   }
-  constexpr const char* kNames[] = {"marlune", "cpp-httplib", "libmicrohttpd"};
-  std::vector<Figures> figures;
   for (size_t i = 0; i < servers.size(); ++i) {
-    figures.push_back(median(rounds[i]));
-    std::printf("%-11s %d client(s)  %-14s %8.0f requests/s   p99 %7.0f us\n", target.c_str(),
-                clients, kNames[i], figures[i].perSecond, figures[i].p99Us);
+    print(what, servers[i]->name(), figures[i].nsPerRequest);
+    print(what + ", 99th percentile", servers[i]->name(), figures[i].p99Ns);
   }
-  const double bestRate = std::max(figures[1].perSecond, figures[2].perSecond);
-  const double bestP99 = std::min(figures[1].p99Us, figures[2].p99Us);
-  std::printf("%-11s %d client(s)  ours to the better peer: requests/s %.2f, p99 %.2f\n\n",
-              target.c_str(), clients, figures[0].perSecond / bestRate, figures[0].p99Us / bestP99);
 }
 
-/// CPU time of this process in ms per second while `work` runs on a thread and no client connects.
+/// CPU time of this process while `work` runs on a thread for a second and no client connects.
 template <class Work>
-double idleMs(std::atomic<bool>& running, Work work) {
-  const auto cpuMs = [] { return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC; };
+double idleNs(std::atomic<bool>& running, Work work) {
+  const auto cpuNs = [] { return static_cast<double>(std::clock()) * 1e9 / CLOCKS_PER_SEC; };
   running = true;
   std::thread thread(work);
-  const double before = cpuMs();
-  std::this_thread::sleep_for(kIdle);
-  const double used = cpuMs() - before;
+  const double before = cpuNs();
+  std::this_thread::sleep_for(std::chrono::seconds(1));
+  const double used = cpuNs() - before;
   running = false;
   thread.join();
-  return used / static_cast<double>(kIdle.count());
+  return used;
 }
 
 /// Compared with a thread that only sleeps for the same intervals.
-void showIdleCost() {
+void compareIdle(int rounds) {
   SocketsPosix sockets;
   RequestQueuePosix queue;
   ClockPosix clock;
   RemoteServer server;
   server.session = sockets.start();
   server.listeners.push_back(server.session->listen(kLoopback, 0, 1));
-  const double ours = idleMs(server.running, [&] { runListener(server, {clock, queue}); });
-  const double sleeper = idleMs(server.running, [&] {
-    while (server.running) std::this_thread::sleep_for(milliseconds(kWaitForConnectionMs));
-  });
-  std::printf("idle: marlune %.3f ms of processor time a second, a sleeping thread %.3f\n", ours,
-              sleeper);
+  std::vector<double> ours;
+  std::vector<double> sleeper;
+  for (int round = 0; round < rounds; ++round) {
+    ours.push_back(idleNs(server.running, [&] { runListener(server, {clock, queue}); }));
+    sleeper.push_back(idleNs(server.running, [&] {
+      while (server.running) std::this_thread::sleep_for(milliseconds(kWaitForConnectionMs));
+    }));
+  }
+  print("idle service, a second", "marlune", ours);
+  print("idle service, a second", "sleeping thread", sleeper);
 }
 
 }  // namespace
 }  // namespace mrl
 
-int main() {
-  mrl::showIdleCost();
+int main(int count, char** arguments) {
+  const int rounds = count > 1 ? std::atoi(arguments[1]) : 3;
+  mrl::compareIdle(rounds);
   std::ifstream file("src/remote/page.html", std::ios::binary);
   const std::string page(std::istreambuf_iterator<char>(file), {});
   auto ours = std::make_unique<mrl::OurServer>(page);
@@ -237,8 +233,10 @@ int main() {
   servers.push_back(std::move(ours));
   servers.push_back(std::make_unique<mrl::HttplibServer>(page, state));
   servers.push_back(std::make_unique<mrl::MicrohttpdServer>(page, state));
-  std::printf("page %zu bytes, state %zu bytes\n\n", page.size(), state.size());
   for (const int clients : {1, 8}) {
-    for (const char* target : {"/", "/api/state"}) mrl::compare(servers, target, clients);
+    const std::string to =
+        " to " + std::to_string(clients) + (clients > 1 ? " clients" : " client");
+    mrl::compare(servers, "page" + to, "/", clients, rounds);
+    mrl::compare(servers, "state" + to, "/api/state", clients, rounds);
   }
 }
