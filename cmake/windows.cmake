@@ -70,3 +70,14 @@ add_executable(marlune_settings_bench benchmarks/settings_window_bench_win.cpp
                                       tests/windows/standin_client.cpp tests/windows/top_windows.cpp)
 target_include_directories(marlune_settings_bench PRIVATE tests)
 target_link_libraries(marlune_settings_bench PRIVATE marlune_edges gtest)
+
+# What waiting costs: built and run by tests/idle/measure.
+add_executable(marlune_idle_bare WIN32 EXCLUDE_FROM_ALL tests/idle/bare_win.cpp)
+add_executable(marlune_idle_parts WIN32 EXCLUDE_FROM_ALL tests/idle/parts_win.cpp
+                                                         src/resources/marlune.rc)
+add_executable(marlune_idle_hand EXCLUDE_FROM_ALL tests/idle/hand_win.cpp)
+foreach(target bare parts hand)
+  target_link_options(marlune_idle_${target} PRIVATE -municode)
+endforeach()
+target_link_libraries(marlune_idle_parts PRIVATE marlune_edges)
+target_link_libraries(marlune_idle_hand PRIVATE marlune_edges)
