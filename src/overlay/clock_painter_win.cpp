@@ -65,7 +65,7 @@ bool ClockPainterWin::renderBitmap(const ClockPicture& picture, Size size, int d
   }
   const RECT box{0, 0, size.width, size.height};
   if (FAILED(clockTarget->BindDC(clockBitmap.dc(), &box))) return false;
-  const bool targetIsLost = renderClock(*clockTarget, *fonts, picture, size, dpi);
+  const bool targetIsLost = renderClock(*clockTarget, *fonts, picture, size, dpi, lastText);
   if (targetIsLost) clockTarget.reset();
   return !targetIsLost;
 }
@@ -83,7 +83,7 @@ void ClockPainterWin::paintPreview(HWND window, const ClockPicture& picture) {
   // Draws into the DC of this paint: the preview is inside a WS_EX_COMPOSITED pane.
   const RECT box{0, 0, size.width, size.height};
   if (FAILED(previewTarget->BindDC(paint.dc(), &box))) return;
-  if (renderClock(*previewTarget, *fonts, picture, size, dpi)) previewTarget.reset();
+  if (renderClock(*previewTarget, *fonts, picture, size, dpi, lastText)) previewTarget.reset();
 }
 
 }  // namespace mrl

@@ -34,6 +34,7 @@ class ClockPainterWin {
   // The factories come first so that they are released last.
   ComRef<ID2D1Factory> drawingFactory;
   ComRef<IDWriteFactory> fonts;
+  ComRef<IDWriteTextLayout> lastText;
   ClockBitmap clockBitmap;
   ComRef<ID2D1DCRenderTarget> clockTarget;
   ComRef<ID2D1DCRenderTarget> previewTarget;

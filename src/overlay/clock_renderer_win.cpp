@@ -1,17 +1,19 @@
 // Rendering with Direct2D and DirectWrite: see clock_renderer_win.h.
 #include "overlay/clock_renderer_win.h"
 
-#include "base/com_ref_win.h"
+#include <utility>
+
 #include "base/wide_win.h"
 
 namespace mrl {
 namespace {
 
-/// Measures by laying the text out, and keeps the layout for drawing.
+/// Measures by laying the text out, and keeps the layout for drawing, in the place of the last one.
 class TextLayouter : public TextMeasurer {
  public:
-  TextLayouter(IDWriteFactory& fonts, float width, float height)
-      : fonts(fonts), width(width), height(height) {}
+  TextLayouter(IDWriteFactory& fonts, float width, float height,
+               ComRef<IDWriteTextLayout>& lastText)
+      : fonts(fonts), width(width), height(height), layout(lastText) {}
 
   std::optional<float> widthOf(const ClockText& text) override {
     ComRef<IDWriteTextFormat> format;
@@ -25,12 +27,14 @@ class TextLayouter : public TextMeasurer {
     format->SetTextAlignment(DWRITE_TEXT_ALIGNMENT_CENTER);
     format->SetParagraphAlignment(DWRITE_PARAGRAPH_ALIGNMENT_CENTER);
     const std::wstring wide = wideFrom(text.text);
+    ComRef<IDWriteTextLayout> measured;
     if (FAILED(fonts.CreateTextLayout(wide.data(), static_cast<UINT32>(wide.size()), format.get(),
-                                      width, height, layout.put()))) {
+                                      width, height, measured.put()))) {
       return std::nullopt;
     }
     DWRITE_TEXT_METRICS metrics{};
-    if (FAILED(layout->GetMetrics(&metrics))) return std::nullopt;
+    if (FAILED(measured->GetMetrics(&metrics))) return std::nullopt;
+    layout = std::move(measured);
     return metrics.width;
   }
 
@@ -44,7 +48,7 @@ class TextLayouter : public TextMeasurer {
   IDWriteFactory& fonts;
   float width;
   float height;
-  ComRef<IDWriteTextLayout> layout;
+  ComRef<IDWriteTextLayout>& layout;
 };
 
 D2D1_COLOR_F d2dFrom(const ColourF& colour) {
@@ -71,13 +75,13 @@ void fillShape(ID2D1RenderTarget& target, const ClockDrawing& drawing, ID2D1Brus
 }  // namespace
 
 bool renderClock(ID2D1RenderTarget& target, IDWriteFactory& fonts, const ClockPicture& picture,
-                 Size size, int dpi) {
+                 Size size, int dpi, ComRef<IDWriteTextLayout>& lastText) {
   const auto unitsOf = [dpi](int pixels) {
     return static_cast<float>(pixels) * kUnitsPerInch / static_cast<float>(dpi);
   };
   const float width = unitsOf(size.width);
   const float height = unitsOf(size.height);
-  TextLayouter layouter(fonts, width, height);
+  TextLayouter layouter(fonts, width, height, lastText);
   const ClockDrawing drawing = drawClock(picture, width, height, layouter);
 
   target.SetDpi(static_cast<float>(dpi), static_cast<float>(dpi));

@@ -78,18 +78,19 @@ class ClockRendererTest : public testing::Test {
   ClockPicture picture{.settings = settings, .text = u"15:00"};
   ComRef<ID2D1Factory> factory;
   ComRef<IDWriteFactory> fonts;
+  ComRef<IDWriteTextLayout> lastText;
   ClockBitmap bitmap;
   ComRef<ID2D1DCRenderTarget> target;
 };
 
 TEST_F(ClockRendererTest, TheDigitsHaveNoColouredEdges) {
   target->SetTextAntialiasMode(D2D1_TEXT_ANTIALIAS_MODE_CLEARTYPE);
-  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
+  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144, lastText));
   EXPECT_EQ(target->GetTextAntialiasMode(), D2D1_TEXT_ANTIALIAS_MODE_GRAYSCALE);
 }
 
 TEST_F(ClockRendererTest, TheTargetTakesTheDpiOfThePaint) {
-  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
+  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144, lastText));
   float horizontal = 0;
   float vertical = 0;
   target->GetDpi(&horizontal, &vertical);
@@ -100,16 +101,41 @@ TEST_F(ClockRendererTest, TheTargetTakesTheDpiOfThePaint) {
 TEST_F(ClockRendererTest, ItsCharactersAreChineseOnesWhateverTheSystemSpeaks) {
   // The glyphs of shared characters depend on the language.
   const LanguageNote language(*fonts);
-  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
+  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144, lastText));
   EXPECT_EQ(LanguageNote::noted, L"zh-CN");
 }
 
 TEST_F(ClockRendererTest, UnitsAreScaledByTheDpi) {
   picture.handles = true;
   settings.shape = 0;
-  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144));
+  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144, lastText));
   EXPECT_EQ(bitmap.pixel(11, 11), 0xFFFFFFFFU);  // a handle is 8 units wide
   EXPECT_EQ(bitmap.pixel(12, 12), 0xCC0066CCU);
+}
+
+/// How many others hold the loaded font of that family in bold.
+ULONG holdersOfFont(IDWriteFactory& fonts, const wchar_t* family) {
+  ComRef<IDWriteFontCollection> collection;
+  EXPECT_EQ(fonts.GetSystemFontCollection(collection.put(), FALSE), S_OK);
+  UINT32 index = 0;
+  BOOL exists = FALSE;
+  EXPECT_EQ(collection->FindFamilyName(family, &index, &exists), S_OK);
+  EXPECT_TRUE(exists);
+  ComRef<IDWriteFontFamily> fontFamily;
+  EXPECT_EQ(collection->GetFontFamily(index, fontFamily.put()), S_OK);
+  ComRef<IDWriteFont> font;
+  EXPECT_EQ(fontFamily->GetFirstMatchingFont(DWRITE_FONT_WEIGHT_BOLD, DWRITE_FONT_STRETCH_NORMAL,
+                                             DWRITE_FONT_STYLE_NORMAL, font.put()),
+            S_OK);
+  IDWriteFontFace* face = nullptr;
+  EXPECT_EQ(font->CreateFontFace(&face), S_OK);
+  return face->Release();
+}
+
+TEST_F(ClockRendererTest, TheFontStaysLoadedFromOnePaintToTheNext) {
+  const ULONG before = holdersOfFont(*fonts, L"Arial");
+  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144, lastText));
+  EXPECT_GT(holdersOfFont(*fonts, L"Arial"), before);
 }
 
 }  // namespace
