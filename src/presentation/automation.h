@@ -8,6 +8,8 @@
 #include <variant>
 #include <vector>
 
+#include "presentation/program_windows.h"
+
 namespace mrl {
 
 /// An object that lives in another program. Holding it keeps one reference.
@@ -35,8 +37,10 @@ enum class DispatchKind : uint16_t { Method = 1, Get = 2, MethodOrGet = 3 };
 class Automation {
  public:
   virtual ~Automation() = default;
-  /// The running application of a ProgID; null if it is not registered or not running.
-  [[nodiscard]] virtual AutomationRef running(std::u16string_view progId) = 0;
+  /// The running application of a ProgID; null if it is not registered or not running. `programs`
+  /// is shared by all calls of one search.
+  [[nodiscard]] virtual AutomationRef running(std::u16string_view progId,
+                                              ProgramWindows& programs) = 0;
   /// Starts the application of a ProgID; null on failure.
   [[nodiscard]] virtual AutomationRef start(std::u16string_view progId) = 0;
 

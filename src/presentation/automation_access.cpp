@@ -53,8 +53,9 @@ bool connectApplication(const PresentationAccess& access, AutomationState& autom
   if (invokeMember(access, automation.application, u"Name", DispatchKind::Get, &ignored) >= 0) {
     return true;
   }
+  ProgramWindows programs(access.windows);
   for (const std::u16string_view provider : kProviders) {
-    automation.application = access.automation.running(provider);
+    automation.application = access.automation.running(provider, programs);
     if (automation.application) {
       automation.progId = provider;
       return true;
@@ -89,7 +90,8 @@ WindowHandle showWindowHandle(const PresentationAccess& access, const Automation
   const WindowHandle window{getInt(access, showWindow, u"HWND")};
   if (access.windows.isWindow(window)) return window;
   if (documentPath.empty()) return {};
-  return scanPresentationWindows(access.windows, documentPath).fullScreenWindow;
+  ProgramWindows programs(access.windows);
+  return scanPresentationWindows(programs, documentPath).fullScreenWindow;
 }
 
 AutomationResult goToSlide(const PresentationAccess& access, const AutomationRef& show,

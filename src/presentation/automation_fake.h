@@ -85,7 +85,7 @@ class AutomationFake : public Automation {
     answers[member] = {result, {}};
   }
 
-  AutomationRef running(std::u16string_view progId) override {
+  AutomationRef running(std::u16string_view progId, ProgramWindows& /*programs*/) override {
     note("running " + utf8From(progId));
     return find(progId, &FakeApplication::runs);
   }

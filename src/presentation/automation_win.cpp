@@ -9,7 +9,6 @@
 #include "base/wide_win.h"
 #include "presentation/object_model_win.h"
 #include "presentation/program_windows.h"
-#include "presentation/window_system_win.h"
 
 namespace mrl {
 namespace {
@@ -96,15 +95,14 @@ AutomationRef listedApplication(std::u16string_view progId) {
 
 }  // namespace
 
-AutomationRef AutomationWin::running(std::u16string_view progId) {
+AutomationRef AutomationWin::running(std::u16string_view progId, ProgramWindows& programs) {
   if (AutomationRef listed = listedApplication(progId)) return listed;
   const std::u16string_view otherName = otherProviderOf(progId);
   if (!otherName.empty() && listedApplication(otherName)) return nullptr;  // that name finds it
   // A program running with fewer rights than ours is not listed for us, but its windows can be
   // queried.
-  WindowSystemWin windows;
   ObjectModelSearch search;
-  for (const WindowHandle window : objectModelWindows(windows, progId)) {
+  for (const WindowHandle window : objectModelWindows(programs, progId)) {
     ComRef<IDispatch> object = search.objectOf(window);
     if (!object) continue;
     AutomationValue application;

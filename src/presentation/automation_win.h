@@ -10,7 +10,7 @@ namespace mrl {
 /// this or any object from it lives, and every object passed in came from it.
 class AutomationWin : public Automation {
  public:
-  AutomationRef running(std::u16string_view progId) override;
+  AutomationRef running(std::u16string_view progId, ProgramWindows& programs) override;
   AutomationRef start(std::u16string_view progId) override;
   AutomationResult call(AutomationRef object, std::u16string_view name, DispatchKind kind,
                         AutomationValue* result,

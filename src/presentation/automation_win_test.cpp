@@ -4,7 +4,10 @@
 
 #include <psapi.h>
 
+#include "base/replaced_import_win.h"
 #include "presentation/automation_place_win.inc"
+#include "presentation/show_poll.h"
+#include "settings/files_win.h"
 
 namespace mrl {
 namespace {
@@ -13,20 +16,35 @@ namespace {
 
 TEST_F(AutomationWinTest, ARunningApplicationIsFoundByItsProgId) { EXPECT_TRUE(connect()); }
 
-TEST_F(AutomationWinTest, AnApplicationThatDoesNotRunIsNotFound) {
-  EXPECT_FALSE(automation.running(kProgId));
-}
+TEST_F(AutomationWinTest, AnApplicationThatDoesNotRunIsNotFound) { EXPECT_FALSE(running(kProgId)); }
 
 TEST_F(AutomationWinTest, AProgIdThatIsNotRegisteredIsNotFound) {
   enroll();
-  EXPECT_FALSE(automation.running(u"Marlune.Test.NoSuchApplication"));
-  EXPECT_FALSE(automation.running(u""));
+  EXPECT_FALSE(running(u"Marlune.Test.NoSuchApplication"));
+  EXPECT_FALSE(running(u""));
+}
+
+int looksAtTheDesktop = 0;
+
+BOOL WINAPI countLook(WNDENUMPROC, LPARAM) {
+  ++looksAtTheDesktop;
+  return TRUE;
+}
+
+TEST_F(AutomationWinTest, APollThatFindsNothingLooksAtTheDesktopOnce) {
+  const ReplacedImport<decltype(countLook)> noWindows("EnumWindows", countLook);
+  WindowSystemWin windows;
+  FilesWin files;
+  AutomationState state;
+  looksAtTheDesktop = 0;
+  EXPECT_FALSE(pollShowStatus({automation, windows, files}, state).running);
+  EXPECT_EQ(looksAtTheDesktop, 1);
 }
 
 TEST_F(AutomationWinTest, AnApplicationWithoutDispatchIsNotFound) {
   enroll();
   object.deniesDispatch = true;
-  EXPECT_FALSE(automation.running(kProgId));
+  EXPECT_FALSE(running(kProgId));
 }
 
 TEST_F(AutomationWinTest, AReferenceIsGivenUpWithItsLastCopy) {

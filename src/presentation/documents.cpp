@@ -30,9 +30,10 @@ std::vector<Candidate> runningApplications(const PresentationAccess& access,
                                            const AutomationState& automation) {
   std::vector<Candidate> list;
   if (automation.application) list.push_back({automation.application, automation.progId});
+  ProgramWindows programs(access.windows);
   for (const std::u16string_view provider : kProviders) {
     if (automation.application && provider == automation.progId) continue;
-    const AutomationRef application = access.automation.running(provider);
+    const AutomationRef application = access.automation.running(provider, programs);
     if (application) list.push_back({application, std::u16string(provider)});
   }
   return list;
@@ -178,9 +179,10 @@ bool closeDocument(const PresentationAccess& access, const AutomationState& auto
   const std::u16string target = normalizePath(access.files, path);
   std::vector<AutomationRef> applications;
   if (automation.application) applications.push_back(automation.application);
+  ProgramWindows programs(access.windows);
   for (const std::u16string_view provider : kProviders) {
     // An application may be listed twice; harmless, because the first match ends the search.
-    const AutomationRef application = access.automation.running(provider);
+    const AutomationRef application = access.automation.running(provider, programs);
     if (application) applications.push_back(application);
   }
   for (const AutomationRef& application : applications) {

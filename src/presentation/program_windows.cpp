@@ -48,15 +48,26 @@ std::u16string_view otherProviderOf(std::u16string_view progId) {
   return {};
 }
 
-std::vector<WindowHandle> objectModelWindows(WindowSystem& windows, std::u16string_view progId) {
+const std::vector<ProgramWindows::Row>& ProgramWindows::rows() {
+  if (seen) return *seen;
+  seen.emplace();
+  for (const WindowHandle window : system.topLevelWindows()) {
+    if (!system.isVisible(window)) continue;
+    const std::u16string_view provider = providerOfImage(system.imageName(window));
+    if (!provider.empty()) seen->push_back({window, provider});
+  }
+  return *seen;
+}
+
+std::vector<WindowHandle> objectModelWindows(ProgramWindows& programs, std::u16string_view progId) {
   std::vector<WindowHandle> list;
   if (progId != kPowerPoint && progId != kWps) return list;  // avoids enumerating all windows
-  for (const WindowHandle window : windows.topLevelWindows()) {
-    if (!windows.isVisible(window) || providerOfImage(windows.imageName(window)) != progId)
-      continue;
-    list.push_back(window);
-    for (const WindowHandle inner : windows.windowsInside(window)) {
-      const std::u16string className = windows.className(inner);
+  WindowSystem& desktop = programs.desktop();
+  for (const ProgramWindows::Row& row : programs.rows()) {
+    if (row.provider != progId) continue;
+    list.push_back(row.window);
+    for (const WindowHandle inner : desktop.windowsInside(row.window)) {
+      const std::u16string className = desktop.className(inner);
       if (contains(kInnerClasses, std::u16string_view(className))) list.push_back(inner);
     }
   }

@@ -25,7 +25,8 @@ class ObjectModelWindowsTest : public testing::Test {
   }
   std::vector<int64_t> of(std::u16string_view progId) {
     std::vector<int64_t> handles;
-    for (const WindowHandle window : objectModelWindows(windows, progId)) {
+    ProgramWindows programs(windows);
+    for (const WindowHandle window : objectModelWindows(programs, progId)) {
       handles.push_back(window.value);
     }
     return handles;
@@ -106,6 +107,16 @@ TEST_F(ObjectModelWindowsTest, WindowsThatVanishMeanwhileArePassedOver) {
   addInside(2, u"mdiClass");
   windows.windows.back().queriesLeft = 0;
   EXPECT_EQ(of(u"PowerPoint.Application"), Handles{2});
+}
+
+TEST_F(ObjectModelWindowsTest, OneSearchLooksAtTheDesktopOnceWhateverItAsks) {
+  add(kOffice);
+  add(kWpsImage);
+  ProgramWindows programs(windows);
+  EXPECT_EQ(objectModelWindows(programs, u"PowerPoint.Application").size(), 1U);
+  EXPECT_EQ(objectModelWindows(programs, u"KWPP.Application").size(), 1U);
+  EXPECT_EQ(programs.rows().size(), 2U);
+  EXPECT_EQ(windows.scans, 1);
 }
 
 }  // namespace

@@ -101,7 +101,8 @@ bool sendShowCommand(const PresentationAccess& access, AutomationState& automati
 }
 
 bool sendShowKeys(WindowSystem& windows, std::string_view command) {
-  const WindowScan scan = scanPresentationWindows(windows, u"");
+  ProgramWindows programs(windows);
+  const WindowScan scan = scanPresentationWindows(programs, u"");
   // Keys that move a show are pointless if there is none.
   const bool needsShow = command != "begin" && command != "current" && command != "close";
   if (!scan.fullScreenWindow && needsShow) return false;

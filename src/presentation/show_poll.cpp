@@ -27,10 +27,10 @@ std::vector<std::u16string> candidates(const AutomationState& automation) {
 }
 
 AutomationRef applicationOf(const PresentationAccess& access, const AutomationState& automation,
-                            const std::u16string& candidate) {
+                            ProgramWindows& programs, const std::u16string& candidate) {
   // Not tested here: on a dead reference every call fails and the poll moves on.
   if (candidate == automation.progId && automation.application) return automation.application;
-  return access.automation.running(candidate);
+  return access.automation.running(candidate, programs);
 }
 
 void listDocuments(const PresentationAccess& access, const AutomationState& automation,
@@ -92,9 +92,10 @@ DocumentState stateWithoutShow(const AutomationState& automation, const OpenDocu
 ShowStatus pollShowStatus(const PresentationAccess& access, AutomationState& automation) {
   ShowStatus status;
   OpenDocuments open;
+  ProgramWindows programs(access.windows);
   const AutomationState known = automation;  // a copy: may change during a call
   for (const std::u16string& candidate : candidates(known)) {
-    const AutomationRef application = applicationOf(access, known, candidate);
+    const AutomationRef application = applicationOf(access, known, programs, candidate);
     if (!application) continue;
     listDocuments(access, known, application, candidate, open);
     const AutomationRef show = findShowWindow(access, application, known.expectedDocument);
@@ -106,7 +107,7 @@ ShowStatus pollShowStatus(const PresentationAccess& access, AutomationState& aut
     return status;
   }
 
-  const WindowScan scan = scanPresentationWindows(access.windows, u"");
+  const WindowScan scan = scanPresentationWindows(programs, u"");
   status.presentationsOpen = open.any || scan.found;
   if (scan.fullScreenWindow) {
     status.running = true;

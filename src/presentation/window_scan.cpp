@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "base/char_rules.h"
-#include "presentation/program_windows.h"
 #include "settings/path_rules.h"
 
 namespace mrl {
@@ -54,12 +53,12 @@ bool covers(const Rect& window, const Rect& monitor) {
 
 }  // namespace
 
-WindowScan scanPresentationWindows(WindowSystem& windows, const std::u16string& documentFilter) {
+WindowScan scanPresentationWindows(ProgramWindows& programs, const std::u16string& documentFilter) {
+  WindowSystem& windows = programs.desktop();
   WindowScan scan;
   scan.documentFilter = documentFilter;
-  for (const WindowHandle window : windows.topLevelWindows()) {
-    if (!windows.isVisible(window) || windows.isIconic(window)) continue;
-    if (providerOfImage(windows.imageName(window)).empty()) continue;
+  for (const auto& [window, provider] : programs.rows()) {
+    if (windows.isIconic(window)) continue;
     const std::u16string title = windows.title(window);
     const WindowKind kind = kindOf(title, lowerCopy(windows.className(window)));
     if (kind == WindowKind::Other) continue;

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "base/window_handle.h"
-#include "presentation/window_system.h"
+#include "presentation/program_windows.h"
 
 namespace mrl {
 
@@ -22,6 +22,6 @@ struct WindowScan {
 
 /// UI thread. If `documentFilter` is not empty it is a path: only a show whose title names that
 /// document can become `fullScreenWindow`. Never fails; skips windows that can't be queried.
-WindowScan scanPresentationWindows(WindowSystem& windows, const std::u16string& documentFilter);
+WindowScan scanPresentationWindows(ProgramWindows& programs, const std::u16string& documentFilter);
 
 }  // namespace mrl

@@ -20,7 +20,8 @@ class WindowScanTest : public testing::Test {
   }
   FakeWindow& addShow(const std::u16string& title = u"show") { return add(title, u"screenClass"); }
   WindowScan scan(const std::u16string& filter = u"") {
-    return scanPresentationWindows(windows, filter);
+    ProgramWindows programs(windows);
+    return scanPresentationWindows(programs, filter);
   }
   bool accepts(const std::u16string& title, const std::u16string& className) {
     windows.windows.clear();

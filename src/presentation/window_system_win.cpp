@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <memory>
+
 #include "base/geometry_win.h"
 #include "base/kernel_handle_win.h"
 #include "base/wide_win.h"
@@ -42,11 +44,10 @@ std::u16string WindowSystemWin::imageName(WindowHandle window) {
   DWORD processId = 0;
   GetWindowThreadProcessId(windowFrom(window), &processId);
   const KernelHandle process(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, processId));
-  std::wstring name(kImageNameRoom, L'\0');
+  const auto name = std::make_unique_for_overwrite<wchar_t[]>(kImageNameRoom);
   DWORD length = kImageNameRoom;
-  if (!process || !QueryFullProcessImageNameW(process.get(), 0, name.data(), &length)) return {};
-  name.resize(length);
-  return u16From(name);
+  if (!process || !QueryFullProcessImageNameW(process.get(), 0, name.get(), &length)) return {};
+  return u16From({name.get(), length});
 }
 
 std::u16string WindowSystemWin::title(WindowHandle window) {

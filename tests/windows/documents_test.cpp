@@ -309,7 +309,10 @@ TEST_F(DocumentsSystemTest, ANewShowThatCanNotBeMovedStaysOnItsFirstSlide) {
 TEST_F(DocumentsSystemTest, AnApplicationIsStartedWhenNoneRuns) {
   powerPoint.kill();  // its COM registration remains
   for (const std::u16string_view provider : kProviders) {
-    ASSERT_TRUE(waitUntil([&] { return !automation.running(provider); }));
+    ASSERT_TRUE(waitUntil([&] {
+      ProgramWindows programs(windows);
+      return !automation.running(provider, programs);
+    }));
   }
   const bool opened = open(demo.path, true);
   Client started;

@@ -5,6 +5,7 @@
 #include "base/wide_win.h"
 #include "http/raw_client_win.h"
 #include "presentation/automation_win.h"
+#include "presentation/window_system_win.h"
 #include "windows/program.h"
 #include "windows/standin_fixture.h"
 
@@ -31,7 +32,12 @@ class AutomationReachTest : public testing::Test {
   void start(Client& program, const std::wstring& image, const std::wstring& arguments) {
     ASSERT_TRUE(program.start(image, arguments));
   }
-  AutomationRef powerPoint() { return automation.running(u"PowerPoint.Application"); }
+  AutomationRef running(std::u16string_view progId) {
+    WindowSystemWin windows;
+    ProgramWindows programs(windows);
+    return automation.running(progId, programs);
+  }
+  AutomationRef powerPoint() { return running(u"PowerPoint.Application"); }
   std::u16string nameOf(const AutomationRef& application) {
     AutomationValue name;
     if (application) (void)automation.call(application, u"Name", DispatchKind::Get, &name, {});
@@ -58,17 +64,17 @@ TEST_F(AutomationReachTest, OneThatIsListedIsNotAskedByItsWindows) {
 
 TEST_F(AutomationReachTest, WpsIsFoundByItsFirstNameOnly) {
   start(program, L"wpp.exe", L"--unlisted --deck=C:\\a.dps");
-  EXPECT_FALSE(automation.running(u"WPP.Application"));
+  EXPECT_FALSE(running(u"WPP.Application"));
   EXPECT_FALSE(powerPoint());
   EXPECT_EQ(countOf(kAsked, program), 0);
-  EXPECT_EQ(nameOf(automation.running(u"KWPP.Application")), u"WPS Presentation");
+  EXPECT_EQ(nameOf(running(u"KWPP.Application")), u"WPS Presentation");
 }
 
 TEST_F(AutomationReachTest, ListedUnderItsOtherNameWpsIsNotAskedByItsWindows) {
   start(program, L"wpp.exe", L"--progid=WPP.Application --deck=C:\\a.dps");
-  EXPECT_FALSE(automation.running(u"KWPP.Application"));
+  EXPECT_FALSE(running(u"KWPP.Application"));
   EXPECT_EQ(countOf(kAsked, program), 0);
-  EXPECT_EQ(nameOf(automation.running(u"WPP.Application")), u"WPS Presentation");
+  EXPECT_EQ(nameOf(running(u"WPP.Application")), u"WPS Presentation");
 }
 
 TEST_F(AutomationReachTest, AWindowThatAnswersNothingOrNonsenseLeavesItToTheNext) {
