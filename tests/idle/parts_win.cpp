@@ -31,9 +31,6 @@ UINT_PTR WINAPI startNoTimer(HWND, UINT_PTR, UINT, TIMERPROC) { return 1; }
 HRESULT WINAPI knowNoProgram(LPCOLESTR, CLSID*) { return E_FAIL; }
 BOOL WINAPI findNoWindows(WNDENUMPROC, LPARAM) { return TRUE; }
 BOOL WINAPI invalidateNothing(HWND, const RECT*, BOOL) { return TRUE; }
-BOOL WINAPI showNothing(HWND, HDC, POINT*, SIZE*, HDC, POINT*, COLORREF, BLENDFUNCTION*, DWORD) {
-  return TRUE;
-}
 
 /// What is switched off stays off until the process ends.
 struct Parts {
@@ -41,7 +38,6 @@ struct Parts {
   Replaced<decltype(knowNoProgram)> programs;
   Replaced<decltype(findNoWindows)> windows;
   Replaced<decltype(invalidateNothing)> invalidation;
-  Replaced<decltype(showNothing)> picture;
 
   void switchOff(const std::u16string& part) {
     if (part == u"no-tick") timer = replaced("SetTimer", startNoTimer);
@@ -51,7 +47,6 @@ struct Parts {
     }
     // The first picture is painted all the same: showing the window asks for it.
     if (part == u"no-paint") invalidation = replaced("InvalidateRect", invalidateNothing);
-    if (part == u"no-hand-over") picture = replaced("UpdateLayeredWindow", showNothing);
   }
 };
 
