@@ -81,3 +81,14 @@ foreach(target bare parts hand)
 endforeach()
 target_link_libraries(marlune_idle_parts PRIVATE marlune_edges)
 target_link_libraries(marlune_idle_hand PRIVATE marlune_edges)
+
+# Takes as long as one likes, so ./soak alone builds and runs it.
+file(GLOB SOAK CONFIGURE_DEPENDS tests/soak/*.cpp)
+set(SOAK_SHARED ${SYSTEM_TESTS})
+list(FILTER SOAK_SHARED EXCLUDE REGEX "_test\\.cpp$")
+add_executable(marlune_soak EXCLUDE_FROM_ALL ${SOAK} ${SOAK_SHARED})
+target_include_directories(marlune_soak PRIVATE tests)
+target_link_libraries(marlune_soak PRIVATE marlune_edges gtest ntdll oleacc usp10 version)
+set_target_properties(
+  marlune_soak PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0
+                          RULE_LAUNCH_LINK ${CMAKE_SOURCE_DIR}/cmake/link_tests.sh)

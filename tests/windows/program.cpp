@@ -72,11 +72,16 @@ TemporaryFolder::~TemporaryFolder() {
   std::filesystem::remove_all(folder, ignored);
 }
 
-Program::~Program() {
+Program::~Program() { kill(); }
+
+void Program::kill() {
   if (process == nullptr) return;
   TerminateProcess(process, 0);
   WaitForSingleObject(process, 10'000);
   CloseHandle(process);
+  process = nullptr;
+  // The next one may get the same id, and would count as ready too early.
+  DeleteFileW((root.path() + L"\\ready.txt").c_str());
 }
 
 void Program::prepare(const Settings& settings) const {

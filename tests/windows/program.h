@@ -54,6 +54,7 @@ class Program {
   [[nodiscard]] bool closeSettings() const;
 
   HWND clock() const { return window; }
+  DWORD id() const { return processId; }
   RECT rect() const;
   bool isVisible() const { return IsWindowVisible(window) != FALSE; }
   /// True while the mouse drags the clock or one of its corners.
@@ -70,6 +71,9 @@ class Program {
   void command(int number) const;
   /// Waits for the process to exit; false on time-out.
   [[nodiscard]] bool waitForEnd(DWORD& exitCode);
+  /// Ends the process at once, as a crash does, and waits until it is gone. After that it can be
+  /// started again.
+  void kill();
 
   /// The program's data folder.
   const std::wstring& folder() const { return root.path(); }

@@ -2,7 +2,6 @@
 // samples a few times faster than a real card.
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -12,39 +11,12 @@
 #include "base/wide_win.h"
 #include "windows/program.h"
 #include "windows/standin_client.h"
+#include "windows/tone.h"
 
 namespace mrl {
 namespace {
 
 using standin::waitUntil;
-
-constexpr int kRate = 8000;
-
-/// Size of a 16-bit mono tone.
-constexpr uintmax_t toneBytes(int seconds) { return uintmax_t{kRate} * 2 * seconds; }
-
-void writeTone(const std::wstring& path, int seconds) {
-  std::ofstream file(std::filesystem::path(path), std::ios::binary);
-  const auto put = [&](uint32_t value, int bytes) {
-    for (int i = 0; i < bytes; ++i) file.put(static_cast<char>(value >> (8 * i) & 0xFF));
-  };
-  const auto dataBytes = static_cast<uint32_t>(toneBytes(seconds));
-  file << "RIFF";
-  put(36 + dataBytes, 4);
-  file << "WAVEfmt ";
-  put(16, 4);
-  put(1, 2);
-  put(1, 2);
-  put(kRate, 4);
-  put(kRate * 2, 4);
-  put(2, 2);
-  put(16, 2);
-  file << "data";
-  put(dataBytes, 4);
-  for (int i = 0; i < kRate * seconds; ++i) {
-    put(static_cast<uint32_t>(std::lround(8000 * std::sin(i * 0.3456))), 2);
-  }
-}
 
 class SoundTest : public testing::Test {
  protected:
