@@ -22,7 +22,7 @@ namespace mrl {
 namespace {
 
 constexpr int kWarmUpPaints = 20;  // the first ones create targets and load fonts
-constexpr int kPaints = 500;       // CPU times have a resolution of 10 ms
+constexpr int kPaints = 200;       // CPU times have a resolution of 10 ms
 
 uint64_t nsOf(const FILETIME& time) {
   return ((uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime) * 100;

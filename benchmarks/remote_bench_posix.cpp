@@ -20,7 +20,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kRequestsPerRound = 2000;
+constexpr int kRequestsPerRound = 1000;
 
 /// One figure a round.
 struct Figures {

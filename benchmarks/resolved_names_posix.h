@@ -14,6 +14,7 @@
 
 namespace mrl {
 
+/// Made once: a benchmark is called many times.
 struct BigFolder {
   explicit BigFolder(int files) {
     for (int number = 0; number < files; ++number) {

@@ -24,7 +24,7 @@
 namespace mrl {
 namespace {
 
-constexpr int kOpenings = 5;      // of a round: CPU times have a resolution of 10 ms
+constexpr int kOpenings = 3;      // of a round: CPU times have a resolution of 10 ms
 constexpr DWORD kSettleMs = 150;  // includes what is painted when the loop is idle
 
 uint64_t nsOf(const FILETIME& time) {

@@ -13,24 +13,27 @@ namespace {
 
 constexpr int kFiles = 1'000;
 
-struct Folder : AppFake {
-  Folder() { real.settings.pptFolder = big.place.folder; }
-  BigFolder big{kFiles};
-  App real{platform(big.place.files, audio)};
+BigFolder& decks() {
+  static BigFolder folder(kFiles);
+  return folder;
+}
+
+struct DecksApp : AppFake {
+  DecksApp() { real.settings.pptFolder = decks().place.folder; }
+  App real{platform(decks().place.files, audio)};
 };
 
 void describeFiles(benchmark::State& state) {
-  Folder folder;
-  for (auto _ : state) benchmark::DoNotOptimize(buildStateJson(folder.real));
+  DecksApp fakes;
+  for (auto _ : state) benchmark::DoNotOptimize(buildStateJson(fakes.real));
 }
 BENCHMARK(describeFiles)->Name("state document with 1,000 decks | marlune");
 
 /// Lists the folder, and formats each name as it stands.
 void formatNames(benchmark::State& state) {
-  const BigFolder big(kFiles);
   for (auto _ : state) {
     std::string document;
-    for (const std::string& path : resolvedNames(big)) {
+    for (const std::string& path : resolvedNames(decks())) {
       char row[PATH_MAX];
       std::snprintf(row, sizeof row, "{\"id\":\"%016zx\",\"name\":\"%s\",\"skip\":false},",
                     std::hash<std::string>{}(path), path.c_str() + path.rfind('/') + 1);
