@@ -33,6 +33,16 @@ TEST(LayoutTest, ANarrowWindowKeepsThePaneAtItsSmallestWidth) {
   EXPECT_EQ(rectIn(layout.frame, kContentPane).width(), 600);
 }
 
+TEST(LayoutTest, TheHeadAndTheFootStandAroundThePane) {
+  const std::vector<Placement> frame = layOut({1040, 740}, 96, 0, 0).frame;
+  EXPECT_EQ(rectIn(frame, kModeCombo), (Rect{20, 640, 164, 830}));
+  EXPECT_EQ(rectIn(frame, kTimerLine), (Rect{216, 12, 708, 56}));
+  EXPECT_EQ(rectIn(frame, kToggleButton), (Rect{730, 14, 866, 54}));
+  EXPECT_EQ(rectIn(frame, kResetButton), (Rect{880, 14, 1016, 54}));
+  EXPECT_EQ(rectIn(frame, kStatusText), (Rect{216, 690, 904, 724}));
+  EXPECT_EQ(rectIn(frame, kCloseButton), (Rect{926, 688, 1016, 728}));
+}
+
 TEST(LayoutTest, TheStagesStandSideBySideFromTheWidthOfCardsOf660) {
   EXPECT_EQ(layOut({907, 700}, 96, 2, 0).extent, 908);
   const PageLayout wide = layOut({908, 700}, 96, 2, 500);
