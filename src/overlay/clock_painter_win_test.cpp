@@ -299,5 +299,37 @@ TEST(ClockBitmapTest, ItsEndFreesBitmapAndContext) {
   EXPECT_EQ(GetObjectType(bitmap), 0U);
 }
 
+/// How many others hold the loaded font of that family in bold.
+ULONG holdersOfFont(const wchar_t* family) {
+  ComRef<IDWriteFactory> fonts;
+  EXPECT_EQ(DWriteCreateFactory(DWRITE_FACTORY_TYPE_SHARED, __uuidof(IDWriteFactory),
+                                reinterpret_cast<IUnknown**>(fonts.put())),
+            S_OK);
+  ComRef<IDWriteFontCollection> collection;
+  EXPECT_EQ(fonts->GetSystemFontCollection(collection.put(), FALSE), S_OK);
+  UINT32 index = 0;
+  BOOL exists = FALSE;
+  EXPECT_EQ(collection->FindFamilyName(family, &index, &exists), S_OK);
+  EXPECT_TRUE(exists);
+  ComRef<IDWriteFontFamily> fontFamily;
+  EXPECT_EQ(collection->GetFontFamily(index, fontFamily.put()), S_OK);
+  ComRef<IDWriteFont> font;
+  EXPECT_EQ(fontFamily->GetFirstMatchingFont(DWRITE_FONT_WEIGHT_BOLD, DWRITE_FONT_STRETCH_NORMAL,
+                                             DWRITE_FONT_STYLE_NORMAL, font.put()),
+            S_OK);
+  IDWriteFontFace* face = nullptr;
+  EXPECT_EQ(font->CreateFontFace(&face), S_OK);
+  return face->Release();
+}
+
+TEST_F(ClockPainterTest, TheFontStaysLoadedFromOnePaintToTheNext) {
+  ClockPainterWin own;
+  ASSERT_TRUE(own.createFactories());
+  picture.text = u"15:00";
+  const ULONG before = holdersOfFont(L"Arial");
+  ASSERT_TRUE(own.renderBitmap(picture, kDefaultClockUnits, 96));
+  EXPECT_GT(holdersOfFont(L"Arial"), before);
+}
+
 }  // namespace
 }  // namespace mrl

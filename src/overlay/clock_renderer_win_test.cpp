@@ -113,30 +113,5 @@ TEST_F(ClockRendererTest, UnitsAreScaledByTheDpi) {
   EXPECT_EQ(bitmap.pixel(12, 12), 0xCC0066CCU);
 }
 
-/// How many others hold the loaded font of that family in bold.
-ULONG holdersOfFont(IDWriteFactory& fonts, const wchar_t* family) {
-  ComRef<IDWriteFontCollection> collection;
-  EXPECT_EQ(fonts.GetSystemFontCollection(collection.put(), FALSE), S_OK);
-  UINT32 index = 0;
-  BOOL exists = FALSE;
-  EXPECT_EQ(collection->FindFamilyName(family, &index, &exists), S_OK);
-  EXPECT_TRUE(exists);
-  ComRef<IDWriteFontFamily> fontFamily;
-  EXPECT_EQ(collection->GetFontFamily(index, fontFamily.put()), S_OK);
-  ComRef<IDWriteFont> font;
-  EXPECT_EQ(fontFamily->GetFirstMatchingFont(DWRITE_FONT_WEIGHT_BOLD, DWRITE_FONT_STRETCH_NORMAL,
-                                             DWRITE_FONT_STYLE_NORMAL, font.put()),
-            S_OK);
-  IDWriteFontFace* face = nullptr;
-  EXPECT_EQ(font->CreateFontFace(&face), S_OK);
-  return face->Release();
-}
-
-TEST_F(ClockRendererTest, TheFontStaysLoadedFromOnePaintToTheNext) {
-  const ULONG before = holdersOfFont(*fonts, L"Arial");
-  ASSERT_FALSE(renderClock(*target, *fonts, picture, bitmap.size(), 144, lastText));
-  EXPECT_GT(holdersOfFont(*fonts, L"Arial"), before);
-}
-
 }  // namespace
 }  // namespace mrl
