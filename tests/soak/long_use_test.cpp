@@ -121,7 +121,8 @@ class LongUseTest : public testing::Test {
       return;
     }
     ++fired;
-    const std::string time = timeIn(talksPhone.state());
+    std::string time;
+    EXPECT_TRUE(soon([&] { return !(time = timeIn(talksPhone.state())).empty(); }));
     EXPECT_TRUE(time == "00:00" || time.starts_with("已超时")) << "too early: " << time;
   }
   void save(End end) {
@@ -169,7 +170,6 @@ class LongUseTest : public testing::Test {
     tell(L"clear-log");
     tell(L"open \"" + deck.path + L"\"");
     tell(L"show");
-    EXPECT_TRUE(sees("\"running\":true"));
     // On a busy machine the show may be over by now.
     for (const char* const word : {"next", "previous", "shine"}) (void)talksPhone.command(word);
     expectEnd(end);
