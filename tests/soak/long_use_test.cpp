@@ -81,14 +81,6 @@ class LongUseTest : public testing::Test {
   // --- a talk ---
 
   void tell(const std::wstring& command) { ASSERT_EQ(presentations.command(command), L"ok"); }
-  bool shows(const TemporaryDeck& deck) {
-    const std::wstring name = deck.path.substr(deck.path.find_last_of(L'\\') + 1);
-    const std::wstring state = presentations.command(L"state");
-    const size_t from = state.find(L"deck " + name);
-    if (from == std::wstring::npos) return false;
-    return state.substr(from, state.find(L';', from) - from).find(L"show none") ==
-           std::wstring::npos;
-  }
   template <class Condition>
   static bool soon(Condition&& condition) {
     return waitUntil(
@@ -108,8 +100,8 @@ class LongUseTest : public testing::Test {
   bool hasRunOut(End end) {
     switch (end) {
       case End::Black: return says("\"black\":true");
-      case End::ExitShow: return !shows(deck);
-      case End::NextDeck: return shows(next);
+      case End::ExitShow: return !presentations.shows(deck.path);
+      case End::NextDeck: return presentations.shows(next.path);
     }
     return false;
   }

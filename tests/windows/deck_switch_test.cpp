@@ -37,14 +37,6 @@ class DeckSwitchSystemTest : public testing::Test {
   bool logHas(const std::wstring& words) {
     return presentations.command(L"log").find(words) != std::wstring::npos;
   }
-  bool shows(const TemporaryDeck& deck) {
-    const std::wstring name = deck.path.substr(deck.path.find_last_of(L'\\') + 1);
-    const std::wstring state = presentations.command(L"state");
-    const size_t from = state.find(L"deck " + name);
-    if (from == std::wstring::npos) return false;
-    return state.substr(from, state.find(L';', from) - from).find(L"show none") ==
-           std::wstring::npos;
-  }
   int handlesAsked() {
     const std::wstring log = presentations.command(L"log");
     int count = 0;
@@ -70,10 +62,10 @@ class DeckSwitchSystemTest : public testing::Test {
 
 TEST_F(DeckSwitchSystemTest, TheNextDeckIsPlayedInFrontAndTheClockComesBackAfterIt) {
   runOut(next.path);
-  EXPECT_TRUE(waitUntil([&] { return !shows(talk); })) << "the old show ends";
+  EXPECT_TRUE(waitUntil([&] { return !presentations.shows(talk.path); })) << "the old show ends";
   ASSERT_TRUE(waitUntil([&] { return logHas(L"Presentations.Open("); }));
   EXPECT_GE(GetTickCount64() - exitedAtMs, 300u) << "the old show is given time to go";
-  ASSERT_TRUE(waitUntil([&] { return shows(next); }));
+  ASSERT_TRUE(waitUntil([&] { return presentations.shows(next.path); }));
   EXPECT_TRUE(waitUntil([&] { return !program.isVisible(); })) << "the clock makes room";
 
   const HWND other = CreateWindowExW(0, L"STATIC", L"in the way", WS_OVERLAPPEDWINDOW | WS_VISIBLE,
@@ -91,7 +83,7 @@ TEST_F(DeckSwitchSystemTest, TheNextDeckIsPlayedInFrontAndTheClockComesBackAfter
 
 TEST_F(DeckSwitchSystemTest, TheNextShowIsRaisedFourTimesASecondForTwoSecondsAndThenLeftAlone) {
   runOut(next.path);
-  ASSERT_TRUE(waitUntil([&] { return shows(next); }));
+  ASSERT_TRUE(waitUntil([&] { return presentations.shows(next.path); }));
   // A raise and a poll each read the show's handle once; polls alone do so twice in three seconds.
   EXPECT_TRUE(waitUntil([&] { return handlesAsked() >= 6; }, 3000));
   EXPECT_FALSE(waitUntil([&] { return false; }, 2000)) << "the raises have ended by now";
@@ -111,12 +103,12 @@ TEST_F(DeckSwitchSystemTest, AnOpeningThatIsRejectedLeavesTheClockInSightAndStop
   ASSERT_TRUE(waitUntil([&] { return logHas(L"Presentations.Open("); }));
   EXPECT_TRUE(program.standsStill());
   EXPECT_TRUE(program.isVisible());
-  EXPECT_FALSE(shows(next));
+  EXPECT_FALSE(presentations.shows(next.path));
 }
 
 TEST_F(DeckSwitchSystemTest, AfterANextDeckInTheCloudTheClockStaysAwayUntilAReset) {
   runOut(next.path, L"cloud-fullname on");
-  ASSERT_TRUE(waitUntil([&] { return shows(next); }));
+  ASSERT_TRUE(waitUntil([&] { return presentations.shows(next.path); }));
   ASSERT_TRUE(waitUntil([&] { return !program.isVisible(); }));
   tell(L"exit next.pptx");
   tell(L"close next.pptx");
@@ -130,7 +122,8 @@ TEST_F(DeckSwitchSystemTest, AResetBeforeTheDeckIsOpenedOpensNothing) {
   runOut(next.path);
   program.command(kCommandReset);
   EXPECT_FALSE(waitUntil([&] { return logHas(L"Presentations.Open("); }, 2000));
-  EXPECT_TRUE(waitUntil([&] { return !shows(talk); })) << "the old show had been told to go";
+  EXPECT_TRUE(waitUntil([&] { return !presentations.shows(talk.path); }))
+      << "the old show had been told to go";
   EXPECT_TRUE(program.isVisible());
 }
 

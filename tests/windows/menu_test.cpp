@@ -104,18 +104,14 @@ TEST_F(MenuTest, ItsItemsCanBeRead) {
 }
 
 TEST_F(MenuTest, ItTakesTheForegroundWithoutWhichAClickElsewhereWouldNotCloseIt) {
-  const HWND other = CreateWindowExW(0, L"STATIC", L"in front", WS_POPUP | WS_VISIBLE, 600, 400, 80,
-                                     60, nullptr, nullptr, nullptr, nullptr);
-  bool hasOpened = false;
-  // Retries: the X server may report the new focus late, which closes a menu that is already open.
-  for (int tries = 0; tries < 5 && !hasOpened; ++tries) {
-    SetForegroundWindow(other);
-    ASSERT_TRUE(waitUntil([&] { return GetForegroundWindow() == other; }));
-    PostMessageW(program.clock(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(program.clock()), -1);
-    hasOpened = opens(4000);
-  }
-  ASSERT_TRUE(hasOpened);
-  EXPECT_EQ(GetForegroundWindow(), program.clock());
+  // Invisible: the X server would report its focus late, which closes a menu that is already open.
+  const HWND other = CreateWindowExW(0, L"STATIC", L"in front", WS_POPUP, 600, 400, 80, 60, nullptr,
+                                     nullptr, nullptr, nullptr);
+  SetForegroundWindow(other);
+  ASSERT_EQ(GetForegroundWindow(), other);
+  PostMessageW(program.clock(), WM_CONTEXTMENU, reinterpret_cast<WPARAM>(program.clock()), -1);
+  ASSERT_TRUE(opens());
+  EXPECT_TRUE(waitUntil([&] { return GetForegroundWindow() == program.clock(); }));
   DestroyWindow(other);
 }
 

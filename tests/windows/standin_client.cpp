@@ -88,6 +88,13 @@ std::wstring Client::command(const std::wstring& text) {
   return reply;
 }
 
+bool Client::shows(const std::wstring& path) {
+  const std::wstring state = command(L"state");
+  const size_t from = state.find(L"deck " + path.substr(path.find_last_of(L'\\') + 1));
+  if (from == std::wstring::npos) return false;
+  return state.substr(from, state.find(L';', from) - from).find(L"show none") == std::wstring::npos;
+}
+
 bool Client::answers() const {
   return SendMessageTimeoutW(control, WM_NULL, 0, 0, SMTO_NORMAL, 500, nullptr) != 0;
 }

@@ -27,6 +27,8 @@ class Client {
 
   /// Returns the reply, or "error: no answer" if the stand-in is gone or takes too long.
   std::wstring command(const std::wstring& text);
+  /// Whether a show of the deck at `path` runs.
+  bool shows(const std::wstring& path);
 
   /// Whether it responds within half a second; false while it is inside a call.
   bool answers() const;
