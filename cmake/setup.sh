@@ -161,6 +161,13 @@ REG
   touch "$WINEPREFIX/ready"
 }
 
+# on_processor NUMBER: this shell stays there, with all that it starts. Each call of Wine goes to its
+# server and back, and waking the other side on a second processor takes it three times as long.
+# Where the number is not for us, it goes on wherever it is.
+on_processor() {
+  taskset --cpu-list --pid $(($1 % $(nproc --all))) "$BASHPID" >/dev/null 2>&1 || true
+}
+
 windows_path() { printf 'Z:%s' "${1//\//\\}"; }
 
 # A screen of our own, with a window manager.

@@ -136,8 +136,8 @@ bool SettingsHand::isFocused(int id) const {
   return waitUntil([&] { return focusedId() == id; });
 }
 
-bool SettingsHand::reads(int id, const std::wstring& expected) const {
-  return waitUntil([&] { return text(id) == expected; });
+bool SettingsHand::reads(int id, const std::wstring& expected, DWORD limitMs) const {
+  return waitUntil([&] { return text(id) == expected; }, limitMs);
 }
 
 bool SettingsHand::becomesChecked(int id, bool expected) const {

@@ -56,7 +56,7 @@ class SettingsHand : public SettingsScreen {
   /// Clicks the section in the sidebar and waits for its page.
   void turnTo(int index) const;
   /// Waits until the box contains this.
-  [[nodiscard]] bool reads(int id, const std::wstring& expected) const;
+  [[nodiscard]] bool reads(int id, const std::wstring& expected, DWORD limitMs = 10'000) const;
   [[nodiscard]] bool becomesChecked(int id, bool expected = true) const;
   [[nodiscard]] bool becomesRed(int id, bool expected = true) const;
   /// Top of a control on the page, in pixels; changes with scrolling.
