@@ -24,7 +24,7 @@ tests(marlune_remote_tests)
 
 # What takes long: run under the thread and the address sanitizer only.
 file(GLOB LOAD_TESTS CONFIGURE_DEPENDS tests/load/*.cpp)
-add_executable(marlune_load_tests ${LOAD_TESTS})
+add_executable(marlune_load_tests EXCLUDE_FROM_ALL ${LOAD_TESTS})
 target_link_libraries(marlune_load_tests PRIVATE marlune_fakes marlune_edges GTest::gtest_main)
 
 add_executable(marlune_headless tests/headless/main.cpp tests/headless/headless.cpp)

@@ -19,7 +19,7 @@ readonly kNativePackages=(g++ libgtest-dev libbenchmark-dev libcpp-httplib-dev l
 # shellcheck disable=SC2034
 readonly kPackagePackages=(git zip unzip)
 # shellcheck disable=SC2034
-readonly kPagePackages=(chromium nodejs fonts-liberation fonts-noto-cjk)
+readonly kPagePackages=(chromium-headless-shell nodejs fonts-liberation fonts-noto-cjk)
 
 say() { printf '%s\n' "$*" >&2; }
 

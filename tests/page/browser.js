@@ -12,7 +12,7 @@ export const outputFolder = fileURLToPath(new URL('../../build/page/', import.me
 export async function launch(names = '') {
   await mkdir(outputFolder, { recursive: true });
   return chromium.launch({
-    executablePath: '/usr/bin/chromium',
+    executablePath: '/usr/bin/chromium-headless-shell',
     args: ['--no-sandbox', '--disable-gpu', '--disable-quic', '--no-first-run',
       '--disable-background-networking', '--disable-component-update', '--disable-sync',
       ...(names ? [`--host-resolver-rules=${names}`] : [])],
