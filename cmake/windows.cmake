@@ -67,7 +67,8 @@ target_link_libraries(marlune_paint_bench PRIVATE marlune_edges)
 add_executable(marlune_settings_bench benchmarks/settings_window_bench_win.cpp
                                       benchmarks/bare_settings_win.cpp
                                       tests/windows/host_program.cpp tests/windows/program.cpp
-                                      tests/windows/standin_client.cpp tests/windows/top_windows.cpp)
+                                      tests/windows/standin_client.cpp tests/windows/start_process.cpp
+                                      tests/windows/top_windows.cpp)
 target_include_directories(marlune_settings_bench PRIVATE tests)
 target_link_libraries(marlune_settings_bench PRIVATE marlune_edges gtest)
 

@@ -6,6 +6,7 @@
 
 #include "windows/program.h"
 #include "windows/standin_client.h"
+#include "windows/start_process.h"
 
 namespace mrl {
 namespace {
@@ -26,21 +27,14 @@ std::wstring copyThatCalls(const TemporaryFolder& folder, const std::string& fun
 
 /// Its exit code; a value that no program uses if it doesn't exit.
 DWORD exitCodeOf(const std::wstring& program, const TemporaryFolder& root) {
-  std::wstring line = L"\"" + program + L"\" \"--test-root=" + root.path() + L"\"";
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION started{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &started)) {
-    return STILL_ACTIVE;
-  }
-  WaitForSingleObject(started.hProcess, 10'000);
+  const HANDLE process = startProcess(L"\"" + program + L"\" \"--test-root=" + root.path() + L"\"");
+  if (process == nullptr) return STILL_ACTIVE;
+  WaitForSingleObject(process, 10'000);
   DWORD exitCode = STILL_ACTIVE;
-  GetExitCodeProcess(started.hProcess, &exitCode);
-  TerminateProcess(started.hProcess, 0);
-  WaitForSingleObject(started.hProcess, 10'000);
-  CloseHandle(started.hThread);
-  CloseHandle(started.hProcess);
+  GetExitCodeProcess(process, &exitCode);
+  TerminateProcess(process, 0);
+  WaitForSingleObject(process, 10'000);
+  CloseHandle(process);
   return exitCode;
 }
 

@@ -14,6 +14,7 @@
 #include "settings/settings_file.h"
 #include "windows/host_program.h"
 #include "windows/standin_client.h"
+#include "windows/start_process.h"
 #include "windows/top_windows.h"
 
 namespace mrl {
@@ -95,16 +96,9 @@ void Program::prepareBytes(const std::string& bytes) const {
 }
 
 bool Program::launch(const std::wstring& arguments) {
-  std::wstring line = L"\"" + standin::executableFolder() + L"marlune.exe\" " + arguments;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION started{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &started))
-    return false;
-  CloseHandle(started.hThread);
-  process = started.hProcess;
-  processId = started.dwProcessId;
+  process = startProcess(L"\"" + standin::executableFolder() + L"marlune.exe\" " + arguments);
+  if (process == nullptr) return false;
+  processId = GetProcessId(process);
   return true;
 }
 

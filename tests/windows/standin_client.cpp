@@ -2,6 +2,7 @@
 #include "windows/standin_client.h"
 
 #include "standin/control_window.h"
+#include "windows/start_process.h"
 
 namespace mrl::standin {
 namespace {
@@ -47,16 +48,8 @@ Client::~Client() {
 }
 
 bool Client::start(const std::wstring& image, const std::wstring& arguments) {
-  std::wstring line = L"\"" + executableFolder() + image + L"\" " + arguments;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION started{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &started))
-    return false;
-  CloseHandle(started.hThread);
-  process = started.hProcess;
-  return waitForControl(L"");
+  process = startProcess(L"\"" + executableFolder() + image + L"\" " + arguments);
+  return process != nullptr && waitForControl(L"");
 }
 
 bool Client::attach(const std::wstring& progId) {

@@ -1,5 +1,6 @@
 // The stand-in's faults, and what happens to clients that hold its objects when it goes away.
 #include "windows/standin_fixture.h"
+#include "windows/start_process.h"
 
 namespace mrl::standin {
 namespace {
@@ -278,18 +279,12 @@ TEST_F(StandInStartTest, TwoProgramsRunSideBySide) {
 
 /// Runs the stand-in in a mode that exits by itself; returns the exit code.
 DWORD runToEnd(const std::wstring& arguments) {
-  std::wstring line = L"\"" + executableFolder() + L"powerpnt.exe\" " + arguments;
-  STARTUPINFOW startup{};
-  startup.cb = sizeof startup;
-  PROCESS_INFORMATION started{};
-  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
-                      &started))
-    return ~0u;
+  const HANDLE process = startProcess(L"\"" + executableFolder() + L"powerpnt.exe\" " + arguments);
+  if (process == nullptr) return ~0u;
   DWORD code = STILL_ACTIVE;
-  WaitForSingleObject(started.hProcess, 20'000);
-  GetExitCodeProcess(started.hProcess, &code);
-  CloseHandle(started.hThread);
-  CloseHandle(started.hProcess);
+  WaitForSingleObject(process, 20'000);
+  GetExitCodeProcess(process, &code);
+  CloseHandle(process);
   return code;
 }
 
