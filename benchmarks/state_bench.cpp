@@ -11,10 +11,10 @@
 namespace mrl {
 namespace {
 
-constexpr int kFiles = 1'000;
+constexpr int kDecks = 1'000;
 
 BigFolder& decks() {
-  static BigFolder folder(kFiles);
+  static BigFolder folder(kDecks);
   return folder;
 }
 

@@ -26,6 +26,7 @@ tests(marlune_remote_tests)
 file(GLOB LOAD_TESTS CONFIGURE_DEPENDS tests/load/*.cpp)
 add_executable(marlune_load_tests EXCLUDE_FROM_ALL ${LOAD_TESTS})
 target_link_libraries(marlune_load_tests PRIVATE marlune_fakes marlune_edges GTest::gtest_main)
+set_target_properties(marlune_load_tests PROPERTIES UNITY_BUILD ON)
 
 add_executable(marlune_headless tests/headless/main.cpp tests/headless/headless.cpp)
 target_include_directories(marlune_headless PRIVATE tests)
@@ -35,6 +36,7 @@ find_package(benchmark REQUIRED)
 file(GLOB BENCHMARKS CONFIGURE_DEPENDS benchmarks/*_bench.cpp)
 add_executable(marlune_bench ${BENCHMARKS})
 target_link_libraries(marlune_bench PRIVATE marlune_fakes marlune_edges benchmark::benchmark_main)
+set_target_properties(marlune_bench PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 0)
 
 add_executable(marlune_remote_bench benchmarks/remote_bench_posix.cpp)
 target_link_libraries(marlune_remote_bench PRIVATE marlune_fakes marlune_edges GTest::gtest

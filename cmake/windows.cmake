@@ -71,6 +71,7 @@ add_executable(marlune_settings_bench benchmarks/settings_window_bench_win.cpp
                                       tests/windows/top_windows.cpp)
 target_include_directories(marlune_settings_bench PRIVATE tests)
 target_link_libraries(marlune_settings_bench PRIVATE marlune_edges gtest)
+set_target_properties(marlune_settings_bench PROPERTIES UNITY_BUILD ON)
 
 # What waiting costs: built and run by tests/idle/measure.
 add_executable(marlune_idle_bare WIN32 EXCLUDE_FROM_ALL tests/idle/bare_win.cpp)

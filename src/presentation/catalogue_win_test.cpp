@@ -21,9 +21,9 @@ class CatalogueWinTest : public testing::Test {
   std::u16string folder;  // in its final form
 };
 
-TEST_F(CatalogueWinTest, TenThousandFilesAreListedInOrder) {
+TEST_F(CatalogueWinTest, TwoThousandFilesAreListedInOrder) {
   std::vector<std::u16string> expected;
-  for (int number = 10'000; number < 20'000; ++number) {
+  for (int number = 10'000; number < 12'000; ++number) {
     expected.push_back(folder + u"\\" + decimal(number) + u".pptx");
     ASSERT_TRUE(place.files.create(expected.back()));
   }
