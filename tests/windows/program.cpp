@@ -123,7 +123,10 @@ bool Program::start(const std::wstring& arguments, Opening opening) {
   return true;
 }
 
-HWND Program::settingsWindow() const { return settingsOf(processId); }
+HWND Program::settingsWindow() const {
+  if (!IsWindowVisible(knownSettings)) knownSettings = settingsOf(processId);
+  return knownSettings;
+}
 
 bool Program::closeSettings() const {
   PostMessageW(settingsWindow(), WM_CLOSE, 0, 0);

@@ -97,6 +97,7 @@ class Program {
   HANDLE process = nullptr;
   DWORD processId = 0;
   HWND window = nullptr;
+  mutable HWND knownSettings = nullptr;  // looked for among all windows only once
   mutable Look lastLook;
 };
 

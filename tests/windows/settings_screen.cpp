@@ -17,16 +17,9 @@ using standin::waitUntil;
 
 namespace {
 
-struct ControlSearch {
-  int id;
-  HWND found = nullptr;
-};
-
-BOOL CALLBACK compareId(HWND child, LPARAM parameter) {
-  auto& search = *reinterpret_cast<ControlSearch*>(parameter);
-  // The pane and the system's inner parts of controls don't have ids of ours.
-  if (GetDlgCtrlID(child) == search.id) search.found = child;
-  return search.found == nullptr;
+BOOL CALLBACK addControl(HWND child, LPARAM controls) {
+  reinterpret_cast<std::map<int, HWND>*>(controls)->emplace(GetDlgCtrlID(child), child);
+  return TRUE;
 }
 
 }  // namespace
@@ -81,9 +74,11 @@ int SettingsScreen::settingsWindows() const {
 }
 
 HWND SettingsScreen::control(int id) const {
-  ControlSearch search{id};
-  EnumChildWindows(window(), compareId, reinterpret_cast<LPARAM>(&search));
-  return search.found;
+  const auto known = controls.find(id);
+  if (known != controls.end() && GetDlgCtrlID(known->second) == id) return known->second;
+  controls.clear();
+  EnumChildWindows(window(), addControl, reinterpret_cast<LPARAM>(&controls));
+  return controls[id];
 }
 
 bool SettingsScreen::isVisible(int id) const {

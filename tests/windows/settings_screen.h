@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -75,6 +76,10 @@ class SettingsScreen : public testing::Test {
   void resize(Size outer) const;
 
   Program program;
+
+ private:
+  // As last seen: each walk through them takes Wine hundreds of calls of its server.
+  mutable std::map<int, HWND> controls;
 };
 
 }  // namespace mrl

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 
 namespace mrl::standin {
@@ -49,13 +50,16 @@ class Client {
   std::wstring reply;
 };
 
-/// Dispatches messages until `condition` holds; false on time-out.
+/// Dispatches messages until `condition` holds; false on time-out. The longer it takes, the less
+/// often it looks: each look costs the processor that the awaited program needs.
 template <typename Condition>
 [[nodiscard]] bool waitUntil(Condition&& condition, DWORD limitMs = 10'000) {
-  const ULONGLONG endMs = GetTickCount64() + limitMs;
+  const ULONGLONG startMs = GetTickCount64();
   while (!condition()) {
-    if (GetTickCount64() > endMs) return false;
-    MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_ALLINPUT);
+    const ULONGLONG elapsedMs = GetTickCount64() - startMs;
+    if (elapsedMs > limitMs) return false;
+    const auto pauseMs = static_cast<DWORD>(std::clamp<ULONGLONG>(elapsedMs / 8, 10, 50));
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, pauseMs, QS_ALLINPUT);
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
   }
