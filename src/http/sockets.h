@@ -37,8 +37,8 @@ class SocketSession {
   /// wait to be accepted. Null on failure.
   [[nodiscard]] virtual std::unique_ptr<ListeningSocket> listen(uint32_t address, int32_t port,
                                                                 int backlog) = 0;
-  /// The first of at most kMostListeners sockets that has a peer waiting to be accepted. Null on
-  /// time-out, or if the network failed.
+  /// The first of at most kMostListeners sockets that has a peer waiting to be accepted. Null if
+  /// nobody came in time or the network failed; after a peer has come, one wait may give up early.
   [[nodiscard]] virtual ListeningSocket* wait(
       std::span<const std::unique_ptr<ListeningSocket>> listeners, uint32_t limitMs) = 0;
   /// Null on failure.

@@ -31,12 +31,17 @@ SocketLimit socketLimit(uint32_t ms) {
   return {.tv_sec = ms / 1000, .tv_usec = static_cast<suseconds_t>(ms % 1000 * 1000)};
 }
 
-int pollSockets(pollfd* sockets, size_t count, uint32_t limitMs) {
-  return poll(sockets, count, static_cast<int>(limitMs));
-}
-
 struct Startup {
   explicit operator bool() const { return true; }
+};
+
+struct Arrivals {
+  explicit operator bool() const { return true; }
+  static bool watch(Socket /*listener*/) { return true; }
+  static bool wait(pollfd* sockets, size_t count, uint32_t limitMs) {
+    return poll(sockets, count, static_cast<int>(limitMs)) > 0;
+  }
+  static void release(Socket /*accepted*/) {}
 };
 
 }  // namespace

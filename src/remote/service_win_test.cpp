@@ -109,6 +109,7 @@ TEST(RequestQueueWinTest, WhatWaitsForAnotherThreadIsWokenByTheSet) {
 struct WinsockStory {
   int startupResult = 0;
   int cleanups = 0;
+  int waits = 0;
   WORD version = 0;
   int optionResult = 0;
   std::vector<int> options;
@@ -128,6 +129,14 @@ int WSAAPI setOption(SOCKET /*socket*/, int level, int option, const char* value
   if (size == sizeof number) std::memcpy(&number, value, sizeof number);
   if (level == SOL_SOCKET && number != 0) story.options.push_back(option);
   return story.optionResult;
+}
+
+HANDLE WINAPI noEvent(SECURITY_ATTRIBUTES* /*security*/, BOOL /*manual*/, BOOL /*set*/,
+                      const wchar_t* /*name*/) {
+  return nullptr;
+}
+int WSAAPI watchNothing(SOCKET /*socket*/, WSAEVENT /*event*/, long /*what*/) {
+  return SOCKET_ERROR;
 }
 
 TEST(SocketsWinTest, ASessionAsksForVersion22AndGivesItBackOnce) {
@@ -150,6 +159,37 @@ TEST(SocketsWinTest, WithoutTheLibraryThereIsNoSessionAndNothingToGiveBack) {
   SocketsWin sockets;
   EXPECT_FALSE(sockets.start());
   EXPECT_EQ(story.cleanups, 0);
+}
+
+TEST(SocketsWinTest, WithoutAnEventThereIsNoSession) {
+  const ReplacedImport<decltype(noEvent)> event{"CreateEventW", noEvent};
+  SocketsWin sockets;
+  EXPECT_FALSE(sockets.start());
+}
+
+TEST_F(RealSocketsTest, WhoseListenerCanNotBeWatchedDoesNotListen) {
+  const ReplacedImport<decltype(watchNothing)> watch{"WSAEventSelect", watchNothing};
+  EXPECT_FALSE(session->listen(kLoopback, port(), 1));
+}
+
+/// As the event behaves if both peers have come before the first wait.
+DWORD WINAPI wakeOnce(HANDLE /*event*/, DWORD /*limitMs*/) {
+  return ++story.waits == 1 ? WAIT_OBJECT_0 : WAIT_TIMEOUT;
+}
+
+TEST_F(RealSocketsTest, APeerWhoseEventWasUsedUpByAnotherIsFoundAllTheSame) {
+  std::vector<std::unique_ptr<ListeningSocket>> listeners;
+  listeners.push_back(session->listen(ipv4(127, 0, 0, 2), port(), 1));
+  listeners.push_back(session->listen(kLoopback, port(), 1));
+  const RawClient one(port());
+  const RawClient other(port(), ipv4(127, 0, 0, 2));
+  story = {};
+  const ReplacedImport<decltype(wakeOnce)> wait{"WaitForSingleObject", wakeOnce};
+  for (const auto& listener : listeners) {
+    ASSERT_EQ(session->wait(listeners, 0), listener.get());
+    EXPECT_TRUE(session->accept(*listener, kSoonMs));
+  }
+  EXPECT_EQ(session->wait(listeners, 0), nullptr);
 }
 
 TEST_F(RealSocketsTest, AListenersPlaceIsItsOwnOrItDoesNotListen) {
