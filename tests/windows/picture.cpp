@@ -60,12 +60,14 @@ Picture pictureOf(const RECT& screenRect) {
 }
 
 Picture settledPictureOf(const RECT& screenRect) {
+  constexpr ULONGLONG kStillMs = 100;  // a program that is busy paints late
   Picture last = pictureOf(screenRect);
+  ULONGLONG sinceMs = GetTickCount64();
   (void)standin::waitUntil([&] {
     Picture now = pictureOf(screenRect);
-    const bool same = now == last;
+    if (now != last) sinceMs = GetTickCount64();
     last = std::move(now);
-    return same;
+    return GetTickCount64() - sinceMs >= kStillMs;
   });
   return last;
 }

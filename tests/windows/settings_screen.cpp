@@ -131,8 +131,11 @@ bool SettingsScreen::showsOnly(int index) const {
 }
 
 bool SettingsScreen::openPage(int index) const {
-  click(kFirstSection + index);
-  return waitUntil([&] { return page() == index && showsOnly(index); }, 30'000);
+  const int section = kFirstSection + index;
+  click(section);
+  // The focus tells that the click has arrived, where the page was open before.
+  return waitUntil([&] { return focusedId() == section && page() == index && showsOnly(index); },
+                   30'000);
 }
 
 void SettingsScreen::resize(Size outer) const {
