@@ -15,7 +15,7 @@ using standin::waitUntil;
 
 class DeckSwitchSystemTest : public testing::Test {
  protected:
-  static constexpr int kSeconds = 4;
+  static constexpr int kSeconds = 10;  // the start of all programs must be over by then
 
   void runOut(const std::wstring& next, const std::wstring& fault = L"clear-faults") {
     ASSERT_TRUE(presentations.start(L"powerpnt.exe"));
