@@ -49,7 +49,7 @@ UINT formatOf(ControlKind kind) {
 
 }  // namespace
 
-/// Cached, because each look-up enumerates all windows of the desktop and a picture needs hundreds.
+/// All at once: a picture needs hundreds, and asks nothing more of the program meanwhile.
 SettingsPicture::Handles SettingsPicture::handlesNow() const {
   Handles now;
   now.window = window();
