@@ -110,6 +110,9 @@ ensure_page_modules() {
   # Some builds of Node.js bring npm along and exclude Debian's package of it.
   command -v npm >/dev/null || ensure_packages npm
   say "Fetching the modules of the page's tests"
+  # By itself Node.js trusts no certificate that was added to this machine, such as a proxy's.
+  [[ ! -e /etc/ssl/certs/ca-certificates.crt ]] ||
+    export NODE_EXTRA_CA_CERTS="${NODE_EXTRA_CA_CERTS:-/etc/ssl/certs/ca-certificates.crt}"
   logged npm "check the network and that npm can reach its registry" \
     npm ci --prefix "$folder" --ignore-scripts --no-audit --no-fund
   touch "$folder/node_modules/.package-lock.json"
