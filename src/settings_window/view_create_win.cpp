@@ -125,7 +125,7 @@ bool SettingsViewWin::create(const Rect& rect) {
 
 bool SettingsViewWin::createControl(const Control& row) {
   const SystemControl kind = systemControl(row);
-  DWORD style = WS_CHILD | WS_VISIBLE | kind.style;
+  DWORD style = WS_CHILD | kind.style;  // the layout shows those of the page
   if (isInteractive(row.kind)) style |= WS_TABSTOP;
   if (row.startsGroup) style |= WS_GROUP;
   HWND parent = isOnPane(row) ? control(kContentPane) : window;
@@ -145,11 +145,14 @@ bool SettingsViewWin::createControl(const Control& row) {
 }
 
 void SettingsViewWin::adorn(HWND made, const Control& row) const {
-  if (isInteractive(row.kind) && row.kind != ControlKind::Tabs) {
+  const bool isOurs = isInteractive(row.kind) && row.kind != ControlKind::Tabs;
+  if (isEditBox(row.kind)) {
+    stripEdit(made);
+  } else if (isOurs) {
     SetWindowTheme(made, L"Explorer", nullptr);
-    adoptControl(made, look);
   }
-  if (isEditBox(row.kind)) stripEdit(made);
+  // Only now, so as not to look at each message about the theme and the style.
+  if (isOurs) adoptControl(made, look);
   if (row.kind == ControlKind::List) adoptFileList(made, look);
   if (row.cue) {
     SendMessageW(made, EM_SETCUEBANNER, FALSE, reinterpret_cast<LPARAM>(wideFrom(row.cue).c_str()));
