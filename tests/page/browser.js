@@ -33,7 +33,7 @@ export async function visit(browser, origin, {
     viewport: { width, height }, locale: 'zh-CN', baseURL: origin, ...options,
   });
   const page = await context.newPage();
-  page.setDefaultTimeout(15_000);
+  page.setDefaultTimeout(30_000);
   page.said = [];
   page.asked = [];
   page.on('console', (message) => {
@@ -66,7 +66,7 @@ after(async () => (await shared)?.close());
  * permits the browser's own console messages about failed requests; the rest is passed to `visit`.
  */
 export function pageTest(name, { prepare, complaints = false, waits = true, ...options }, body) {
-  test(name, { timeout: 30_000 }, async () => {
+  test(name, { timeout: 90_000 }, async () => {
     const service = await new ServiceFake().start();
     prepare?.(service);
     const page = await visit(await sharedBrowser(), service.origin, options);
@@ -87,7 +87,7 @@ export async function shows(page, selector, text) {
 }
 
 /** Repeats `attempt` until it no longer throws; on time-out throws its last error. */
-export async function until(attempt, limitMs = 10_000) {
+export async function until(attempt, limitMs = 30_000) {
   const end = Date.now() + limitMs;
   for (;;) {
     try {
