@@ -194,13 +194,8 @@ void SettingsHand::retype(int id, std::wstring_view text) const {
 }
 
 void SettingsHand::choose(int id, int row) const {
-  const auto isDropped = [&] { return ask(control(id), CB_GETDROPPEDSTATE) != 0; };
-  // On a busy machine Wine loses the first click on a combo now and then; why is not known.
-  for (int clicks = 0; clicks < 3 && !isDropped(); ++clicks) {
-    press(id);
-    (void)waitUntil(isDropped, 3000);
-  }
-  ASSERT_TRUE(isDropped());
+  press(id);
+  ASSERT_TRUE(waitUntil([&] { return ask(control(id), CB_GETDROPPEDSTATE) != 0; }));
   const HWND list = droppedList(window());
   RECT rows{};
   ASSERT_TRUE(GetWindowRect(list, &rows));

@@ -45,9 +45,15 @@ std::wstring textOf(HWND window) {
   return text;
 }
 
-Rect placeInParent(HWND window) {
+RECT restingPlaceOf(HWND window) {
+  ask(window, WM_NULL);
   RECT rect{};
   GetWindowRect(window, &rect);
+  return rect;
+}
+
+Rect placeInParent(HWND window) {
+  RECT rect = restingPlaceOf(window);
   MapWindowPoints(nullptr, GetParent(window), reinterpret_cast<POINT*>(&rect), 2);
   return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
           static_cast<int>(rect.bottom)};
@@ -118,8 +124,7 @@ Size SettingsScreen::clientSize() const {
 }
 
 POINT SettingsScreen::middleOf(int id) const {
-  RECT rect{};
-  GetWindowRect(control(id), &rect);
+  const RECT rect = restingPlaceOf(control(id));
   return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
 }
 

@@ -21,7 +21,10 @@ namespace mrl {
 /// an edit box's text directly.
 std::wstring classOf(HWND window);
 std::wstring textOf(HWND window);
-/// In client pixels of the parent.
+/// On the screen, once the program has done what it is at: while a page is laid out, Wine makes each
+/// combo as tall as its list for a moment.
+RECT restingPlaceOf(HWND window);
+/// The same, in client pixels of the parent.
 Rect placeInParent(HWND window);
 /// Sends a message to a window of any process; 0 if it doesn't respond.
 LRESULT ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
