@@ -32,7 +32,7 @@ class SettingsDialogsTest : public SettingsHand {
                           30'000));
   }
   bool isGone() const {
-    return waitUntil([&] { return dialog() == nullptr; });
+    return waitUntil([&] { return dialog() == nullptr && GetForegroundWindow() == window(); });
   }
   /// Whether any control of the dialog shows it.
   bool offers(const std::wstring& text) const {

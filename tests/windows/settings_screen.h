@@ -21,8 +21,8 @@ namespace mrl {
 /// an edit box's text directly.
 std::wstring classOf(HWND window);
 std::wstring textOf(HWND window);
-/// On the screen, once the program has done what it is at: while a page is laid out, Wine makes each
-/// combo as tall as its list for a moment.
+/// On the screen, once the program has done what it is at: while a page is laid out, Wine makes
+/// each combo as tall as its list for a moment.
 RECT restingPlaceOf(HWND window);
 /// The same, in client pixels of the parent.
 Rect placeInParent(HWND window);
